@@ -1,0 +1,5 @@
+#include "session/Avvio.h"
+
+int main(int argc, char* argv[]) {
+    return AvviaTabellion(argc, argv);
+}

@@ -1,0 +1,199 @@
+#include "Piattaforma.h"
+
+#include "Sessione.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QUrl>
+
+namespace {
+
+Piattaforma* pAltra = nullptr;
+
+QWidget* Proprietario() {
+    if (QWidget* modale = QApplication::activeModalWidget()) {
+        return modale;
+    }
+    return QApplication::activeWindow();
+}
+
+QMessageBox::StandardButton Standard(Risposta risposta) {
+    switch (risposta) {
+    case Risposta::Ok:
+        return QMessageBox::Ok;
+    case Risposta::Annulla:
+        return QMessageBox::Cancel;
+    case Risposta::Si:
+        return QMessageBox::Yes;
+    case Risposta::No:
+        return QMessageBox::No;
+    case Risposta::Riprova:
+        return QMessageBox::Retry;
+    case Risposta::Nessuna:
+        break;
+    }
+    return QMessageBox::NoButton;
+}
+
+QList<Risposta> RisposteDi(Pulsanti pulsanti) {
+    switch (pulsanti) {
+    case Pulsanti::Ok:
+        return {Risposta::Ok};
+    case Pulsanti::OkAnnulla:
+        return {Risposta::Ok, Risposta::Annulla};
+    case Pulsanti::SiNo:
+        return {Risposta::Si, Risposta::No};
+    case Pulsanti::SiNoAnnulla:
+        return {Risposta::Si, Risposta::No, Risposta::Annulla};
+    case Pulsanti::RiprovaAnnulla:
+        return {Risposta::Riprova, Risposta::Annulla};
+    }
+    return {Risposta::Ok};
+}
+
+QString Didascalia(Risposta risposta) {
+    switch (risposta) {
+    case Risposta::Ok:
+        return QStringLiteral("OK");
+    case Risposta::Annulla:
+        return QStringLiteral("Annulla");
+    case Risposta::Si:
+        return QStringLiteral("&Sì");
+    case Risposta::No:
+        return QStringLiteral("&No");
+    case Risposta::Riprova:
+        return QStringLiteral("&Riprova");
+    case Risposta::Nessuna:
+        break;
+    }
+    return QString();
+}
+
+QMessageBox::Icon IconaQt(Icona icona) {
+    switch (icona) {
+    case Icona::Critica:
+        return QMessageBox::Critical;
+    case Icona::Domanda:
+        return QMessageBox::Question;
+    case Icona::Esclamazione:
+        return QMessageBox::Warning;
+    case Icona::Informazione:
+        return QMessageBox::Information;
+    case Icona::Nessuna:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+} // namespace
+
+Piattaforma& piattaforma() {
+    static PiattaformaQt reale;
+    return pAltra ? *pAltra : reale;
+}
+
+void ImpostaPiattaforma(Piattaforma* altra) {
+    pAltra = altra;
+}
+
+Risposta MsgBox(const QString& sTesto, Pulsanti pulsanti, Icona icona, const QString& sTitolo,
+                Risposta predefinita) {
+    Messaggio messaggio;
+    messaggio.sTitolo = sTitolo.isEmpty() ? Sessione::TitoloProgramma : sTitolo;
+    messaggio.sTesto = sTesto;
+    messaggio.icona = icona;
+    messaggio.pulsanti = pulsanti;
+    messaggio.predefinita = predefinita;
+    return piattaforma().MostraMessaggio(messaggio);
+}
+
+Risposta PiattaformaQt::MostraMessaggio(const Messaggio& messaggio) {
+    QMessageBox box(Proprietario());
+    box.setWindowTitle(messaggio.sTitolo);
+    // Boxes keep the text as written: CR LF pairs are line breaks.
+    QString testo = messaggio.sTesto;
+    testo.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(testo);
+    box.setIcon(IconaQt(messaggio.icona));
+    const QList<Risposta> risposte = RisposteDi(messaggio.pulsanti);
+    QAbstractButton* predefinito = nullptr;
+    QAbstractButton* fuga = nullptr;
+    for (const Risposta risposta : risposte) {
+        QPushButton* pulsante = box.addButton(Standard(risposta));
+        pulsante->setText(Didascalia(risposta));
+        if (risposta == messaggio.predefinita) {
+            predefinito = pulsante;
+        }
+        if (risposta == Risposta::Annulla ||
+            (risposta == Risposta::No && messaggio.pulsanti == Pulsanti::SiNo)) {
+            fuga = pulsante;
+        }
+    }
+    if (predefinito == nullptr) {
+        predefinito = box.button(Standard(risposte.front()));
+    }
+    box.setDefaultButton(qobject_cast<QPushButton*>(predefinito));
+    if (fuga != nullptr) {
+        box.setEscapeButton(fuga);
+    } else if (risposte.size() == 1) {
+        box.setEscapeButton(predefinito);
+    }
+    box.exec();
+    QAbstractButton* premuto = box.clickedButton();
+    for (const Risposta risposta : risposte) {
+        if (premuto != nullptr && premuto == box.button(Standard(risposta))) {
+            return risposta;
+        }
+    }
+    return risposte.contains(Risposta::Annulla) ? Risposta::Annulla : risposte.back();
+}
+
+QString PiattaformaQt::ScegliFile(const SceltaFile& scelta) {
+    if (scelta.bSalva) {
+        return QFileDialog::getSaveFileName(Proprietario(), scelta.sTitolo, scelta.sCartella,
+                                            scelta.sFiltro);
+    }
+    return QFileDialog::getOpenFileName(Proprietario(), scelta.sTitolo, scelta.sCartella,
+                                        scelta.sFiltro);
+}
+
+QString PiattaformaQt::ScegliCartella(const QString& sTitolo, const QString& sCartella) {
+    return QFileDialog::getExistingDirectory(Proprietario(), sTitolo, sCartella);
+}
+
+int PiattaformaQt::SceltaMenu(const QStringList& voci, const QPoint& posizione) {
+    QMenu menu(Proprietario());
+    QList<QAction*> azioni;
+    for (const QString& voce : voci) {
+        azioni.append(menu.addAction(voce));
+    }
+    QAction* scelta = menu.exec(posizione);
+    const int indice = static_cast<int>(azioni.indexOf(scelta));
+    return indice < 0 ? 0 : indice + 1;
+}
+
+void PiattaformaQt::ApriGuida(const QString& sPercorso) {
+    QDesktopServices::openUrl(QUrl::fromLocalFile(sPercorso));
+}
+
+qint64 PiattaformaQt::AvviaProcesso(const QString& sProgramma, const QStringList& argomenti) {
+    qint64 pid = 0;
+    if (!QProcess::startDetached(sProgramma, argomenti, QString(), &pid)) {
+        return 0;
+    }
+    return pid;
+}
+
+void PiattaformaQt::TerminaProcesso() {
+    const QWidgetList finestre = QApplication::topLevelWidgets();
+    for (QWidget* finestra : finestre) {
+        finestra->close();
+    }
+    QCoreApplication::exit(0);
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+// The main form: a frame in which every window of the program opens, with the menus, the rule
+// that one main child window is open at a time, and the help books.
+
+#include <QMainWindow>
+#include <QStringList>
+#include <functional>
+
+class QAction;
+class QMdiArea;
+class QMdiSubWindow;
+class QMenu;
+
+class PrimoMDI : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit PrimoMDI(QWidget* parent = nullptr);
+    ~PrimoMDI() override;
+
+    // Closes every main child window of the list, without a word, and clears its open flag.
+    void Scarica();
+
+    QMdiArea* Area() const { return mdiArea; }
+    // The path of help book n (1 to 6), as Menu.txt gives it.
+    QString PercorsoGuida(int n) const;
+
+    // How the windows that the menu entries open are made: the window of each subsystem
+    // registers itself by its name. An entry whose window is not registered opens nothing.
+    using Fabbrica = std::function<QWidget*(PrimoMDI*)>;
+    static void RegistraFinestra(const QString& sNome, Fabbrica fabbrica);
+    static void RimuoviFinestra(const QString& sNome);
+
+    // The one main form of the process, while it lives.
+    static PrimoMDI* Istanza();
+
+    // Shows a widget as a child window of the frame.
+    QMdiSubWindow* MostraFiglia(QWidget* finestra);
+
+protected:
+    void showEvent(QShowEvent* evento) override;
+    void changeEvent(QEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
+
+private Q_SLOTS:
+    void Form_Activate();
+    void mnuAggiorna_Click();
+    void mnuFine_Click();
+
+private:
+    struct VoceFiglia;
+    void CreaMenu();
+    QAction* Voce(QMenu* menu, const char* nome, const QString& sDidascalia);
+    QAction* VoceBarra(const char* nome, const QString& sDidascalia);
+    void ApriFiglia(const VoceFiglia& voce);
+    void ApriModale(const QString& sNome);
+    void LeggiParam();
+    void LeggiMenu();
+    void Guida(int n);
+
+    QMdiArea* mdiArea;
+    bool bPrimaAttivazione = true;
+    QStringList asGuide;
+    qint64 lProcessoAggiornamento = 0;
+};

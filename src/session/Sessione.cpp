@@ -1,0 +1,89 @@
+#include "Sessione.h"
+
+#include "store/Connessione.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+namespace Sessione {
+
+namespace {
+QString sCartella;
+}
+
+void Azzera() {
+    if (cnn) {
+        cnn->Chiudi();
+    }
+    cnn.reset();
+    sConnessione.clear();
+    bIstituto = false;
+    sServer.clear();
+    sDatabase.clear();
+    sUtente.clear();
+    sPassword.clear();
+    sVersioneApp.clear();
+    dValore = 0.0;
+    sParam01.clear();
+    sParam03.clear();
+    sParam04.clear();
+    sParam05.clear();
+    sParam07.clear();
+    sParam09.clear();
+    sParam12.clear();
+    lIdComplesso = 0;
+    sDenomComplesso.clear();
+    lIdInventario = 0;
+    sDenomInventario.clear();
+    lIdDatoInventariale = 0;
+    lIdPergamena = 0;
+    lIdSoggetto = 0;
+    sDenomSoggetto.clear();
+    sTipoLink.clear();
+    lIdElementoLink = 0;
+    sDenomElementoLink.clear();
+    lIdAltreDen = 0;
+    sTipoAltreDen.clear();
+    lIdVersamento = 0;
+    lIdRigaVersamento = 0;
+    lModoStrutturaPG = 0;
+    aSelSoggetti.clear();
+    aSelAntroponimi.clear();
+    aSelToponimi.clear();
+    aSelTitolari.clear();
+    iEsitoLinkSogg = 0;
+    iEsitoLinkCD = 0;
+    iEsitoLinkInv = 0;
+    iChiamanteInv = 0;
+    iChiamanteAntroponimi = 0;
+    iChiamanteToponimi = 0;
+    iTipoSogg = 0;
+    lIdElemLinkInv = 0;
+    sCartellaExport.clear();
+    sCartellaImport.clear();
+    bFrmStrutturaCDAperto = false;
+    bFrmStrutturaINAperto = false;
+    bFrmSoggettiAperto = false;
+    bFrmRegistroPCAperto = false;
+    bFrmAntroponimiAperto = false;
+    bFrmToponimiAperto = false;
+    bFrmTitolariAperto = false;
+    bFrmECComplessiDocAperto = false;
+    bFrmECSoggettiAperto = false;
+    sCartella.clear();
+}
+
+QString CartellaProgramma() {
+    if (sCartella.isEmpty()) {
+        const QString daAmbiente = qEnvironmentVariable("TABELLION_CARTELLA");
+        sCartella = daAmbiente.isEmpty() ? QCoreApplication::applicationDirPath()
+                                         : QDir(daAmbiente).absolutePath();
+    }
+    return sCartella;
+}
+
+QString FileProgramma(const QString& nome) {
+    return QDir(CartellaProgramma()).filePath(nome);
+}
+
+} // namespace Sessione

@@ -1,0 +1,88 @@
+#pragma once
+
+// The session values: process-wide, one session per process, named as the program names them.
+// A window that opens a dialog fills the values the dialog reads; the dialog leaves its outcome
+// here. Nothing clears them afterwards, except Sessione::Azzera() (used by tests).
+
+#include <QString>
+#include <QVector>
+#include <memory>
+
+class Connessione;
+
+namespace Sessione {
+
+inline std::shared_ptr<Connessione> cnn; // the one connection of the session
+inline QString sConnessione;             // head of the connection string, then the whole string
+inline bool bIstituto = false;           // the site is of kind "I"
+inline QString sServer;
+inline QString sDatabase;
+inline QString sUtente;
+inline QString sPassword;
+inline QString sVersioneApp;
+inline double dValore = 0.0;
+
+inline QString sParam01; // base folder of the images
+inline QString sParam03; // parameter of the backup procedure
+inline QString sParam04; // root folder offered for the export folder
+inline QString sParam05; // root folder offered for the import folder
+inline QString sParam07; // parameter of the web index procedure
+inline QString sParam09; // base folder of the exported tables
+inline QString sParam12; // value used by the MAG import
+
+inline long lIdComplesso = 0;
+inline QString sDenomComplesso;
+inline long lIdInventario = 0;
+inline QString sDenomInventario;
+inline long lIdDatoInventariale = 0;
+inline long lIdPergamena = 0;
+inline long lIdSoggetto = 0;
+inline QString sDenomSoggetto;
+inline QString sTipoLink;
+inline long lIdElementoLink = 0;
+inline QString sDenomElementoLink;
+inline long lIdAltreDen = 0;
+inline QString sTipoAltreDen;
+inline long lIdVersamento = 0;
+inline long lIdRigaVersamento = 0;
+inline long lModoStrutturaPG = 0;
+inline QVector<long> aSelSoggetti;
+inline QVector<long> aSelAntroponimi;
+inline QVector<long> aSelToponimi;
+inline QVector<long> aSelTitolari;
+inline int iEsitoLinkSogg = 0;
+inline int iEsitoLinkCD = 0;
+inline int iEsitoLinkInv = 0;
+inline int iChiamanteInv = 0;
+inline int iChiamanteAntroponimi = 0;
+inline int iChiamanteToponimi = 0;
+inline unsigned char iTipoSogg = 0;
+inline long lIdElemLinkInv = 0;
+inline QString sCartellaExport;
+inline QString sCartellaImport;
+
+inline bool bFrmStrutturaCDAperto = false;
+inline bool bFrmStrutturaINAperto = false;
+inline bool bFrmSoggettiAperto = false;
+inline bool bFrmRegistroPCAperto = false;
+inline bool bFrmAntroponimiAperto = false;
+inline bool bFrmToponimiAperto = false;
+inline bool bFrmTitolariAperto = false;
+inline bool bFrmECComplessiDocAperto = false;
+inline bool bFrmECSoggettiAperto = false;
+
+// The application's version: a constant of the program.
+inline const QString VersioneApplicazione = QStringLiteral("3.2");
+// The title of the boxes that name the program.
+inline const QString TitoloProgramma = QStringLiteral("Tabellion Archivista");
+
+// Every value back to its state at process start; the connection is closed.
+void Azzera();
+
+// The program folder: TABELLION_CARTELLA if set, else the executable's own folder. Resolved
+// once, at the first call after start or after Azzera().
+QString CartellaProgramma();
+// A file of the program folder.
+QString FileProgramma(const QString& nome);
+
+} // namespace Sessione

@@ -1,0 +1,27 @@
+#include "Backend.h"
+
+#include "BackendPostgreSQL.h"
+#include "BackendSQLite.h"
+
+QString Backend::Identificatore(const QString& sNome) const {
+    QString doppio = sNome;
+    doppio.replace(QStringLiteral("\""), QStringLiteral("\"\""));
+    return QLatin1Char('"') + doppio + QLatin1Char('"');
+}
+
+const Backend* Backend::PerProvider(const QString& sProvider) {
+    static const BackendSQLite sqlite;
+    static const BackendPostgreSQL postgresql;
+    const QString nome = sProvider.trimmed();
+    for (const Backend* backend :
+         {static_cast<const Backend*>(&sqlite), static_cast<const Backend*>(&postgresql)}) {
+        if (nome.compare(backend->Provider(), Qt::CaseInsensitive) == 0) {
+            return backend;
+        }
+    }
+    return nullptr;
+}
+
+QStringList Backend::ProviderNoti() {
+    return {QStringLiteral("QSQLITE"), QStringLiteral("QPSQL")};
+}

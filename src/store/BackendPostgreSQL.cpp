@@ -1,0 +1,118 @@
+#include "BackendPostgreSQL.h"
+
+#include "StringaConnessione.h"
+#include "session/Errore.h"
+
+#include <QAtomicInt>
+#include <QSqlError>
+#include <QSqlQuery>
+
+namespace {
+
+const QString Sorgente = QStringLiteral("PostgreSQL");
+
+QString NomeTemporaneo() {
+    static QAtomicInt contatore;
+    return QStringLiteral("tabellion-servizio-%1").arg(contatore.fetchAndAddRelaxed(1));
+}
+
+} // namespace
+
+QSqlDatabase BackendPostgreSQL::Prepara(const StringaConnessione& stringa, const QString& sDatabase,
+                                        const QString& sNomeConnessione) const {
+    if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QPSQL"))) {
+        throw Errore(Sorgente, QStringLiteral("Il driver PostgreSQL di Qt non è installato "
+                                              "(pacchetto libqt6sql6-psql)."));
+    }
+    QString host = stringa.Valore(QStringLiteral("Data Source"));
+    QString porta = stringa.Valore(QStringLiteral("Port"));
+    // "host:port"; an address in brackets may hold colons of its own.
+    const qsizetype duePunti = host.lastIndexOf(u':');
+    if (duePunti > 0 && !host.endsWith(u']') && host.count(u':') == 1) {
+        porta = host.mid(duePunti + 1);
+        host = host.left(duePunti);
+    }
+    if (host.startsWith(u'[') && host.endsWith(u']')) {
+        host = host.mid(1, host.size() - 2);
+    }
+    if (host.isEmpty()) {
+        host = QStringLiteral("localhost");
+    }
+    bool portaValida = true;
+    const int numeroPorta = porta.isEmpty() ? 5432 : porta.toInt(&portaValida);
+    if (!portaValida || numeroPorta <= 0 || numeroPorta > 65535) {
+        throw Errore(Sorgente, QStringLiteral("Porta del server non valida: \"%1\".").arg(porta));
+    }
+    if (sDatabase.isEmpty()) {
+        throw Errore(Sorgente, QStringLiteral("Nessun database indicato (Initial Catalog)."));
+    }
+    QString attesa = stringa.Valore(QStringLiteral("Connect Timeout"));
+    if (attesa.isEmpty()) {
+        attesa = QStringLiteral("15");
+    }
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), sNomeConnessione);
+    db.setHostName(host);
+    db.setPort(numeroPorta);
+    db.setDatabaseName(sDatabase);
+    db.setUserName(stringa.Valore(QStringLiteral("User ID")));
+    db.setPassword(stringa.Valore(QStringLiteral("Password")));
+    db.setConnectOptions(QStringLiteral("connect_timeout=%1;application_name=tabellion")
+                             .arg(attesa.toInt() > 0 ? attesa.toInt() : 15));
+    return db;
+}
+
+QSqlDatabase BackendPostgreSQL::Apri(const StringaConnessione& stringa,
+                                     const QString& sNomeConnessione) const {
+    QSqlDatabase db =
+        Prepara(stringa, stringa.Valore(QStringLiteral("Initial Catalog")), sNomeConnessione);
+    if (!db.open()) {
+        QString causa = db.lastError().databaseText().trimmed();
+        if (causa.isEmpty()) {
+            causa = db.lastError().text();
+        }
+        db = QSqlDatabase();
+        QSqlDatabase::removeDatabase(sNomeConnessione);
+        throw Errore(Sorgente, causa);
+    }
+    QSqlQuery impostazioni(db);
+    impostazioni.exec(QStringLiteral("SET client_encoding TO 'UTF8'"));
+    return db;
+}
+
+void BackendPostgreSQL::EseguiSuServer(const StringaConnessione& stringa,
+                                       const QString& sComando) const {
+    const QString nome = NomeTemporaneo();
+    {
+        QSqlDatabase db = Prepara(stringa, QStringLiteral("postgres"), nome);
+        if (!db.open()) {
+            const QString causa = db.lastError().text();
+            db = QSqlDatabase();
+            QSqlDatabase::removeDatabase(nome);
+            throw Errore(Sorgente, causa);
+        }
+        QSqlQuery comando(db);
+        if (!comando.exec(sComando)) {
+            const QString causa = comando.lastError().text();
+            comando = QSqlQuery();
+            db.close();
+            db = QSqlDatabase();
+            QSqlDatabase::removeDatabase(nome);
+            throw Errore(Sorgente, causa);
+        }
+        comando = QSqlQuery();
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(nome);
+}
+
+void BackendPostgreSQL::CreaDatabase(const StringaConnessione& stringa) const {
+    EseguiSuServer(stringa,
+                   QStringLiteral("CREATE DATABASE %1 ENCODING 'UTF8' TEMPLATE template0")
+                       .arg(Identificatore(stringa.Valore(QStringLiteral("Initial Catalog")))));
+}
+
+void BackendPostgreSQL::EliminaDatabase(const StringaConnessione& stringa) const {
+    EseguiSuServer(stringa,
+                   QStringLiteral("DROP DATABASE IF EXISTS %1")
+                       .arg(Identificatore(stringa.Valore(QStringLiteral("Initial Catalog")))));
+}

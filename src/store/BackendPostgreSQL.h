@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Backend.h"
+
+// PostgreSQL, for several workstations on one database: Data Source is "host" or "host:port"
+// (a "Port" in the head of the string serves when Data Source names none), Initial Catalog
+// the database; the server checks the login.
+class BackendPostgreSQL : public Backend {
+public:
+    QString Provider() const override { return QStringLiteral("QPSQL"); }
+    QString Descrizione() const override { return QStringLiteral("PostgreSQL"); }
+    QSqlDatabase Apri(const StringaConnessione& stringa,
+                      const QString& sNomeConnessione) const override;
+    void CreaDatabase(const StringaConnessione& stringa) const override;
+    void EliminaDatabase(const StringaConnessione& stringa) const override;
+
+private:
+    QSqlDatabase Prepara(const StringaConnessione& stringa, const QString& sDatabase,
+                         const QString& sNomeConnessione) const;
+    void EseguiSuServer(const StringaConnessione& stringa, const QString& sComando) const;
+};

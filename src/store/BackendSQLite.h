@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Backend.h"
+
+// SQLite, the embedded default: Data Source is the folder of the database files (the program
+// folder when empty or relative to it), Initial Catalog the database's name, kept in the file
+// "<name>.db" unless the name brings its own extension. A file has no logins: any user enters.
+class BackendSQLite : public Backend {
+public:
+    QString Provider() const override { return QStringLiteral("QSQLITE"); }
+    QString Descrizione() const override { return QStringLiteral("SQLite"); }
+    QSqlDatabase Apri(const StringaConnessione& stringa,
+                      const QString& sNomeConnessione) const override;
+    void CreaDatabase(const StringaConnessione& stringa) const override;
+    void EliminaDatabase(const StringaConnessione& stringa) const override;
+
+    // The file of the database that the string names.
+    static QString FileDatabase(const StringaConnessione& stringa);
+};

@@ -1,0 +1,115 @@
+#include "BancaDatiProva.h"
+
+#include "store/Backend.h"
+#include "store/Connessione.h"
+#include "store/EsecuzioneScript.h"
+#include "store/StringaConnessione.h"
+
+#include <QAtomicInt>
+#include <QCoreApplication>
+#include <QFile>
+#include <QtTest>
+
+namespace ServerProva {
+bool PostgreSQLDisponibile() {
+    return !qEnvironmentVariable("TABELLION_PG_PORT").isEmpty();
+}
+bool PostgreSQLRichiesto() {
+    return qEnvironmentVariable("TABELLION_PG_RICHIESTO") == QStringLiteral("1");
+}
+QString Host() {
+    const QString host = qEnvironmentVariable("TABELLION_PG_HOST");
+    return host.isEmpty() ? QStringLiteral("127.0.0.1") : host;
+}
+int Porta() {
+    return qEnvironmentVariableIntValue("TABELLION_PG_PORT");
+}
+QString Utente() {
+    return qEnvironmentVariable("TABELLION_PG_USER");
+}
+QString Password() {
+    return qEnvironmentVariable("TABELLION_PG_PASSWORD");
+}
+} // namespace ServerProva
+
+void AggiungiBackend() {
+    QTest::addColumn<TipoBackend>("backend");
+    QTest::newRow("sqlite") << TipoBackend::SQLite;
+    QTest::newRow("postgresql") << TipoBackend::PostgreSQL;
+}
+
+namespace {
+
+QString LeggiFile(const QString& percorso) {
+    QFile file(percorso);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("cannot read %s", qPrintable(percorso));
+    }
+    return QString::fromUtf8(file.readAll());
+}
+
+QString NuovoNome() {
+    static QAtomicInt contatore;
+    return QStringLiteral("prova_%1_%2")
+        .arg(QCoreApplication::applicationPid())
+        .arg(contatore.fetchAndAddRelaxed(1));
+}
+
+} // namespace
+
+BancaDatiProva::BancaDatiProva(TipoBackend tipoDato, const QStringList& altriScript)
+    : tipo(tipoDato)
+    , sDatabase(NuovoNome()) {
+    const StringaConnessione stringa = StringaConnessione::Leggi(Stringa());
+    Connessione::BackendDi(stringa).CreaDatabase(stringa);
+    bCreata = true;
+    const QString sorgenti = QStringLiteral(TABELLION_SORGENTI);
+    const QString schema =
+        sorgenti + (tipo == TipoBackend::SQLite ? QStringLiteral("/db/sqlite/schema.sql")
+                                                : QStringLiteral("/db/postgresql/schema.sql"));
+    auto connessione = Apri();
+    EseguiScript(*connessione, LeggiFile(schema), schema);
+    for (const QString& script : altriScript) {
+        const QString percorso = sorgenti + QStringLiteral("/db/") + script;
+        EseguiScript(*connessione, LeggiFile(percorso), percorso);
+    }
+    connessione->Chiudi();
+}
+
+BancaDatiProva::~BancaDatiProva() {
+    if (!bCreata) {
+        return;
+    }
+    try {
+        const StringaConnessione stringa = StringaConnessione::Leggi(Stringa());
+        Connessione::BackendDi(stringa).EliminaDatabase(stringa);
+    } catch (const std::exception& errore) {
+        qWarning("database %s not removed: %s", qPrintable(sDatabase), errore.what());
+    }
+}
+
+QString BancaDatiProva::Testa() const {
+    return tipo == TipoBackend::SQLite
+               ? QStringLiteral("Provider=QSQLITE")
+               : QStringLiteral("Provider=QPSQL;Port=%1").arg(ServerProva::Porta());
+}
+
+QString BancaDatiProva::Server() const {
+    return tipo == TipoBackend::SQLite ? cartella.path() : ServerProva::Host();
+}
+
+QString BancaDatiProva::Utente() const {
+    return tipo == TipoBackend::SQLite ? QStringLiteral("archivista") : ServerProva::Utente();
+}
+
+QString BancaDatiProva::Password() const {
+    return tipo == TipoBackend::SQLite ? QStringLiteral("segreta") : ServerProva::Password();
+}
+
+QString BancaDatiProva::Stringa() const {
+    return ComponiStringaConnessione(Testa(), Server(), sDatabase, Utente(), Password());
+}
+
+std::shared_ptr<Connessione> BancaDatiProva::Apri() const {
+    return Connessione::Apri(Stringa());
+}
