@@ -113,6 +113,6 @@ void BackendPostgreSQL::CreaDatabase(const StringaConnessione& stringa) const {
 
 void BackendPostgreSQL::EliminaDatabase(const StringaConnessione& stringa) const {
     EseguiSuServer(stringa,
-                   QStringLiteral("DROP DATABASE IF EXISTS %1")
+                   QStringLiteral("DROP DATABASE IF EXISTS %1 WITH (FORCE)")
                        .arg(Identificatore(stringa.Valore(QStringLiteral("Initial Catalog")))));
 }
