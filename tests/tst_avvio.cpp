@@ -61,6 +61,8 @@ private Q_SLOTS:
     void laVersioneDellApplicazioneE32QualunqueSiaIlCodice06();
     void menuTxtDaIPercorsiDeiSeiManuali();
     void paramMancanteDaErroreV1ELasciaIMenuSpenti();
+    void paramConVirgoleSparseIgnoraIRecordSenzaCodice();
+    void unParamCheNonSiPuoLeggereDaErroreV1();
     void menuMancanteDaErroreV1();
 
     void dbNamesMancanteDaIlDialogoBassoEIlDatabaseDelCodice08();
@@ -197,6 +199,34 @@ void TestAvvio::paramMancanteDaErroreV1ELasciaIMenuSpenti() {
     QCOMPARE(seam->Terminazioni(), 0);
     QVERIFY(principale.isVisible());
     QVERIFY(!QFileInfo::exists(cartella.File(QStringLiteral("Param.txt"))));
+}
+
+void TestAvvio::paramConVirgoleSparseIgnoraIRecordSenzaCodice() {
+    CartellaProva cartella;
+    cartella.ScriviSito(QStringLiteral("Provider=QSQLITE"), cartella.Percorso(),
+                        QStringLiteral("X"));
+    cartella.Scrivi(QStringLiteral("Param.txt"), ",,,\r\n01 immagini,,\r\n,08 Archivio\r\n,\r\n");
+    PrimoMDI principale;
+    AvviaEAbbandona(principale);
+    QVERIFY(QTest::qWaitFor([&] { return seam->Terminazioni() == 1; }, 10000));
+    QVERIFY(seam->Messaggi().isEmpty());
+    QCOMPARE(Sessione::sParam01, QStringLiteral("immagini"));
+    QCOMPARE(Sessione::sDatabase, QStringLiteral("Archivio"));
+}
+
+void TestAvvio::unParamCheNonSiPuoLeggereDaErroreV1() {
+    CartellaProva cartella;
+    cartella.ScriviSito(QStringLiteral("Provider=QSQLITE"), cartella.Percorso(),
+                        QStringLiteral("X"));
+    cartella.Rimuovi(QStringLiteral("Param.txt"));
+    QVERIFY(QDir(cartella.Percorso()).mkdir(QStringLiteral("Param.txt")));
+    PrimoMDI principale;
+    principale.show();
+    QVERIFY(QTest::qWaitFor([&] { return !seam->Messaggi().isEmpty(); }, 10000));
+    QCOMPARE(seam->Messaggi().constFirst().sTitolo, QStringLiteral("Errore V1"));
+    QVERIFY(seam->Messaggi().constFirst().sTesto.contains(QStringLiteral("Param.txt")));
+    QCOMPARE(seam->Terminazioni(), 0);
+    QVERIFY(QFileInfo(cartella.File(QStringLiteral("Param.txt"))).isDir());
 }
 
 void TestAvvio::menuMancanteDaErroreV1() {

@@ -1,5 +1,6 @@
 #include "Avvio.h"
 
+#include "IconaProgramma.h"
 #include "PrimoMDI.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@ int AvviaTabellion(int argc, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("Tabellion Archivista"));
     QApplication::setApplicationVersion(QStringLiteral("3.2"));
     QApplication::setOrganizationName(QStringLiteral("Tabellion"));
+    QApplication::setWindowIcon(IconaProgramma());
     ImpostaRegoleItaliane();
     PrimoMDI principale;
     principale.show();

@@ -3,6 +3,7 @@
 #include "AggiornamentoVersione.h"
 #include "Conversioni.h"
 #include "Errore.h"
+#include "IconaProgramma.h"
 #include "LetturaLista.h"
 #include "Piattaforma.h"
 #include "Sessione.h"
@@ -73,6 +74,7 @@ PrimoMDI::PrimoMDI(QWidget* parent)
     pIstanza = this;
     setObjectName(QStringLiteral("PrimoMDI"));
     setWindowTitle(QStringLiteral("Tabulario - Gestione dati"));
+    setWindowIcon(IconaProgramma());
     setAttribute(Qt::WA_DeleteOnClose, false);
     mdiArea->setObjectName(QStringLiteral("mdiArea"));
     mdiArea->setBackground(palette().brush(QPalette::Dark));

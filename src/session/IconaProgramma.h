@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QIcon>
+
+// The program's icon: a parchment with its seal, drawn at the sizes a desktop asks for.
+QIcon IconaProgramma();
