@@ -31,6 +31,18 @@ void AvviaEAbbandona(PrimoMDI& principale) {
     principale.show();
 }
 
+// Runs the road of the start on a site whose file `nome` holds `contenuto`, up to the login
+// dialog, gives it up, and leaves the values read.
+void AvviaConFile(const CartellaProva& cartella, PrimoMDI& principale,
+                  const PiattaformaScriptata& seam, const QString& nome,
+                  const QByteArray& contenuto) {
+    cartella.ScriviSito(QStringLiteral("Provider=QSQLITE"), cartella.Percorso(),
+                        QStringLiteral("X"));
+    cartella.Scrivi(nome, contenuto);
+    AvviaEAbbandona(principale);
+    QVERIFY(QTest::qWaitFor([&] { return seam.Terminazioni() == 1; }, 10000));
+}
+
 bool MenuSessioneDisponibili(const PrimoMDI& principale) {
     for (const char* nome :
          {"mnuComplessiDoc", "mnuInventari", "mnuSoggetti", "mnuRegistro", "mnuStrumenti",
@@ -68,6 +80,7 @@ private Q_SLOTS:
     void dbNamesMancanteDaIlDialogoBassoEIlDatabaseDelCodice08();
     void dbNamesVuotoDaIlDialogoAltoConQuellUnicoDatabase();
     void dbNamesAggiungeIRecordNonVuotiComeLettiAncheDoppi();
+    void dbNamesIlleggibileDaUnBoxCriticoEIlDialogoProsegue();
 
     void accessoRiuscitoAttivaIMenuDellaSessione_data();
     void accessoRiuscitoAttivaIMenuDellaSessione();
@@ -117,26 +130,18 @@ void TestAvvio::laFinestraPrincipaleHaTitoloEDimensioni() {
 
 void TestAvvio::unaVirgolaNonQuotataInParamTieneSoloCioCheLaPrecede() {
     CartellaProva cartella;
-    cartella.ScriviSito(QStringLiteral("Provider=QSQLITE"), cartella.Percorso(),
-                        QStringLiteral("X"));
-    cartella.Scrivi(QStringLiteral("Param.txt"),
-                    "01 /archivio/immagini,vecchie\r\n04 /scambio\r\n");
     PrimoMDI principale;
-    AvviaEAbbandona(principale);
-    QVERIFY(QTest::qWaitFor([&] { return seam->Terminazioni() == 1; }, 10000));
+    AvviaConFile(cartella, principale, *seam, QStringLiteral("Param.txt"),
+                 "01 /archivio/immagini,vecchie\r\n04 /scambio\r\n");
     QCOMPARE(Sessione::sParam01, QStringLiteral("/archivio/immagini"));
     QCOMPARE(Sessione::sParam04, QStringLiteral("/scambio"));
 }
 
 void TestAvvio::unaRigaDiCodice12NascondeTutteLeRigheSotto() {
     CartellaProva cartella;
-    cartella.ScriviSito(QStringLiteral("Provider=QSQLITE"), cartella.Percorso(),
-                        QStringLiteral("X"));
-    cartella.Scrivi(QStringLiteral("Param.txt"),
-                    "01 uno\r\n12 dodici\r\n03 tre\r\n08 Database\r\n12 altro\r\n");
     PrimoMDI principale;
-    AvviaEAbbandona(principale);
-    QVERIFY(QTest::qWaitFor([&] { return seam->Terminazioni() == 1; }, 10000));
+    AvviaConFile(cartella, principale, *seam, QStringLiteral("Param.txt"),
+                 "01 uno\r\n12 dodici\r\n03 tre\r\n08 Database\r\n12 altro\r\n");
     QCOMPARE(Sessione::sParam01, QStringLiteral("uno"));
     QCOMPARE(Sessione::sParam12, QStringLiteral("dodici"));
     QCOMPARE(Sessione::sParam03, QString());
@@ -145,14 +150,10 @@ void TestAvvio::unaRigaDiCodice12NascondeTutteLeRigheSotto() {
 
 void TestAvvio::unCodiceRipetutoValeNellUltimaRigaEI_codici10E11SonoIgnorati() {
     CartellaProva cartella;
-    cartella.ScriviSito(QStringLiteral("Provider=QSQLITE"), cartella.Percorso(),
-                        QStringLiteral("X"));
-    cartella.Scrivi(QStringLiteral("Param.txt"),
-                    "\"02 primo\"\r\n10 dieci\r\n11 undici\r\n\"02 secondo\"\r\n"
-                    "05 cinque\r\n07 sette\r\n08 Archivio\r\n09 nove\r\n");
     PrimoMDI principale;
-    AvviaEAbbandona(principale);
-    QVERIFY(QTest::qWaitFor([&] { return seam->Terminazioni() == 1; }, 10000));
+    AvviaConFile(cartella, principale, *seam, QStringLiteral("Param.txt"),
+                 "\"02 primo\"\r\n10 dieci\r\n11 undici\r\n\"02 secondo\"\r\n"
+                 "05 cinque\r\n07 sette\r\n08 Archivio\r\n09 nove\r\n");
     QCOMPARE(Sessione::sServer, QStringLiteral("secondo"));
     QCOMPARE(Sessione::sParam05, QStringLiteral("cinque"));
     QCOMPARE(Sessione::sParam07, QStringLiteral("sette"));
@@ -163,23 +164,16 @@ void TestAvvio::unCodiceRipetutoValeNellUltimaRigaEI_codici10E11SonoIgnorati() {
 
 void TestAvvio::laVersioneDellApplicazioneE32QualunqueSiaIlCodice06() {
     CartellaProva cartella;
-    cartella.ScriviSito(QStringLiteral("Provider=QSQLITE"), cartella.Percorso(),
-                        QStringLiteral("X"));
-    cartella.Scrivi(QStringLiteral("Param.txt"), "06 7.5\r\n");
     PrimoMDI principale;
-    AvviaEAbbandona(principale);
-    QVERIFY(QTest::qWaitFor([&] { return seam->Terminazioni() == 1; }, 10000));
+    AvviaConFile(cartella, principale, *seam, QStringLiteral("Param.txt"), "06 7.5\r\n");
     QCOMPARE(Sessione::sVersioneApp, QStringLiteral("3.2"));
 }
 
 void TestAvvio::menuTxtDaIPercorsiDeiSeiManuali() {
     CartellaProva cartella;
-    cartella.ScriviSito(QStringLiteral("Provider=QSQLITE"), cartella.Percorso(),
-                        QStringLiteral("X"));
-    cartella.Scrivi(QStringLiteral("Menu.txt"), "A\r\nB\r\nC\r\nD\r\nE\r\nF\r\nSettimo\r\n");
     PrimoMDI principale;
-    AvviaEAbbandona(principale);
-    QVERIFY(QTest::qWaitFor([&] { return seam->Terminazioni() == 1; }, 10000));
+    AvviaConFile(cartella, principale, *seam, QStringLiteral("Menu.txt"),
+                 "A\r\nB\r\nC\r\nD\r\nE\r\nF\r\nSettimo\r\n");
     QCOMPARE(principale.PercorsoGuida(1), cartella.File(QStringLiteral("A.pdf")));
     QCOMPARE(principale.PercorsoGuida(6), cartella.File(QStringLiteral("F.pdf")));
     QCOMPARE(principale.PercorsoGuida(7), QString());
@@ -203,12 +197,9 @@ void TestAvvio::paramMancanteDaErroreV1ELasciaIMenuSpenti() {
 
 void TestAvvio::paramConVirgoleSparseIgnoraIRecordSenzaCodice() {
     CartellaProva cartella;
-    cartella.ScriviSito(QStringLiteral("Provider=QSQLITE"), cartella.Percorso(),
-                        QStringLiteral("X"));
-    cartella.Scrivi(QStringLiteral("Param.txt"), ",,,\r\n01 immagini,,\r\n,08 Archivio\r\n,\r\n");
     PrimoMDI principale;
-    AvviaEAbbandona(principale);
-    QVERIFY(QTest::qWaitFor([&] { return seam->Terminazioni() == 1; }, 10000));
+    AvviaConFile(cartella, principale, *seam, QStringLiteral("Param.txt"),
+                 ",,,\r\n01 immagini,,\r\n,08 Archivio\r\n,\r\n");
     QVERIFY(seam->Messaggi().isEmpty());
     QCOMPARE(Sessione::sParam01, QStringLiteral("immagini"));
     QCOMPARE(Sessione::sDatabase, QStringLiteral("Archivio"));
@@ -295,6 +286,22 @@ void TestAvvio::dbNamesAggiungeIRecordNonVuotiComeLettiAncheDoppi() {
     QCOMPARE(voci, (QStringList{QStringLiteral("Tabellion"), QStringLiteral("Archivio  "),
                                 QStringLiteral("Tabellion"), QStringLiteral("Storico"),
                                 QStringLiteral("Prove")}));
+}
+
+void TestAvvio::dbNamesIlleggibileDaUnBoxCriticoEIlDialogoProsegue() {
+    CartellaProva cartella;
+    QVERIFY(QDir(cartella.Percorso()).mkdir(QStringLiteral("DbNames.txt")));
+    Sessione::sDatabase = QStringLiteral("Tabellion");
+    frmLogin login;
+    login.Init(true, cartella.File(QStringLiteral("DbNames.txt")));
+    QCOMPARE(seam->Messaggi().size(), 1);
+    const Messaggio box = seam->Messaggi().constFirst();
+    QCOMPARE(box.icona, Icona::Critica);
+    QCOMPARE(box.sTitolo, QStringLiteral("Tabellion Archivista"));
+    QVERIFY(box.sTesto.contains(QStringLiteral("DbNames.txt")));
+    // What was done before the error stays: the choice with the default database.
+    QVERIFY(login.PiuDatabase());
+    QCOMPARE(Controllo<QComboBox>(&login, QStringLiteral("cmbDB"))->count(), 1);
 }
 
 void TestAvvio::accessoRiuscitoAttivaIMenuDellaSessione_data() {

@@ -155,16 +155,23 @@ Risposta PiattaformaQt::MostraMessaggio(const Messaggio& messaggio) {
 }
 
 QString PiattaformaQt::ScegliFile(const SceltaFile& scelta) {
-    if (scelta.bSalva) {
-        return QFileDialog::getSaveFileName(Proprietario(), scelta.sTitolo, scelta.sCartella,
-                                            scelta.sFiltro);
+    QFileDialog dialogo(Proprietario(), scelta.sTitolo, scelta.sCartella, scelta.sFiltro);
+    dialogo.setAcceptMode(scelta.bSalva ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialogo.setFileMode(scelta.bSalva ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) {
+        return QString();
     }
-    return QFileDialog::getOpenFileName(Proprietario(), scelta.sTitolo, scelta.sCartella,
-                                        scelta.sFiltro);
+    return dialogo.selectedFiles().constFirst();
 }
 
 QString PiattaformaQt::ScegliCartella(const QString& sTitolo, const QString& sCartella) {
-    return QFileDialog::getExistingDirectory(Proprietario(), sTitolo, sCartella);
+    QFileDialog dialogo(Proprietario(), sTitolo, sCartella);
+    dialogo.setFileMode(QFileDialog::Directory);
+    dialogo.setOption(QFileDialog::ShowDirsOnly);
+    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) {
+        return QString();
+    }
+    return dialogo.selectedFiles().constFirst();
 }
 
 int PiattaformaQt::SceltaMenu(const QStringList& voci, const QPoint& posizione) {
