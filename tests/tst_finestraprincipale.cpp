@@ -3,6 +3,7 @@
 
 #include "session/PrimoMDI.h"
 #include "session/Sessione.h"
+#include "store/Connessione.h"
 
 #include "BancaDatiProva.h"
 #include "CartellaProva.h"
@@ -328,6 +329,7 @@ void TestFinestraPrincipale::ilManualeDeiPuntiDAccessoNonSiPuoScegliere() {
 }
 
 void TestFinestraPrincipale::aggiornaVersioneChiedeAncheConVersioneUguale() {
+    banca->Apri()->Esegui(QStringLiteral("UPDATE Config SET Versione = 3.2"));
     Avvia();
     seam->risposte = {Risposta::No};
     Azione(*principale, "mnuAggiorna")->trigger();

@@ -120,7 +120,7 @@ void TestTabellionSql::unoScriptSbagliatoFallisceSenzaLasciareNulla() {
     auto connessione = banca.Apri();
     QSqlQuery config = connessione->Esegui(QStringLiteral("SELECT Versione FROM Config"));
     QVERIFY(config.next());
-    QCOMPARE(config.value(0).toDouble(), 3.2);
+    QCOMPARE(config.value(0).toDouble(), 4.0);
 }
 
 void TestTabellionSql::unaPasswordSbagliataFallisceConLaCausa() {
@@ -150,7 +150,7 @@ void TestTabellionSql::unFileMancanteNonToccaIlDatabase() {
     QVERIFY(esito.errori.contains(QStringLiteral("manca.sql")));
     QSqlQuery config = banca.Apri()->Esegui(QStringLiteral("SELECT Versione FROM Config"));
     QVERIFY(config.next());
-    QCOMPARE(config.value(0).toDouble(), 3.2);
+    QCOMPARE(config.value(0).toDouble(), 4.0);
 }
 
 void TestTabellionSql::argomentiSbagliatiMostranoLUso() {
@@ -197,7 +197,7 @@ void TestTabellionSql::creaUnDatabaseNuovoDalloSchema() {
         QSqlQuery config = connessione->Esegui(QStringLiteral("SELECT Code, Versione FROM Config"));
         QVERIFY(config.next());
         QCOMPARE(config.value(0).toString(), QStringLiteral("DEMO"));
-        QCOMPARE(config.value(1).toDouble(), 3.2);
+        QCOMPARE(config.value(1).toDouble(), 4.0);
     }
     const StringaConnessione letta = StringaConnessione::Leggi(stringa);
     Connessione::BackendDi(letta).EliminaDatabase(letta);

@@ -6,6 +6,7 @@
 #include <QSqlDatabase>
 #include <QString>
 #include <QStringList>
+#include <QVariantList>
 
 class StringaConnessione;
 
@@ -29,6 +30,30 @@ public:
 
     // An identifier as the server reads it whatever its spelling.
     virtual QString Identificatore(const QString& sNome) const;
+
+    // A table's triggers off and on again, inside the caller's transaction, so that a failed
+    // import rolls the switch back with its rows.
+    virtual void SospendiTrigger(const QSqlDatabase& db, const QString& sTabella) const = 0;
+    virtual void RiattivaTrigger(const QSqlDatabase& db, const QString& sTabella) const = 0;
+    // After rows came in with explicit keys: the next generated key goes past those of the
+    // site's range.
+    virtual void AllineaChiavi(const QSqlDatabase& db, const QString& sTabella) const = 0;
+
+    // The text of an insert of one row ("?" for each column, in order) that gives back the
+    // row's generated key (column sChiave), within the site's range Config.ID_Start..ID_End.
+    // Past the end of the range it fails, or inserts nothing and gives back no key.
+    virtual QString IstruzioneInserisci(const QString& sTabella, const QString& sChiave,
+                                        const QStringList& colonne) const = 0;
+
+    // The two maintenance procedures. Backup: a consistent copy of the whole database to
+    // sDestinazione (SQLite: a database file; PostgreSQL: a pg_dump archive). Web index:
+    // IndiceWeb rebuilt from the published elements, with its full-text index; sLingua names
+    // the language of the text search ("italian" when empty). Both raise Errore on failure and
+    // leave the database as it was. They may run on a thread of their own, on a connection
+    // opened there from the same string.
+    virtual void Backup(const QSqlDatabase& db, const StringaConnessione& stringa,
+                        const QString& sDestinazione) const = 0;
+    virtual void IndiceWeb(const QSqlDatabase& db, const QString& sLingua) const = 0;
 
     // The backend for a provider, or nullptr if the program does not know it.
     static const Backend* PerProvider(const QString& sProvider);

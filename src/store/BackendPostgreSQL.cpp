@@ -1,4 +1,5 @@
 #include "BackendPostgreSQL.h"
+#include "TestoErrore.h"
 
 #include "StringaConnessione.h"
 #include "session/Errore.h"
@@ -6,6 +7,7 @@
 #include <QAtomicInt>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QVariant>
 
 namespace {
 
@@ -68,7 +70,7 @@ QSqlDatabase BackendPostgreSQL::Apri(const StringaConnessione& stringa,
     if (!db.open()) {
         QString causa = db.lastError().databaseText().trimmed();
         if (causa.isEmpty()) {
-            causa = db.lastError().text();
+            causa = TestoErrore(db.lastError());
         }
         db = QSqlDatabase();
         QSqlDatabase::removeDatabase(sNomeConnessione);
@@ -85,14 +87,14 @@ void BackendPostgreSQL::EseguiSuServer(const StringaConnessione& stringa,
     {
         QSqlDatabase db = Prepara(stringa, QStringLiteral("postgres"), nome);
         if (!db.open()) {
-            const QString causa = db.lastError().text();
+            const QString causa = TestoErrore(db.lastError());
             db = QSqlDatabase();
             QSqlDatabase::removeDatabase(nome);
             throw Errore(Sorgente, causa);
         }
         QSqlQuery comando(db);
         if (!comando.exec(sComando)) {
-            const QString causa = comando.lastError().text();
+            const QString causa = TestoErrore(comando.lastError());
             comando = QSqlQuery();
             db.close();
             db = QSqlDatabase();
@@ -115,4 +117,57 @@ void BackendPostgreSQL::EliminaDatabase(const StringaConnessione& stringa) const
     EseguiSuServer(stringa,
                    QStringLiteral("DROP DATABASE IF EXISTS %1 WITH (FORCE)")
                        .arg(Identificatore(stringa.Valore(QStringLiteral("Initial Catalog")))));
+}
+
+namespace {
+
+void Esegui(QSqlQuery& query) {
+    if (!query.exec()) {
+        throw Errore(Sorgente, TestoErrore(query.lastError()));
+    }
+}
+
+} // namespace
+
+void BackendPostgreSQL::SospendiTrigger(const QSqlDatabase& db, const QString& sTabella) const {
+    // A statement of the schema cannot be prepared on the server: only the name is joined in.
+    QSqlQuery query(db);
+    if (!query.exec(QStringLiteral("ALTER TABLE %1 DISABLE TRIGGER USER")
+                        .arg(Identificatore(sTabella.toLower())))) {
+        throw Errore(Sorgente, TestoErrore(query.lastError()));
+    }
+}
+
+void BackendPostgreSQL::RiattivaTrigger(const QSqlDatabase& db, const QString& sTabella) const {
+    // A statement of the schema cannot be prepared on the server: only the name is joined in.
+    QSqlQuery query(db);
+    if (!query.exec(QStringLiteral("ALTER TABLE %1 ENABLE TRIGGER USER")
+                        .arg(Identificatore(sTabella.toLower())))) {
+        throw Errore(Sorgente, TestoErrore(query.lastError()));
+    }
+}
+
+void BackendPostgreSQL::AllineaChiavi(const QSqlDatabase& db, const QString&) const {
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral("SELECT tabellion_allinea_chiavi()"));
+    Esegui(query);
+}
+
+QString BackendPostgreSQL::IstruzioneInserisci(const QString& sTabella, const QString& sChiave,
+                                               const QStringList& colonne) const {
+    // RETURNING reads this row's key even when triggers insert into other tables.
+    QStringList nomi;
+    QStringList segnaposti;
+    for (const QString& colonna : colonne) {
+        nomi.append(Identificatore(colonna.toLower()));
+        segnaposti.append(QStringLiteral("?"));
+    }
+    const QString tabella = Identificatore(sTabella.toLower());
+    const QString chiave = Identificatore(sChiave.toLower());
+    if (nomi.isEmpty()) {
+        return QStringLiteral("INSERT INTO %1 DEFAULT VALUES RETURNING %2").arg(tabella, chiave);
+    }
+    return QStringLiteral("INSERT INTO %1 (%2) VALUES (%3) RETURNING %4")
+        .arg(tabella, nomi.join(QStringLiteral(", ")), segnaposti.join(QStringLiteral(", ")),
+             chiave);
 }

@@ -13,6 +13,14 @@ public:
                       const QString& sNomeConnessione) const override;
     void CreaDatabase(const StringaConnessione& stringa) const override;
     void EliminaDatabase(const StringaConnessione& stringa) const override;
+    void SospendiTrigger(const QSqlDatabase& db, const QString& sTabella) const override;
+    void RiattivaTrigger(const QSqlDatabase& db, const QString& sTabella) const override;
+    void AllineaChiavi(const QSqlDatabase& db, const QString& sTabella) const override;
+    QString IstruzioneInserisci(const QString& sTabella, const QString& sChiave,
+                                const QStringList& colonne) const override;
+    void Backup(const QSqlDatabase& db, const StringaConnessione& stringa,
+                const QString& sDestinazione) const override;
+    void IndiceWeb(const QSqlDatabase& db, const QString& sLingua) const override;
 
 private:
     QSqlDatabase Prepara(const StringaConnessione& stringa, const QString& sDatabase,

@@ -1,4 +1,5 @@
 #include "BackendSQLite.h"
+#include "TestoErrore.h"
 
 #include "StringaConnessione.h"
 #include "session/Errore.h"
@@ -9,6 +10,7 @@
 #include <QFileInfo>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QVariant>
 
 namespace {
 
@@ -55,7 +57,7 @@ QSqlDatabase BackendSQLite::Apri(const StringaConnessione& stringa,
     db.setDatabaseName(file);
     db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=10000"));
     if (!db.open()) {
-        const QString causa = db.lastError().text();
+        const QString causa = TestoErrore(db.lastError());
         db = QSqlDatabase();
         QSqlDatabase::removeDatabase(sNomeConnessione);
         throw Errore(Sorgente,
@@ -64,7 +66,7 @@ QSqlDatabase BackendSQLite::Apri(const StringaConnessione& stringa,
     // A file that is not a database opens all the same: the first read tells.
     QSqlQuery prova(db);
     if (!prova.exec(QStringLiteral("SELECT count(*) FROM sqlite_master"))) {
-        const QString causa = prova.lastError().text();
+        const QString causa = TestoErrore(prova.lastError());
         prova = QSqlQuery();
         db.close();
         db = QSqlDatabase();
@@ -72,7 +74,61 @@ QSqlDatabase BackendSQLite::Apri(const StringaConnessione& stringa,
         throw Errore(Sorgente,
                      QStringLiteral("Il file %1 non è un database SQLite: %2").arg(file, causa));
     }
+    // The database's duties carry changes up and down the tree, trigger by trigger.
+    prova.exec(QStringLiteral("PRAGMA recursive_triggers = ON"));
     return db;
+}
+
+namespace {
+
+void Esegui(QSqlQuery& query) {
+    if (!query.exec()) {
+        throw Errore(Sorgente, TestoErrore(query.lastError()));
+    }
+}
+
+} // namespace
+
+void BackendSQLite::SospendiTrigger(const QSqlDatabase& db, const QString& sTabella) const {
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral("INSERT OR IGNORE INTO TriggerSospesi (Tabella) VALUES (?)"));
+    query.addBindValue(sTabella);
+    Esegui(query);
+}
+
+void BackendSQLite::RiattivaTrigger(const QSqlDatabase& db, const QString& sTabella) const {
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral("DELETE FROM TriggerSospesi WHERE Tabella = ?"));
+    query.addBindValue(sTabella);
+    Esegui(query);
+}
+
+void BackendSQLite::AllineaChiavi(const QSqlDatabase&, const QString&) const {
+    // Each new key is taken afresh from the range and the keys present: nothing to realign.
+}
+
+QString BackendSQLite::IstruzioneInserisci(const QString& sTabella, const QString& sChiave,
+                                           const QStringList& colonne) const {
+    // The next key of the site's range, in the same statement as the insert, so that two
+    // workstations cannot take the same one (SQLite runs one writer at a time). The greatest
+    // key of the range is read backwards from its top: one index step. Past the end of the
+    // range nothing is inserted and no key comes back.
+    const QString tabella = Identificatore(sTabella);
+    const QString chiave = Identificatore(sChiave);
+    QStringList nomi{chiave};
+    QStringList segnaposti{QStringLiteral("Nuova.Chiave")};
+    for (const QString& colonna : colonne) {
+        nomi.append(Identificatore(colonna));
+        segnaposti.append(QStringLiteral("?"));
+    }
+    return QStringLiteral(
+               "INSERT INTO %1 (%2) SELECT %3 FROM (SELECT (SELECT COALESCE((SELECT %4 FROM %1 "
+               "WHERE %4 BETWEEN (SELECT ID_Start FROM Config) AND (SELECT ID_End FROM Config) "
+               "ORDER BY %4 DESC LIMIT 1), (SELECT ID_Start FROM Config) - 1) + 1) AS Chiave) AS "
+               "Nuova WHERE Nuova.Chiave IS NULL OR Nuova.Chiave <= COALESCE((SELECT ID_End FROM "
+               "Config), Nuova.Chiave) RETURNING %4")
+        .arg(tabella, nomi.join(QStringLiteral(", ")), segnaposti.join(QStringLiteral(", ")),
+             chiave);
 }
 
 void BackendSQLite::CreaDatabase(const StringaConnessione& stringa) const {

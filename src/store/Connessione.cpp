@@ -1,4 +1,5 @@
 #include "Connessione.h"
+#include "TestoErrore.h"
 
 #include "Backend.h"
 #include "session/Errore.h"
@@ -56,6 +57,7 @@ bool Connessione::Aperta() const {
 }
 
 void Connessione::Chiudi() {
+    preparate.clear();
     if (sNome.isEmpty()) {
         return;
     }
@@ -76,15 +78,58 @@ QSqlQuery Connessione::Esegui(const QString& sSql, std::initializer_list<QVarian
     if (!Aperta()) {
         throw Errore(sorgente, QStringLiteral("La connessione al database è chiusa."));
     }
+    // A statement without values runs as it is: a server may refuse to prepare some of them
+    // (PostgreSQL prepares no statement of the schema).
+    if (valori.size() == 0) {
+        if (!query.exec(sSql)) {
+            throw Errore(sorgente, TestoErrore(query.lastError()));
+        }
+        return query;
+    }
     if (!query.prepare(sSql)) {
-        throw Errore(sorgente, query.lastError().text());
+        throw Errore(sorgente, TestoErrore(query.lastError()));
     }
     int i = 0;
     for (const QVariant& valore : valori) {
         query.bindValue(i++, valore);
     }
     if (!query.exec()) {
-        throw Errore(sorgente, query.lastError().text());
+        throw Errore(sorgente, TestoErrore(query.lastError()));
     }
     return query;
+}
+
+QSqlQuery& Connessione::Preparata(const QString& sSql) const {
+    auto trovata = preparate.find(sSql);
+    if (trovata == preparate.end()) {
+        auto query = std::make_shared<QSqlQuery>(Db());
+        if (!query->prepare(sSql)) {
+            throw Errore(pBackend->Descrizione(), TestoErrore(query->lastError()));
+        }
+        trovata = preparate.insert(sSql, query);
+    }
+    return **trovata;
+}
+
+qint64 Connessione::Inserisci(const QString& sTabella, const QString& sChiave,
+                              const QStringList& colonne, const QVariantList& valori) const {
+    if (!Aperta()) {
+        throw Errore(pBackend->Descrizione(),
+                     QStringLiteral("La connessione al database è chiusa."));
+    }
+    QSqlQuery& query = Preparata(pBackend->IstruzioneInserisci(sTabella, sChiave, colonne));
+    for (qsizetype i = 0; i < valori.size(); ++i) {
+        query.bindValue(static_cast<int>(i), valori[i]);
+    }
+    if (!query.exec()) {
+        throw Errore(pBackend->Descrizione(), TestoErrore(query.lastError()));
+    }
+    if (!query.next()) {
+        throw Errore(pBackend->Descrizione(),
+                     QStringLiteral("Intervallo delle chiavi di %1 esaurito (Config.ID_End).")
+                         .arg(sTabella));
+    }
+    const qint64 chiave = query.value(0).toLongLong();
+    query.finish();
+    return chiave;
 }

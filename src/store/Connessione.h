@@ -2,10 +2,13 @@
 
 // The session's one connection to the database, made from the whole connection string.
 
+#include <QHash>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
+#include <QVariantList>
 #include <initializer_list>
 #include <memory>
 
@@ -34,6 +37,15 @@ public:
     QSqlQuery Esegui(const QString& sSql, std::initializer_list<QVariant> valori = {},
                      const QString& sSorgente = QString()) const;
 
+    // Inserts one row and gives back its generated key, within the site's key range.
+    qint64 Inserisci(const QString& sTabella, const QString& sChiave, const QStringList& colonne,
+                     const QVariantList& valori) const;
+
+    // A statement prepared once on this connection and kept for the next call: for the
+    // inserts and updates that run many times (a statement on a table with many triggers is
+    // costly to prepare). Only for statements whose results the caller reads at once.
+    QSqlQuery& Preparata(const QString& sSql) const;
+
     // The backend a string names, or an Errore that lists the known ones.
     static const Backend& BackendDi(const StringaConnessione& stringa);
 
@@ -43,4 +55,5 @@ private:
     const Backend* pBackend;
     StringaConnessione stringa;
     QString sNome;
+    mutable QHash<QString, std::shared_ptr<QSqlQuery>> preparate;
 };

@@ -1,4 +1,5 @@
 #include "EsecuzioneScript.h"
+#include "TestoErrore.h"
 
 #include "Connessione.h"
 #include "session/Errore.h"
@@ -211,13 +212,13 @@ int EseguiScript(const Connessione& connessione, const QString& sScript, const Q
     QSqlDatabase db = connessione.Db();
     const QString sorgente = QStringLiteral("Script");
     if (!gestisceTransazioni && !db.transaction()) {
-        throw Errore(sorgente, db.lastError().text());
+        throw Errore(sorgente, TestoErrore(db.lastError()));
     }
     int eseguite = 0;
     for (const IstruzioneScript& istruzione : istruzioni) {
         QSqlQuery query(db);
         if (!query.exec(istruzione.sTesto)) {
-            const QString causa = query.lastError().text();
+            const QString causa = TestoErrore(query.lastError());
             query = QSqlQuery();
             if (!gestisceTransazioni) {
                 db.rollback();
@@ -229,7 +230,7 @@ int EseguiScript(const Connessione& connessione, const QString& sScript, const Q
         ++eseguite;
     }
     if (!gestisceTransazioni && !db.commit()) {
-        const QString causa = db.lastError().text();
+        const QString causa = TestoErrore(db.lastError());
         db.rollback();
         throw Errore(sorgente, causa);
     }

@@ -1,0 +1,1021 @@
+#!/usr/bin/env python3
+"""Writes db/sqlite/schema.sql and db/postgresql/schema.sql from one description of the
+database: tables, keys, indexes, views and the triggers that carry the database's duties.
+
+    python3 db/genera_schema.py
+
+The two scripts are committed; run this again after changing the description below.
+
+Decisions kept here, where a reader of the schema finds them (they are repeated at the head
+of each generated script):
+- Every generated key lies between Config.ID_Start and Config.ID_End. PostgreSQL: identity
+  sequences bounded to that range (tabellion_allinea_chiavi() realigns them, also after an
+  import and when the range changes). SQLite: the program's inserts take the next key of the
+  range in the insert itself (the store's Backend::IstruzioneInserisci). The detail row of an
+  element, and the kind row of a producer, take the key of their element or producer.
+- DenomCompleta of Istituti, ComplessiDoc and Inventari: the denominations from the topmost
+  ancestor down to the element itself, joined by " > ", kept current on every rename.
+- Counters: Istituti.NumeroComplessi/NumeroInventari count the complessi and inventari whose
+  ID_Istituto is that institute; ComplessiDoc.NumeroInventari its Links rows to an inventario;
+  Inventari.NumeroComplessi the complessi linked to it; Inventari.NumeroPergamene,
+  NumeroDatiInventariali, NumeroSigilli the rows with its ID_Inventario. Never Null.
+- ComplessiDoc.Valore = Quantita * KConservazione * KPeriodo * KSupporto * KRilevanza * KRarita;
+  QuantitaFigli, MetriLineariFigli, ValoreFigli sum each child complesso's own figure and its
+  carried-up one (the whole subtree); DataInizioFigli/DataFineFigli span the children's dates
+  and carried-up dates. Kept current up the chain of ancestors on insert, update and delete.
+- ISAD_Nazione is 'IT'; ISAD_Codice/ISAD_Sigla of a complesso are those of its institute; of a
+  producer those of the site's first top-level institute that has a code.
+- ID_Istituto of complessi, inventari and versamenti: the nearest institute above them.
+  ID_Inventario of units, pergamene and sigilli: the detail key of the nearest inventario above.
+- Code comes from Config.Code when the row does not bring one (an imported row keeps its own).
+- Deleting an element that still has children is refused; deleting a detail row removes its
+  Elementi row, its Links rows and every row that hangs on it.
+- Config.Versione is a number (the demo database holds 4).
+- DatiInventariali.Ordinamento is text of 3; the views expose DATIINV_Ordinamento as a number,
+  Null where the text is not one.
+- Versamenti.Titolo is the element's denomination.
+- No declared foreign keys: tables are imported one at a time, so integrity is kept by triggers,
+  which an import switches off per table (SQLite: a row in TriggerSospesi; PostgreSQL:
+  DISABLE TRIGGER USER).
+"""
+
+from __future__ import annotations
+
+import os
+import re
+from dataclasses import dataclass, field
+
+# --------------------------------------------------------------------------------------------
+# Tables
+# --------------------------------------------------------------------------------------------
+
+# Column kinds: 'id' generated key; 'long' integer; 'num' double; 'yyyymmdd' archival date as a
+# number; 'data' a real date and time; 'testo:N' text of at most N; 'memo' long text; 'flag'
+# 0 or 1.
+
+
+@dataclass
+class Colonna:
+    nome: str
+    tipo: str
+    nullo: bool = True
+    predefinito: str | None = None
+
+
+@dataclass
+class Tabella:
+    nome: str
+    colonne: list[Colonna]
+    chiave: list[str]
+    codice: bool = True  # carries the site's Code
+    indici: list[tuple[str, ...]] = field(default_factory=list)
+    unici: list[tuple[str, ...]] = field(default_factory=list)
+
+    @property
+    def chiave_generata(self) -> str | None:
+        for c in self.colonne:
+            if c.tipo == 'id':
+                return c.nome
+        return None
+
+
+def C(nome, tipo, nullo=True, predefinito=None):
+    return Colonna(nome, tipo, nullo, predefinito)
+
+
+T = []
+
+
+def tabella(nome, colonne, chiave, **altro):
+    T.append(Tabella(nome, colonne, chiave, **altro))
+
+
+tabella('Config', [
+    C('Code', 'testo:10', False), C('Descrizione', 'testo:255'), C('Versione', 'num'),
+    C('ID_Start', 'long', False), C('ID_End', 'long', False), C('Valore', 'num', False, '0'),
+    C('DataValore', 'testo:20'),
+], ['Code'], codice=False)
+
+tabella('Elementi', [
+    C('ID_Elemento', 'id'), C('ID_ElementoPadre', 'long'), C('Tipologia', 'testo:2', False),
+    C('Denominazione', 'testo:512', False, "''"), C('Pubblicato', 'testo:1'),
+    C('DataRedazione', 'data'), C('Redattore', 'testo:64'), C('Figli', 'long', False, '0'),
+    C('XmlLink', 'testo:512'), C('Md5Link', 'testo:32'), C('PaginaStart', 'long', True, '0'),
+    C('PaginaEnd', 'long', True, '0'), C('StruProg', 'long'),
+], ['ID_Elemento'], indici=[('ID_ElementoPadre',)])
+
+tabella('Links', [
+    C('ID_Elemento', 'long', False), C('ID_ElementoLink', 'long', False),
+    C('Specifica', 'testo:255', True, "''"),
+], ['ID_Elemento', 'ID_ElementoLink'], indici=[('ID_ElementoLink',)])
+
+tabella('Istituti', [
+    C('ID_Istituto', 'id'), C('ID_Elemento', 'long', False), C('Denominazione', 'testo:256', False, "''"),
+    C('Tipologia', 'testo:2'), C('Indirizzo', 'testo:64'), C('Citta', 'testo:64'), C('Cap', 'testo:6'),
+    C('Provincia', 'testo:4'), C('Telefono', 'testo:64'), C('Fax', 'testo:64'), C('EMail', 'testo:64'),
+    C('UrlWeb', 'testo:128'), C('Responsabile', 'testo:256'), C('Orario', 'testo:128'),
+    C('Note', 'testo:1024'), C('UrlLink', 'testo:128'), C('NoteDirezione', 'testo:1024'),
+    C('NumeroComplessi', 'long', False, '0'), C('NumeroInventari', 'long', False, '0'),
+    C('DenomCompleta', 'memo'), C('ISAD_Codice', 'testo:16'), C('ISAD_Sigla', 'testo:16'),
+], ['ID_Istituto'], unici=[('ID_Elemento',)], indici=[('Tipologia',)])
+
+tabella('CodiciIstituto', [
+    C('ID_CodiceIstituto', 'long', False), C('Denominazione', 'testo:256'),
+    C('ISAD_Codice', 'testo:16'), C('ISAD_Sigla', 'testo:16'),
+], ['ID_CodiceIstituto'], codice=False, indici=[('ISAD_Codice', 'ISAD_Sigla'), ('Denominazione',)])
+
+tabella('Provincie', [
+    C('Provincia', 'testo:4', False), C('NomeProvincia', 'testo:64'),
+], ['Provincia'], codice=False, indici=[('NomeProvincia',)])
+
+tabella('ComplessiDoc', [
+    C('ID_ComplessoDoc', 'id'), C('ID_Elemento', 'long', False), C('ID_Istituto', 'long'),
+    C('Denominazione', 'testo:256', False, "''"), C('NoteStoriche', 'testo:1024'), C('Note', 'testo:1024'),
+    C('Classificazione', 'testo:64'), C('KConservazione', 'num', True, '0'),
+    C('KPeriodo', 'num', True, '0'), C('KSupporto', 'num', True, '0'), C('KRilevanza', 'num', True, '0'),
+    C('KRarita', 'num', True, '0'), C('Quantita', 'num', True, '0'),
+    C('QuantitaFigli', 'num', True, '0'), C('Valore', 'num', True, '0'),
+    C('ValoreFigli', 'num', True, '0'), C('MetriLineari', 'num', True, '0'),
+    C('MetriLineariFigli', 'num', True, '0'), C('DataInizio', 'yyyymmdd'), C('DataFine', 'yyyymmdd'),
+    C('DescrizioneEstremi', 'testo:64'), C('DescrizioneEstensioni', 'testo:64'),
+    C('DataInizioFigli', 'yyyymmdd'), C('DataFineFigli', 'yyyymmdd'), C('NoteDirezione', 'testo:1024'),
+    C('UrlLink', 'testo:128'), C('Ordinamento', 'long'), C('Topografico', 'testo:256'),
+    C('ID_IstitutoMag', 'long'), C('ID_IstitutoSede', 'long'), C('Tipologia', 'testo:2'),
+    C('ISAD_Nazione', 'testo:4'), C('ISAD_Codice', 'testo:16'), C('ISAD_Sigla', 'testo:16'),
+    C('NumeroInventari', 'long', False, '0'), C('DenomCompleta', 'memo'),
+], ['ID_ComplessoDoc'], unici=[('ID_Elemento',)],
+    indici=[('ID_Istituto',), ('ID_IstitutoSede',), ('ID_IstitutoMag',)])
+
+tabella('Inventari', [
+    C('ID_Inventario', 'id'), C('ID_Elemento', 'long', False), C('ID_Istituto', 'long'),
+    C('Denominazione', 'testo:256', False, "''"), C('Tipologia', 'testo:2'), C('ID_IstitutoSede', 'long'),
+    C('ID_IstitutoMag', 'long'), C('AnnoInizio', 'long'), C('AnnoFine', 'long'),
+    C('DescrizioneEstremi', 'testo:256'), C('Autore', 'testo:256'), C('TipoInventario', 'testo:1'),
+    C('Note', 'testo:1024'), C('XmlLink', 'testo:128'), C('UrlLink', 'testo:128'),
+    C('NoteDirezione', 'testo:1024'), C('SubTipologia', 'testo:2'), C('Edizione', 'testo:256'),
+    C('NumeroPergamene', 'long', False, '0'), C('NumeroDatiInventariali', 'long', False, '0'),
+    C('NumeroSigilli', 'long', False, '0'), C('TipoInv', 'testo:2'),
+    C('NumeroComplessi', 'long', False, '0'), C('DenomCompleta', 'memo'),
+], ['ID_Inventario'], unici=[('ID_Elemento',)],
+    indici=[('ID_Istituto',), ('ID_IstitutoSede',), ('ID_IstitutoMag',), ('Denominazione',)])
+
+tabella('DatiInventariali', [
+    C('ID_DatoInventariale', 'id'), C('ID_Elemento', 'long', False), C('ID_Inventario', 'long'),
+    C('Tipologia', 'testo:2', True, "'00'"), C('Numero', 'testo:64'), C('Descrizione', 'testo:64'),
+    C('DescrizioneTestuale', 'testo:1024'), C('DescrizioneEstremi', 'testo:128'),
+    C('DataInizio', 'yyyymmdd'), C('DataFine', 'yyyymmdd'), C('Classificazione', 'testo:64'),
+    C('Note', 'testo:1024'), C('CoseNotevoli', 'testo:512'), C('Ordinamento', 'testo:3'),
+    C('Titolo', 'testo:128', False, "''"), C('Acquisizione', 'testo:256'),
+    C('CriteriOrdinamento', 'testo:256'), C('Accesso', 'testo:256'), C('Riproduzione', 'testo:128'),
+    C('Lingua', 'testo:128'), C('Conservazione', 'testo:256'), C('NoteGestionali', 'testo:1024'),
+    C('Id_ElemComplDoc', 'long', True, '0'), C('FlgUnitaCond', 'flag', True, '0'),
+], ['ID_DatoInventariale'], unici=[('ID_Elemento',)], indici=[('ID_Inventario',), ('Id_ElemComplDoc',)])
+
+tabella('Versamenti', [
+    C('ID_Versamento', 'id'), C('ID_Elemento', 'long', False), C('ID_Istituto', 'long'),
+    C('Data', 'data'), C('Titolo', 'testo:512'), C('Note', 'testo:1024'), C('NumeroRPC', 'num'),
+    C('SogVersatore', 'testo:256'), C('TipoAcquisizione', 'testo:2'), C('DataAcquisizione', 'data'),
+    C('NoteDirezione', 'testo:1024'), C('Tipologia', 'testo:2'),
+], ['ID_Versamento'], unici=[('ID_Elemento',)], indici=[('ID_Istituto',)])
+
+tabella('RigheVersamento', [
+    C('ID_RigaVersamento', 'id'), C('ID_Versamento', 'long', False), C('ID_ComplessoDoc', 'long', True, '0'),
+    C('Denominazione', 'testo:256', False, "''"), C('Quantita', 'num', True, '0'),
+    C('MetriLineari', 'num', True, '0'), C('Classificazione', 'testo:64'),
+    C('DescrizioneEstremi', 'testo:64'), C('DataInizio', 'yyyymmdd'), C('DataFine', 'yyyymmdd'),
+    C('Note', 'testo:1024'),
+], ['ID_RigaVersamento'], indici=[('ID_Versamento',), ('ID_ComplessoDoc',)])
+
+tabella('Pergamene', [
+    C('ID_Pergamena', 'id'), C('ID_Elemento', 'long', False), C('ID_Inventario', 'long'),
+    C('Segnatura', 'testo:64', False, "''"), C('DataCronicaInizio', 'yyyymmdd'),
+    C('DataCronicaFine', 'yyyymmdd'), C('DataTopica', 'testo:64'), C('Datazio', 'testo:256'),
+    C('Regesto', 'testo:1024'), C('Miniatura', 'testo:512'), C('SigilliAttuali', 'long', True, '0'),
+    C('SigilliOriginari', 'long', True, '0'), C('Annuncio', 'testo:1024'), C('Accesso', 'testo:256'),
+    C('Riproduzione', 'testo:128'), C('Lingua', 'testo:128'), C('Bibliografia', 'testo:1024'),
+    C('NoteDirezione', 'testo:1024'), C('NoteRiproduzione', 'testo:256'), C('Note', 'testo:1024'),
+    C('UrlLink', 'testo:128'), C('DescrizioneEstremi', 'testo:128'), C('FlgUnitaCond', 'flag', True, '0'),
+], ['ID_Pergamena'], unici=[('ID_Elemento',)], indici=[('ID_Inventario',)])
+
+tabella('PGSupporti', [
+    C('ID_Pergamena', 'long', False), C('Supporto', 'testo:32'), C('StatoConservazione', 'testo:256'),
+    C('Dimensioni', 'testo:32'), C('Note', 'testo:1024'),
+], ['ID_Pergamena'])
+tabella('PGTraditio', [
+    C('ID_Pergamena', 'long', False), C('Traditio', 'testo:2'), C('DataCopia', 'yyyymmdd'),
+    C('Rogatario', 'testo:512'), C('DataCopiaTesto', 'testo:64'), C('ID_Elemento', 'long'),
+], ['ID_Pergamena'], indici=[('ID_Elemento',)])
+tabella('PGEleGrafici', [C('ID_Pergamena', 'long', False), C('NoteGrafiche', 'testo:512')],
+        ['ID_Pergamena'])
+tabella('PGNoteStoriche', [C('ID_Pergamena', 'long', False), C('NoteStoriche', 'testo:1024')],
+        ['ID_Pergamena'])
+tabella('PGNotazioni', [
+    C('ID_PgNotazione', 'id'), C('ID_Pergamena', 'long', False), C('Trascrizione', 'memo'),
+    C('Posizione', 'testo:64', False, "''"), C('DataInizio', 'yyyymmdd'), C('DataFine', 'yyyymmdd'),
+    C('DescrizioneEstremi', 'testo:64'), C('Note', 'testo:512'),
+], ['ID_PgNotazione'], indici=[('ID_Pergamena',)])
+tabella('PGAltreSegnature', [
+    C('ID_PGAltraSegnatura', 'id'), C('ID_Pergamena', 'long', False), C('Segnatura', 'testo:128', True, "''"),
+], ['ID_PGAltraSegnatura'], indici=[('ID_Pergamena',)])
+tabella('PGSigilli', [C('ID_Pergamena', 'long', False), C('ID_Sigillo', 'long', False, '0')],
+        ['ID_Pergamena', 'ID_Sigillo'], indici=[('ID_Sigillo',)])
+
+tabella('Sigilli', [
+    C('ID_Sigillo', 'id'), C('ID_Elemento', 'long', False), C('ID_Inventario', 'long'),
+    C('Identificativo', 'testo:256'), C('Tipologia', 'testo:2'), C('DataInizio', 'yyyymmdd'),
+    C('DataFine', 'yyyymmdd'), C('Dimensioni', 'testo:32'), C('MateriaNuovo', 'testo:2'),
+    C('Colore', 'testo:64'), C('Apposizione', 'testo:128'), C('Rapporto', 'testo:2'),
+    C('Ruolo', 'testo:128'), C('Posizione', 'testo:64'), C('NoteDirezione', 'testo:1024'),
+    C('Attacchi', 'testo:128'), C('Protezione', 'testo:128'), C('Qualita', 'testo:128'),
+    C('Conservazione', 'testo:256'), C('Segni', 'testo:256'), C('Autenticita', 'testo:256'),
+    C('Matrice', 'testo:256'), C('AltreImpronteSigillo', 'testo:512'),
+    C('AltreImpronteTitolare', 'testo:512'), C('Edizione', 'testo:256'), C('Bibliografia', 'testo:1024'),
+    C('Accesso', 'testo:256'), C('Riproduzione', 'testo:128'), C('Note', 'testo:1024'),
+    C('RifDocNoInv', 'testo:512'), C('DescrizioneEstremi', 'testo:256'), C('UrlLink', 'testo:128'),
+    C('FlgUnitaCond', 'flag', True, '0'),
+], ['ID_Sigillo'], unici=[('ID_Elemento',)], indici=[('ID_Inventario',)])
+
+tabella('SGTipo', [
+    C('ID_Sigillo', 'long', False), C('FormaR', 'testo:128'), C('DimensioniR', 'testo:32'),
+    C('TrascrizioneR', 'testo:512'), C('LinguaR', 'testo:128'), C('DescrizioneR', 'testo:1024'),
+    C('TrascrizioneV', 'testo:512'), C('LinguaV', 'testo:128'), C('DescrizioneV', 'testo:1024'),
+    C('TipologiaR', 'testo:128'), C('Incisore', 'testo:1024'), C('FormaV', 'testo:128'),
+    C('DimensioniV', 'testo:32'), C('TipologiaV', 'testo:128'), C('TipologIcoR', 'testo:2'),
+    C('TipologIcoV', 'testo:2'),
+], ['ID_Sigillo'])
+
+tabella('DICoseNotevoli', [
+    C('ID_DICosaNotevole', 'id'), C('ID_DatoInventariale', 'long', False),
+    C('Descrizione', 'memo', True, "''"),
+], ['ID_DICosaNotevole'], indici=[('ID_DatoInventariale',)])
+
+tabella('Soggetti', [
+    C('ID_Soggetto', 'id'), C('Denominazione', 'testo:256', False, "''"),
+    C('TipoSoggetto', 'testo:1', False), C('Pubblicato', 'testo:1'), C('DataRedazione', 'data'),
+    C('Redattore', 'testo:64'),
+], ['ID_Soggetto'], indici=[('TipoSoggetto',), ('Denominazione',)])
+
+ISAD = [C('ISAD_Nazione', 'testo:4'), C('ISAD_Codice', 'testo:16'), C('ISAD_Sigla', 'testo:16')]
+tabella('Persone', [
+    C('ID_Persona', 'id'), C('ID_Soggetto', 'long', False), C('Nome', 'testo:256', False, "''"),
+    C('Titoli', 'testo:32'), C('DataNascita', 'yyyymmdd'), C('DataMorte', 'yyyymmdd'),
+    C('AreaGeografica', 'testo:64'), C('Storia', 'testo:1024'), C('Note', 'testo:1024'),
+    C('DataInizio', 'yyyymmdd'), C('DataFine', 'yyyymmdd'), C('DescrizioneEstremi', 'testo:64'),
+    C('LuogoNascita', 'testo:32'), C('LuogoMorte', 'testo:32'), C('NoteDirezione', 'testo:1024'),
+] + ISAD, ['ID_Persona'], unici=[('ID_Soggetto',)])
+tabella('Famiglie', [
+    C('ID_Famiglia', 'id'), C('ID_Soggetto', 'long', False), C('Nome', 'testo:256', False, "''"),
+    C('Titoli', 'testo:32'), C('Persone', 'memo'), C('DataInizio', 'yyyymmdd'), C('DataFine', 'yyyymmdd'),
+    C('DescrizioneEstremi', 'testo:64'), C('AreaGeografica', 'testo:64'), C('Storia', 'testo:1024'),
+    C('Note', 'testo:1024'), C('NoteDirezione', 'testo:1024'),
+] + ISAD, ['ID_Famiglia'], unici=[('ID_Soggetto',)])
+tabella('Enti', [
+    C('ID_Ente', 'id'), C('ID_Soggetto', 'long', False), C('Denominazione', 'testo:256', False, "''"),
+    C('AreaGeografica', 'testo:64'), C('NaturaGiuridica', 'testo:256'), C('Storia', 'testo:1024'),
+    C('Note', 'testo:1024'), C('DataInizio', 'yyyymmdd'), C('DataFine', 'yyyymmdd'),
+    C('DescrizioneEstremi', 'testo:64'), C('Sede', 'testo:64'), C('Profilo', 'testo:2'),
+    C('NoteDirezione', 'testo:1024'),
+] + ISAD, ['ID_Ente'], unici=[('ID_Soggetto',)])
+
+ALTRE_DENOMINAZIONI = [('ComplessiDocDenominazioni', 'ID_ComplessoDoc'),
+                       ('InventariDenominazioni', 'ID_Inventario'),
+                       ('PersoneDenominazioni', 'ID_Persona'),
+                       ('FamiglieDenominazioni', 'ID_Famiglia'),
+                       ('EntiDenominazioni', 'ID_Ente')]
+for nome, padre in ALTRE_DENOMINAZIONI:
+    tabella(nome, [C('ID_Denominazione', 'id'), C(padre, 'long', False),
+                   C('AltraDenominazione', 'testo:256', True, "''")],
+            ['ID_Denominazione'], indici=[(padre,)])
+
+tabella('Antroponimi', [C('ID_Antroponimo', 'id'), C('Nome', 'testo:128', False, "''"),
+                        C('Titoli', 'testo:256'), C('Note', 'testo:512')],
+        ['ID_Antroponimo'], indici=[('Nome',)])
+tabella('Toponimi', [C('ID_Toponimo', 'id'), C('Denominazione', 'testo:64', False, "''")],
+        ['ID_Toponimo'], indici=[('Denominazione',)])
+tabella('Titolari', [C('ID_Titolare', 'id'), C('Nome', 'testo:128', False, "''"),
+                     C('Titoli', 'testo:256'), C('Note', 'testo:1024'), C('Bibliografia', 'testo:1024')],
+        ['ID_Titolare'], indici=[('Nome',)])
+
+tabella('ComplessiDocSoggetti', [C('ID_ComplessoDoc', 'long', False), C('ID_Soggetto', 'long', False)],
+        ['ID_ComplessoDoc', 'ID_Soggetto'], indici=[('ID_Soggetto',)])
+tabella('DatiInventarialiSoggetti', [C('ID_DatoInventariale', 'long', False),
+                                     C('ID_Soggetto', 'long', False)],
+        ['ID_DatoInventariale', 'ID_Soggetto'], indici=[('ID_Soggetto',)])
+tabella('PGAntroponimi', [C('ID_PGAntroponimo', 'id'), C('ID_Pergamena', 'long', False),
+                          C('ID_Antroponimo', 'long', False), C('Ruolo', 'testo:32')],
+        ['ID_PGAntroponimo'], unici=[('ID_Pergamena', 'ID_Antroponimo')], indici=[('ID_Antroponimo',)])
+tabella('DIAntroponimi', [C('ID_DIAntroponimo', 'id'), C('ID_DatoInventariale', 'long', False),
+                          C('ID_Antroponimo', 'long', False)],
+        ['ID_DIAntroponimo'], unici=[('ID_DatoInventariale', 'ID_Antroponimo')],
+        indici=[('ID_Antroponimo',)])
+tabella('PGToponimi', [C('ID_Pergamena', 'long', False), C('ID_Toponimo', 'long', False)],
+        ['ID_Pergamena', 'ID_Toponimo'], indici=[('ID_Toponimo',)])
+tabella('DIToponimi', [C('ID_DatoInventariale', 'long', False), C('ID_Toponimo', 'long', False)],
+        ['ID_DatoInventariale', 'ID_Toponimo'], indici=[('ID_Toponimo',)])
+tabella('SGTitolari', [C('ID_SGTitolare', 'id'), C('ID_Sigillo', 'long', False),
+                       C('ID_Titolare', 'long', False), C('Ruolo', 'testo:32')],
+        ['ID_SGTitolare'], unici=[('ID_Sigillo', 'ID_Titolare')], indici=[('ID_Titolare',)])
+
+tabella('MD5Location', [C('MD5', 'testo:32', False), C('LogicalPath', 'testo:1024'),
+                        C('XmlName', 'testo:256'), C('Status', 'long', True, '0')],
+        ['MD5'], codice=False)
+tabella('ImgCounter', [C('PhisicalPath', 'testo:1024', False), C('Counter', 'long')],
+        ['PhisicalPath'], codice=False)
+
+# The web index, rebuilt by the web index procedure from the published elements.
+tabella('IndiceWeb', [
+    C('ID_Elemento', 'long', False), C('ID_ElementoPadre', 'long'), C('Tipologia', 'testo:2', False),
+    C('Denominazione', 'testo:512'), C('DenomCompleta', 'memo'), C('DataInizio', 'yyyymmdd'),
+    C('DataFine', 'yyyymmdd'),
+], ['ID_Elemento'], codice=False, indici=[('ID_ElementoPadre',), ('Tipologia',)])
+
+TABELLE = {t.nome: t for t in T}
+
+# The detail tables of the element kinds: kind, table, key, name column.
+DETTAGLI = [
+    ('01', 'Istituti', 'ID_Istituto', 'Denominazione'),
+    ('02', 'ComplessiDoc', 'ID_ComplessoDoc', 'Denominazione'),
+    ('03', 'Inventari', 'ID_Inventario', 'Denominazione'),
+    ('04', 'Versamenti', 'ID_Versamento', None),
+    ('05', 'Pergamene', 'ID_Pergamena', 'Segnatura'),
+    ('06', 'Sigilli', 'ID_Sigillo', 'Identificativo'),
+    ('07', 'DatiInventariali', 'ID_DatoInventariale', 'Titolo'),
+]
+
+# --------------------------------------------------------------------------------------------
+# Dialects
+# --------------------------------------------------------------------------------------------
+
+
+class Dialetto:
+    nome = ''
+
+    def tipo(self, c: Colonna) -> str:
+        raise NotImplementedError
+
+    def min2(self, a, b):
+        raise NotImplementedError
+
+    def max2(self, a, b):
+        raise NotImplementedError
+
+
+class SQLite(Dialetto):
+    nome = 'sqlite'
+
+    def tipo(self, c):
+        t = c.tipo
+        if t == 'id':
+            return 'INTEGER'
+        if t in ('long', 'yyyymmdd', 'flag'):
+            return 'INTEGER'
+        if t == 'num':
+            return 'REAL'
+        if t == 'data':
+            return 'DATETIME'
+        if t == 'memo':
+            return 'TEXT COLLATE NOCASE'
+        if t.startswith('testo:'):
+            return 'VARCHAR(%s) COLLATE NOCASE' % t.split(':')[1]
+        raise ValueError(t)
+
+    def min2(self, a, b):
+        return 'COALESCE(MIN(%s, %s), %s, %s)' % (a, b, a, b)
+
+    def max2(self, a, b):
+        return 'COALESCE(MAX(%s, %s), %s, %s)' % (a, b, a, b)
+
+
+class PostgreSQL(Dialetto):
+    nome = 'postgresql'
+
+    def tipo(self, c):
+        t = c.tipo
+        if t == 'id':
+            return 'INTEGER GENERATED BY DEFAULT AS IDENTITY'
+        if t in ('long', 'yyyymmdd', 'flag'):
+            return 'INTEGER'
+        if t == 'num':
+            return 'DOUBLE PRECISION'
+        if t == 'data':
+            return 'TIMESTAMP'
+        if t == 'memo':
+            return 'TEXT'
+        if t.startswith('testo:'):
+            return 'VARCHAR(%s)' % t.split(':')[1]
+        raise ValueError(t)
+
+    def min2(self, a, b):
+        return 'LEAST(%s, %s)' % (a, b)
+
+    def max2(self, a, b):
+        return 'GREATEST(%s, %s)' % (a, b)
+
+
+# --------------------------------------------------------------------------------------------
+# Trigger statements, written once for both dialects
+# --------------------------------------------------------------------------------------------
+# A statement is one of:
+#   ('sql', text)                       an UPDATE or DELETE, the same on both servers
+#   ('insert', table, {col: expr}, cond) an INSERT ... SELECT of one row, its key generated
+#   ('rifiuta', cond, message)          abort the statement with a message when cond holds
+# In texts, {MIN2(a|b)} and {MAX2(a|b)} stand for the lesser and greater of two values that
+# may be Null.
+
+
+@dataclass
+class Trigger:
+    nome: str
+    tabella: str
+    momento: str  # 'AFTER' or 'BEFORE'
+    evento: str  # 'INSERT', 'DELETE', 'UPDATE'
+    istruzioni: list
+    colonne: tuple[str, ...] = ()  # UPDATE OF
+    condizione: str | None = None  # on OLD/NEW only
+
+
+TRIGGER: list[Trigger] = []
+
+
+def trigger(nome, tabella, momento, evento, istruzioni, colonne=(), condizione=None):
+    TRIGGER.append(Trigger(nome, tabella, momento, evento, istruzioni, tuple(colonne), condizione))
+
+
+CODICE_SITO = '(SELECT Code FROM Config)'
+PADRE_NEW = '(SELECT ID_ElementoPadre FROM Elementi WHERE ID_Elemento = NEW.ID_Elemento)'
+PADRE_OLD = '(SELECT ID_ElementoPadre FROM Elementi WHERE ID_Elemento = OLD.ID_Elemento)'
+
+# The nearest institute above an element (by its parent): the parent is an institute, or a
+# complesso, inventario or versamento that already knows its institute.
+ISTITUTO_DEL_PADRE = (
+    'COALESCE((SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), '
+    '(SELECT ID_Istituto FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), '
+    '(SELECT ID_Istituto FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre))')
+INVENTARIO_DEL_PADRE = (
+    'COALESCE((SELECT ID_Inventario FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre), '
+    '(SELECT ID_Inventario FROM DatiInventariali WHERE ID_Elemento = NEW.ID_ElementoPadre), '
+    '(SELECT ID_Inventario FROM Pergamene WHERE ID_Elemento = NEW.ID_ElementoPadre), '
+    '(SELECT ID_Inventario FROM Sigilli WHERE ID_Elemento = NEW.ID_ElementoPadre))')
+DENOM_COMPLETA_DEL_PADRE = (
+    'COALESCE((SELECT DenomCompleta FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), '
+    '(SELECT DenomCompleta FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), '
+    '(SELECT DenomCompleta FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre))')
+
+
+def denom_completa(nome_padre_expr, nome):
+    return "COALESCE(%s || ' > ', '') || %s" % (nome_padre_expr, nome)
+
+
+# The codes of the site's first top-level institute that has one, for producers.
+def isad_sito(colonna):
+    return ('(SELECT I.%s FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento '
+            'WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL '
+            'ORDER BY I.ID_Istituto LIMIT 1)' % colonna)
+
+
+# --- Elementi ------------------------------------------------------------------------------
+
+ist_insert = []
+for tipo, tab, chiave, nome in DETTAGLI:
+    # The detail row takes the element's own key: one detail row per element, so the key is
+    # unique in its table and lies in the site's range whenever the element's does.
+    valori = {chiave: 'NEW.ID_Elemento', 'ID_Elemento': 'NEW.ID_Elemento',
+              'Code': 'COALESCE(NEW.Code, %s)' % CODICE_SITO}
+    if nome:
+        valori[nome] = 'NEW.Denominazione'
+    if tab in ('Istituti', 'ComplessiDoc', 'Inventari'):
+        valori['DenomCompleta'] = denom_completa(DENOM_COMPLETA_DEL_PADRE, 'NEW.Denominazione')
+    if tab in ('ComplessiDoc', 'Inventari', 'Versamenti'):
+        valori['ID_Istituto'] = ISTITUTO_DEL_PADRE
+    if tab == 'ComplessiDoc':
+        valori['ISAD_Nazione'] = "'IT'"
+        valori['ISAD_Codice'] = ('(SELECT ISAD_Codice FROM Istituti WHERE ID_Istituto = %s)'
+                                 % ISTITUTO_DEL_PADRE)
+        valori['ISAD_Sigla'] = ('(SELECT ISAD_Sigla FROM Istituti WHERE ID_Istituto = %s)'
+                                % ISTITUTO_DEL_PADRE)
+    if tab == 'Versamenti':
+        valori['Titolo'] = 'NEW.Denominazione'
+    if tab in ('Pergamene', 'Sigilli', 'DatiInventariali'):
+        valori['ID_Inventario'] = INVENTARIO_DEL_PADRE
+    ist_insert.append(('insert', tab, valori,
+                       "NEW.Tipologia = '%s' AND NOT EXISTS (SELECT 1 FROM %s WHERE ID_Elemento = "
+                       "NEW.ID_Elemento)" % (tipo, tab)))
+
+trigger('Elementi_Inserimento', 'Elementi', 'AFTER', 'INSERT', [
+    ('sql', 'UPDATE Elementi SET Code = %s WHERE ID_Elemento = NEW.ID_Elemento AND Code IS NULL'
+     % CODICE_SITO),
+    ('sql', 'UPDATE Elementi SET Figli = Figli + 1 WHERE ID_Elemento = NEW.ID_ElementoPadre'),
+] + ist_insert)
+
+trigger('Elementi_FigliPresenti', 'Elementi', 'BEFORE', 'DELETE', [
+    ('rifiuta', 'EXISTS (SELECT 1 FROM Elementi WHERE ID_ElementoPadre = OLD.ID_Elemento)',
+     "Eliminazione rifiutata: l'elemento ha ancora elementi figli."),
+])
+
+elimina_dettagli = [('sql', 'DELETE FROM %s WHERE ID_Elemento = OLD.ID_Elemento' % tab)
+                    for _, tab, _, _ in DETTAGLI]
+trigger('Elementi_Eliminazione', 'Elementi', 'AFTER', 'DELETE', [
+    ('sql', 'UPDATE Elementi SET Figli = Figli - 1 WHERE ID_Elemento = OLD.ID_ElementoPadre'),
+    ('sql', 'DELETE FROM Links WHERE ID_Elemento = OLD.ID_Elemento OR ID_ElementoLink = '
+     'OLD.ID_Elemento'),
+    ('sql', 'UPDATE PGTraditio SET ID_Elemento = NULL WHERE ID_Elemento = OLD.ID_Elemento'),
+    ('sql', 'UPDATE DatiInventariali SET Id_ElemComplDoc = 0 WHERE Id_ElemComplDoc = OLD.ID_Elemento'),
+] + elimina_dettagli + [
+    # The detail is gone: the parent's carried-up figures no longer count it.
+    ('sql', 'RICALCOLA_PADRE_OLD'),
+])
+
+trigger('Elementi_Padre', 'Elementi', 'AFTER', 'UPDATE', [
+    ('sql', 'UPDATE Elementi SET Figli = Figli - 1 WHERE ID_Elemento = OLD.ID_ElementoPadre'),
+    ('sql', 'UPDATE Elementi SET Figli = Figli + 1 WHERE ID_Elemento = NEW.ID_ElementoPadre'),
+], colonne=['ID_ElementoPadre'],
+    condizione='OLD.ID_ElementoPadre IS DISTINCT FROM NEW.ID_ElementoPadre')
+
+# A versamento has no name column of its own: its title is the element's name.
+trigger('Elementi_Denominazione', 'Elementi', 'AFTER', 'UPDATE', [
+    ('sql', 'UPDATE Versamenti SET Titolo = NEW.Denominazione WHERE ID_Elemento = NEW.ID_Elemento'),
+], colonne=['Denominazione'],
+    condizione="NEW.Tipologia = '04' AND OLD.Denominazione IS DISTINCT FROM NEW.Denominazione")
+
+# --- detail tables ---------------------------------------------------------------------------
+
+RESTI = {
+    'Istituti': [
+        'UPDATE ComplessiDoc SET ID_IstitutoSede = NULL WHERE ID_IstitutoSede = OLD.ID_Istituto',
+        'UPDATE ComplessiDoc SET ID_IstitutoMag = NULL WHERE ID_IstitutoMag = OLD.ID_Istituto',
+        'UPDATE Inventari SET ID_IstitutoSede = NULL WHERE ID_IstitutoSede = OLD.ID_Istituto',
+        'UPDATE Inventari SET ID_IstitutoMag = NULL WHERE ID_IstitutoMag = OLD.ID_Istituto',
+    ],
+    'ComplessiDoc': [
+        'DELETE FROM ComplessiDocDenominazioni WHERE ID_ComplessoDoc = OLD.ID_ComplessoDoc',
+        'DELETE FROM ComplessiDocSoggetti WHERE ID_ComplessoDoc = OLD.ID_ComplessoDoc',
+        'UPDATE RigheVersamento SET ID_ComplessoDoc = 0 WHERE ID_ComplessoDoc = OLD.ID_ComplessoDoc',
+        'UPDATE Istituti SET NumeroComplessi = NumeroComplessi - 1 WHERE ID_Istituto = OLD.ID_Istituto',
+    ],
+    'Inventari': [
+        'DELETE FROM InventariDenominazioni WHERE ID_Inventario = OLD.ID_Inventario',
+        'UPDATE Istituti SET NumeroInventari = NumeroInventari - 1 WHERE ID_Istituto = OLD.ID_Istituto',
+    ],
+    'Versamenti': ['DELETE FROM RigheVersamento WHERE ID_Versamento = OLD.ID_Versamento'],
+    'Pergamene': [
+        'DELETE FROM %s WHERE ID_Pergamena = OLD.ID_Pergamena' % t
+        for t in ('PGSupporti', 'PGTraditio', 'PGEleGrafici', 'PGNoteStoriche', 'PGNotazioni',
+                  'PGAltreSegnature', 'PGAntroponimi', 'PGToponimi', 'PGSigilli')
+    ] + ['UPDATE Inventari SET NumeroPergamene = NumeroPergamene - 1 '
+         'WHERE ID_Inventario = OLD.ID_Inventario'],
+    'Sigilli': [
+        'DELETE FROM SGTipo WHERE ID_Sigillo = OLD.ID_Sigillo',
+        'DELETE FROM SGTitolari WHERE ID_Sigillo = OLD.ID_Sigillo',
+        'DELETE FROM PGSigilli WHERE ID_Sigillo = OLD.ID_Sigillo',
+        'UPDATE Inventari SET NumeroSigilli = NumeroSigilli - 1 WHERE ID_Inventario = OLD.ID_Inventario',
+    ],
+    'DatiInventariali': [
+        'DELETE FROM %s WHERE ID_DatoInventariale = OLD.ID_DatoInventariale' % t
+        for t in ('DICoseNotevoli', 'DIAntroponimi', 'DIToponimi', 'DatiInventarialiSoggetti')
+    ] + ['UPDATE Inventari SET NumeroDatiInventariali = NumeroDatiInventariali - 1 '
+         'WHERE ID_Inventario = OLD.ID_Inventario'],
+}
+
+CONTATORI_INSERIMENTO = {
+    'ComplessiDoc': 'UPDATE Istituti SET NumeroComplessi = NumeroComplessi + 1 WHERE ID_Istituto = NEW.ID_Istituto',
+    'Inventari': 'UPDATE Istituti SET NumeroInventari = NumeroInventari + 1 WHERE ID_Istituto = NEW.ID_Istituto',
+    'Pergamene': 'UPDATE Inventari SET NumeroPergamene = NumeroPergamene + 1 WHERE ID_Inventario = NEW.ID_Inventario',
+    'Sigilli': 'UPDATE Inventari SET NumeroSigilli = NumeroSigilli + 1 WHERE ID_Inventario = NEW.ID_Inventario',
+    'DatiInventariali': 'UPDATE Inventari SET NumeroDatiInventariali = NumeroDatiInventariali + 1 WHERE ID_Inventario = NEW.ID_Inventario',
+}
+CONTATORI_SPOSTAMENTO = {
+    'ComplessiDoc': ('Istituti', 'NumeroComplessi', 'ID_Istituto'),
+    'Inventari': ('Istituti', 'NumeroInventari', 'ID_Istituto'),
+    'Pergamene': ('Inventari', 'NumeroPergamene', 'ID_Inventario'),
+    'Sigilli': ('Inventari', 'NumeroSigilli', 'ID_Inventario'),
+    'DatiInventariali': ('Inventari', 'NumeroDatiInventariali', 'ID_Inventario'),
+}
+
+# The carried-up figures of a complesso's parent, from its direct child complessi, in one
+# pass over the children.
+RICALCOLA_PADRE = (
+    'UPDATE ComplessiDoc SET (QuantitaFigli, MetriLineariFigli, ValoreFigli, DataInizioFigli, '
+    'DataFineFigli) = (SELECT '
+    'COALESCE(SUM(COALESCE(F.Quantita, 0) + COALESCE(F.QuantitaFigli, 0)), 0), '
+    'COALESCE(SUM(COALESCE(F.MetriLineari, 0) + COALESCE(F.MetriLineariFigli, 0)), 0), '
+    'COALESCE(SUM(COALESCE(F.Valore, 0) + COALESCE(F.ValoreFigli, 0)), 0), '
+    '{MIN2(MIN(F.DataInizio)|MIN(F.DataInizioFigli))}, '
+    '{MAX2(MAX(F.DataFine)|MAX(F.DataFineFigli))} '
+    'FROM Elementi E JOIN ComplessiDoc F ON F.ID_Elemento = E.ID_Elemento '
+    'WHERE E.ID_ElementoPadre = ComplessiDoc.ID_Elemento) '
+    'WHERE ID_Elemento = %s')
+FIGURE = ['Quantita', 'QuantitaFigli', 'MetriLineari', 'MetriLineariFigli', 'Valore', 'ValoreFigli',
+          'DataInizio', 'DataFine', 'DataInizioFigli', 'DataFineFigli']
+K = ['Quantita', 'KConservazione', 'KPeriodo', 'KSupporto', 'KRilevanza', 'KRarita']
+VALORE = ' * '.join('COALESCE(%s, 0)' % k for k in K)
+
+for tr in TRIGGER:
+    tr.istruzioni = [(('sql', RICALCOLA_PADRE % 'OLD.ID_ElementoPadre')
+                      if i == ('sql', 'RICALCOLA_PADRE_OLD') else i) for i in tr.istruzioni]
+
+for tipo, tab, chiave, nome in DETTAGLI:
+    # Deleting a detail row takes its element, its links and what hangs on it.
+    istruzioni = []
+    if tab == 'ComplessiDoc':
+        istruzioni.append(('sql', RICALCOLA_PADRE % PADRE_OLD))
+    istruzioni += [('sql', s) for s in RESTI.get(tab, [])]
+    istruzioni += [
+        ('sql', 'DELETE FROM Links WHERE ID_Elemento = OLD.ID_Elemento OR ID_ElementoLink = '
+         'OLD.ID_Elemento'),
+        ('sql', 'DELETE FROM Elementi WHERE ID_Elemento = OLD.ID_Elemento'),
+    ]
+    trigger('%s_Eliminazione' % tab, tab, 'AFTER', 'DELETE', istruzioni)
+
+    if tab in CONTATORI_INSERIMENTO:
+        trigger('%s_Inserimento' % tab, tab, 'AFTER', 'INSERT',
+                [('sql', CONTATORI_INSERIMENTO[tab])])
+        padre, contatore, colonna = CONTATORI_SPOSTAMENTO[tab]
+        trigger('%s_Spostamento' % tab, tab, 'AFTER', 'UPDATE', [
+            ('sql', 'UPDATE %s SET %s = %s - 1 WHERE %s = OLD.%s' % (padre, contatore, contatore, colonna, colonna)),
+            ('sql', 'UPDATE %s SET %s = %s + 1 WHERE %s = NEW.%s' % (padre, contatore, contatore, colonna, colonna)),
+        ], colonne=[colonna], condizione='OLD.%s IS DISTINCT FROM NEW.%s' % (colonna, colonna))
+
+    if nome:
+        # The element's name follows the detail's.
+        istruzioni = [('sql', 'UPDATE Elementi SET Denominazione = COALESCE(NEW.%s, \'\') '
+                       'WHERE ID_Elemento = NEW.ID_Elemento' % nome)]
+        if tab in ('Istituti', 'ComplessiDoc', 'Inventari'):
+            istruzioni.append(('sql', 'UPDATE %s SET DenomCompleta = %s WHERE ID_Elemento = '
+                               'NEW.ID_Elemento' % (tab, denom_completa(
+                                   DENOM_COMPLETA_DEL_PADRE.replace('NEW.ID_ElementoPadre', PADRE_NEW),
+                                   'NEW.Denominazione'))))
+        trigger('%s_Nome' % tab, tab, 'AFTER', 'UPDATE', istruzioni, colonne=[nome],
+                condizione='OLD.%s IS DISTINCT FROM NEW.%s' % (nome, nome))
+
+# The full names of the sons follow their parent's.
+for tab in ('Istituti', 'ComplessiDoc', 'Inventari'):
+    trigger('%s_DenomCompleta' % tab, tab, 'AFTER', 'UPDATE', [
+        ('sql', "UPDATE %s SET DenomCompleta = COALESCE(NEW.DenomCompleta || ' > ', '') || "
+         "Denominazione WHERE ID_Elemento IN (SELECT ID_Elemento FROM Elementi WHERE "
+         "ID_ElementoPadre = NEW.ID_Elemento)" % figlio)
+        for figlio in ('Istituti', 'ComplessiDoc', 'Inventari')
+    ], colonne=['DenomCompleta'], condizione='OLD.DenomCompleta IS DISTINCT FROM NEW.DenomCompleta')
+
+trigger('Istituti_Codici', 'Istituti', 'AFTER', 'UPDATE', [
+    ('sql', 'UPDATE ComplessiDoc SET ISAD_Codice = NEW.ISAD_Codice, ISAD_Sigla = NEW.ISAD_Sigla '
+     'WHERE ID_Istituto = NEW.ID_Istituto'),
+], colonne=['ISAD_Codice', 'ISAD_Sigla'],
+    condizione='OLD.ISAD_Codice IS DISTINCT FROM NEW.ISAD_Codice OR OLD.ISAD_Sigla IS DISTINCT FROM NEW.ISAD_Sigla')
+
+# Worth and carried-up figures of complessi.
+trigger('ComplessiDoc_Valore', 'ComplessiDoc', 'AFTER', 'UPDATE', [
+    ('sql', 'UPDATE ComplessiDoc SET Valore = %s WHERE ID_ComplessoDoc = NEW.ID_ComplessoDoc' % VALORE),
+], colonne=K, condizione=' OR '.join('OLD.%s IS DISTINCT FROM NEW.%s' % (k, k) for k in K))
+trigger('ComplessiDoc_Riporto', 'ComplessiDoc', 'AFTER', 'UPDATE', [
+    ('sql', RICALCOLA_PADRE % PADRE_NEW),
+], colonne=FIGURE, condizione=' OR '.join('OLD.%s IS DISTINCT FROM NEW.%s' % (f, f) for f in FIGURE))
+# A new complesso brings its figures to its parent (an import, say, gives them at once).
+trigger('ComplessiDoc_Riporto_Nuovo', 'ComplessiDoc', 'AFTER', 'INSERT', [
+    ('sql', 'UPDATE ComplessiDoc SET Valore = %s WHERE ID_ComplessoDoc = NEW.ID_ComplessoDoc '
+     'AND Valore IS DISTINCT FROM %s' % (VALORE, VALORE)),
+    ('sql', RICALCOLA_PADRE % PADRE_NEW),
+], condizione=' OR '.join('COALESCE(NEW.%s, 0) <> 0' % f for f in FIGURE + K[1:]))
+
+# --- Links counters --------------------------------------------------------------------------
+
+TIPO = "(SELECT Tipologia FROM Elementi WHERE ID_Elemento = %s)"
+for evento, riga, segno in (('INSERT', 'NEW', '+'), ('DELETE', 'OLD', '-')):
+    trigger('Links_%s' % ('Inserimento' if evento == 'INSERT' else 'Eliminazione'), 'Links', 'AFTER', evento, [
+        ('sql', "UPDATE ComplessiDoc SET NumeroInventari = NumeroInventari %s 1 WHERE ID_Elemento = "
+         "%s.ID_Elemento AND %s = '03'" % (segno, riga, TIPO % ('%s.ID_ElementoLink' % riga))),
+        ('sql', "UPDATE Inventari SET NumeroComplessi = NumeroComplessi %s 1 WHERE ID_Elemento = "
+         "%s.ID_ElementoLink AND %s = '02'" % (segno, riga, TIPO % ('%s.ID_Elemento' % riga))),
+    ])
+
+# --- producers -------------------------------------------------------------------------------
+
+PRODUTTORI = [('P', 'Persone', 'ID_Persona', 'Nome', 'PersoneDenominazioni'),
+              ('F', 'Famiglie', 'ID_Famiglia', 'Nome', 'FamiglieDenominazioni'),
+              ('E', 'Enti', 'ID_Ente', 'Denominazione', 'EntiDenominazioni')]
+trigger('Soggetti_Inserimento', 'Soggetti', 'AFTER', 'INSERT', [
+    ('insert', tab, {chiave: 'NEW.ID_Soggetto', 'ID_Soggetto': 'NEW.ID_Soggetto', nome: 'NEW.Denominazione',
+                     'Code': 'COALESCE(NEW.Code, %s)' % CODICE_SITO, 'ISAD_Nazione': "'IT'",
+                     'ISAD_Codice': isad_sito('ISAD_Codice'), 'ISAD_Sigla': isad_sito('ISAD_Sigla')},
+     "NEW.TipoSoggetto = '%s' AND NOT EXISTS (SELECT 1 FROM %s WHERE ID_Soggetto = NEW.ID_Soggetto)"
+     % (tipo, tab))
+    for tipo, tab, chiave, nome, _ in PRODUTTORI
+])
+trigger('Soggetti_Eliminazione', 'Soggetti', 'AFTER', 'DELETE',
+        [('sql', 'DELETE FROM %s WHERE ID_Soggetto = OLD.ID_Soggetto' % tab)
+         for _, tab, _, _, _ in PRODUTTORI] +
+        [('sql', 'DELETE FROM ComplessiDocSoggetti WHERE ID_Soggetto = OLD.ID_Soggetto'),
+         ('sql', 'DELETE FROM DatiInventarialiSoggetti WHERE ID_Soggetto = OLD.ID_Soggetto')])
+for tipo, tab, chiave, nome, altre in PRODUTTORI:
+    trigger('%s_Nome' % tab, tab, 'AFTER', 'UPDATE', [
+        ('sql', "UPDATE Soggetti SET Denominazione = COALESCE(NEW.%s, '') WHERE ID_Soggetto = NEW.ID_Soggetto" % nome),
+    ], colonne=[nome], condizione='OLD.%s IS DISTINCT FROM NEW.%s' % (nome, nome))
+    trigger('%s_Codici' % tab, tab, 'AFTER', 'UPDATE', [
+        ('sql', "UPDATE %s SET ISAD_Nazione = 'IT', ISAD_Codice = %s, ISAD_Sigla = %s WHERE %s = NEW.%s"
+         % (tab, isad_sito('ISAD_Codice'), isad_sito('ISAD_Sigla'), chiave, chiave)),
+    ], colonne=[nome], condizione='NEW.ISAD_Codice IS NULL')
+    trigger('%s_Eliminazione' % tab, tab, 'AFTER', 'DELETE', [
+        ('sql', 'DELETE FROM %s WHERE %s = OLD.%s' % (altre, chiave, chiave)),
+        ('sql', 'DELETE FROM Soggetti WHERE ID_Soggetto = OLD.ID_Soggetto'),
+    ])
+
+# --- access points ---------------------------------------------------------------------------
+
+for tab, chiave, legami in (('Antroponimi', 'ID_Antroponimo', ('PGAntroponimi', 'DIAntroponimi')),
+                            ('Toponimi', 'ID_Toponimo', ('PGToponimi', 'DIToponimi')),
+                            ('Titolari', 'ID_Titolare', ('SGTitolari',))):
+    trigger('%s_Eliminazione' % tab, tab, 'AFTER', 'DELETE',
+            [('sql', 'DELETE FROM %s WHERE %s = OLD.%s' % (l, chiave, chiave)) for l in legami])
+
+# --- Code from the site ----------------------------------------------------------------------
+# Rows that the program inserts directly get the site's code when they bring none. (Detail and
+# kind rows made by triggers get it in their insert.)
+for t in T:
+    if not t.codice or t.nome in ('Elementi',) or t.nome in [d[1] for d in DETTAGLI] \
+            or t.nome in [p[1] for p in PRODUTTORI] or t.nome in ('PGSupporti', 'PGTraditio',
+                                                                   'PGEleGrafici', 'PGNoteStoriche', 'SGTipo'):
+        continue
+    condizione_riga = ' AND '.join('%s = NEW.%s' % (k, k) for k in t.chiave)
+    trigger('%s_Codice' % t.nome, t.nome, 'AFTER', 'INSERT', [
+        ('sql', 'UPDATE %s SET Code = %s WHERE %s' % (t.nome, CODICE_SITO, condizione_riga)),
+    ], condizione='NEW.Code IS NULL')
+
+# The four rows of a parchment and the row of a seal.
+trigger('Pergamene_Righe', 'Pergamene', 'AFTER', 'INSERT', [
+    ('insert', t, {'ID_Pergamena': 'NEW.ID_Pergamena', 'Code': 'NEW.Code'},
+     'NOT EXISTS (SELECT 1 FROM %s WHERE ID_Pergamena = NEW.ID_Pergamena)' % t)
+    for t in ('PGSupporti', 'PGTraditio', 'PGEleGrafici', 'PGNoteStoriche')
+])
+trigger('Sigilli_Righe', 'Sigilli', 'AFTER', 'INSERT', [
+    ('insert', 'SGTipo', {'ID_Sigillo': 'NEW.ID_Sigillo', 'Code': 'NEW.Code'},
+     'NOT EXISTS (SELECT 1 FROM SGTipo WHERE ID_Sigillo = NEW.ID_Sigillo)'),
+])
+
+# --------------------------------------------------------------------------------------------
+# Views
+# --------------------------------------------------------------------------------------------
+
+
+def ordinamento_numerico(d: Dialetto, espressione: str) -> str:
+    if d.nome == 'sqlite':
+        return ("CASE WHEN TRIM(%s) <> '' AND TRIM(%s) NOT GLOB '*[^0-9]*' "
+                "THEN CAST(TRIM(%s) AS INTEGER) END" % (espressione, espressione, espressione))
+    return "CASE WHEN BTRIM(%s) ~ '^[0-9]+$' THEN CAST(BTRIM(%s) AS INTEGER) END" % (
+        espressione, espressione)
+
+
+def colonne_prefisso(alias, prefisso, tabella, escluse=()):
+    return ['%s.%s AS %s_%s' % (alias, c.nome, prefisso, c.nome) for c in TABELLE[tabella].colonne
+            if c.nome not in escluse]
+
+
+def viste(d: Dialetto) -> list[str]:
+    elem = colonne_prefisso('E', 'ELEM', 'Elementi')
+    ist = colonne_prefisso('IST', 'IST', 'Istituti')
+    cd = colonne_prefisso('CD', 'CD', 'ComplessiDoc')
+    inv = colonne_prefisso('INV', 'INV', 'Inventari')
+    dati = colonne_prefisso('DI', 'DATIINV', 'DatiInventariali', escluse=('Ordinamento',)) + [
+        '%s AS DATIINV_Ordinamento' % ordinamento_numerico(d, 'DI.Ordinamento')]
+    pg = colonne_prefisso('PG', 'PG', 'Pergamene')
+    sg = colonne_prefisso('SG', 'SG', 'Sigilli')
+    ver = colonne_prefisso('VER', 'VER', 'Versamenti')
+
+    def vista(nome, colonne, corpo):
+        return 'CREATE VIEW %s AS\nSELECT\n    %s\n%s' % (nome, ',\n    '.join(colonne), corpo)
+
+    out = [
+        vista('AlberoGlobale', elem + ist + cd + inv + ver,
+              'FROM Elementi E\n'
+              'LEFT JOIN Istituti IST ON IST.ID_Elemento = E.ID_Elemento\n'
+              'LEFT JOIN ComplessiDoc CD ON CD.ID_Elemento = E.ID_Elemento\n'
+              'LEFT JOIN Inventari INV ON INV.ID_Elemento = E.ID_Elemento\n'
+              'LEFT JOIN Versamenti VER ON VER.ID_Elemento = E.ID_Elemento'),
+        vista('AlberoPergamene', elem + pg + sg,
+              'FROM Elementi E\n'
+              'LEFT JOIN Pergamene PG ON PG.ID_Elemento = E.ID_Elemento\n'
+              'LEFT JOIN Sigilli SG ON SG.ID_Elemento = E.ID_Elemento\n'
+              "WHERE E.Tipologia IN ('05', '06')"),
+        vista('AlberoDatiInventariali', elem + inv + dati + pg + sg,
+              'FROM Elementi E\n'
+              'LEFT JOIN Inventari INV ON INV.ID_Elemento = E.ID_Elemento\n'
+              'LEFT JOIN DatiInventariali DI ON DI.ID_Elemento = E.ID_Elemento\n'
+              'LEFT JOIN Pergamene PG ON PG.ID_Elemento = E.ID_Elemento\n'
+              'LEFT JOIN Sigilli SG ON SG.ID_Elemento = E.ID_Elemento\n'
+              "WHERE E.Tipologia IN ('03', '05', '06', '07')"),
+        vista('v_istituti', elem + ist,
+              'FROM Elementi E\nJOIN Istituti IST ON IST.ID_Elemento = E.ID_Elemento'),
+    ]
+    sog = colonne_prefisso('SOG', 'SOG', 'Soggetti')
+    prs = colonne_prefisso('PRS', 'PRS', 'Persone')
+    fmg = colonne_prefisso('FMG', 'FMG', 'Famiglie')
+    en = colonne_prefisso('EN', 'EN', 'Enti')
+    produttori = ('JOIN Soggetti SOG ON SOG.ID_Soggetto = L.ID_Soggetto\n'
+                  'LEFT JOIN Persone PRS ON PRS.ID_Soggetto = SOG.ID_Soggetto\n'
+                  'LEFT JOIN Famiglie FMG ON FMG.ID_Soggetto = SOG.ID_Soggetto\n'
+                  'LEFT JOIN Enti EN ON EN.ID_Soggetto = SOG.ID_Soggetto')
+    out.append(vista('V_ComplessiDocSoggetti',
+                     ['CD.ID_Elemento AS CD_ID_Elemento', 'CD.ID_ComplessoDoc AS CD_ID_ComplessoDoc',
+                      'CD.Denominazione AS CD_Denominazione'] + sog + prs + fmg + en,
+                     'FROM ComplessiDocSoggetti L\n'
+                     'JOIN ComplessiDoc CD ON CD.ID_ComplessoDoc = L.ID_ComplessoDoc\n' + produttori))
+    out.append(vista('V_DatiInventarialiSoggetti',
+                     ['DI.ID_Elemento AS DI_ID_Elemento',
+                      'DI.ID_DatoInventariale AS DI_ID_DatoInventariale',
+                      'DI.Titolo AS DI_Titolo'] + sog + prs + fmg + en,
+                     'FROM DatiInventarialiSoggetti L\n'
+                     'JOIN DatiInventariali DI ON DI.ID_DatoInventariale = L.ID_DatoInventariale\n'
+                     + produttori))
+    return out
+
+
+# --------------------------------------------------------------------------------------------
+# Writing
+# --------------------------------------------------------------------------------------------
+
+
+def espandi(d: Dialetto, testo: str) -> str:
+    def sostituisci(m):
+        funzione, argomenti = m.group(1), m.group(2)
+        a, b = argomenti.split('|')
+        return d.min2(a, b) if funzione == 'MIN2' else d.max2(a, b)
+
+    # Innermost first: the arguments hold no braces.
+    precedente = None
+    while precedente != testo:
+        precedente = testo
+        testo = re.sub(r'\{(MIN2|MAX2)\(([^{}]*)\)\}', sostituisci, testo)
+    return testo
+
+
+def prossima_chiave(tab: str, chiave: str) -> str:
+    # The greatest key of the range read backwards from the top of the range: one index step,
+    # where MAX() over a range would read the whole range.
+    return ('(SELECT COALESCE((SELECT %s FROM %s WHERE %s BETWEEN (SELECT ID_Start FROM Config) '
+            'AND (SELECT ID_End FROM Config) ORDER BY %s DESC LIMIT 1), '
+            '(SELECT ID_Start FROM Config) - 1) + 1)' % (chiave, tab, chiave, chiave))
+
+
+def istruzione(d: Dialetto, ist) -> str:
+    genere = ist[0]
+    if genere == 'sql':
+        return espandi(d, ist[1]) + ';'
+    if genere == 'rifiuta':
+        cond, messaggio = ist[1], ist[2].replace("'", "''")
+        if d.nome == 'sqlite':
+            return "SELECT RAISE(ABORT, '%s') WHERE %s;" % (messaggio, cond)
+        return "IF %s THEN\n        RAISE EXCEPTION '%s';\n    END IF;" % (cond, messaggio)
+    if genere == 'insert':
+        tab, valori, cond = ist[1], dict(ist[2]), ist[3]
+        chiave = TABELLE[tab].chiave_generata
+        generata = d.nome == 'sqlite' and chiave and chiave not in valori
+        if generata:
+            valori = {chiave: prossima_chiave(tab, chiave), **valori}
+        colonne = ', '.join(valori)
+        espressioni = ', '.join(espandi(d, v) for v in valori.values())
+        testo = 'INSERT INTO %s (%s)\n        SELECT %s\n        WHERE %s;' % (tab, colonne, espressioni, cond)
+        if generata:
+            testo = ("SELECT RAISE(ABORT, 'Intervallo delle chiavi di %s esaurito (Config.ID_End).') "
+                     'WHERE (%s) AND %s > (SELECT ID_End FROM Config);\n    ' % (tab, cond, prossima_chiave(tab, chiave))
+                     + testo)
+        return testo
+    raise ValueError(genere)
+
+
+def crea_tabella(d: Dialetto, t: Tabella) -> str:
+    righe = []
+    for c in t.colonne:
+        riga = '    %s %s' % (c.nome, d.tipo(c))
+        if not c.nullo or c.tipo == 'id':
+            riga += ' NOT NULL'
+        if c.predefinito is not None:
+            riga += ' DEFAULT %s' % c.predefinito
+        righe.append(riga)
+    if t.codice:
+        righe.append('    Code %s' % d.tipo(Colonna('Code', 'testo:10')))
+    righe.append('    PRIMARY KEY (%s)' % ', '.join(t.chiave))
+    testo = 'CREATE TABLE %s (\n%s\n);\n' % (t.nome, ',\n'.join(righe))
+    for i, colonne in enumerate(t.unici):
+        testo += 'CREATE UNIQUE INDEX %s_U%d ON %s (%s);\n' % (t.nome, i + 1, t.nome, ', '.join(colonne))
+    for colonne in t.indici:
+        testo += 'CREATE INDEX %s_%s ON %s (%s);\n' % (t.nome, '_'.join(colonne), t.nome, ', '.join(colonne))
+    return testo
+
+
+def crea_trigger_sqlite(tr: Trigger) -> str:
+    evento = tr.evento
+    if tr.colonne:
+        evento += ' OF ' + ', '.join(tr.colonne)
+    condizione = "NOT EXISTS (SELECT 1 FROM TriggerSospesi WHERE Tabella = '%s')" % tr.tabella
+    if tr.condizione:
+        condizione += ' AND (%s)' % tr.condizione
+    corpo = '\n    '.join(istruzione(SQLite(), i) for i in tr.istruzioni)
+    return 'CREATE TRIGGER %s %s %s ON %s FOR EACH ROW\nWHEN %s\nBEGIN\n    %s\nEND;\n' % (
+        tr.nome, tr.momento, evento, tr.tabella, condizione, corpo)
+
+
+def crea_trigger_pg(tr: Trigger) -> str:
+    evento = tr.evento
+    if tr.colonne:
+        evento += ' OF ' + ', '.join(tr.colonne)
+    corpo = '\n    '.join(istruzione(PostgreSQL(), i) for i in tr.istruzioni)
+    if tr.condizione:
+        corpo = 'IF %s THEN\n    %s\n    END IF;' % (tr.condizione, corpo.replace('\n', '\n    '))
+    ritorno = 'OLD' if tr.momento == 'BEFORE' else 'NULL'
+    funzione = 'tabellion_%s' % tr.nome.lower()
+    return ('CREATE FUNCTION %s() RETURNS trigger LANGUAGE plpgsql AS $$\nBEGIN\n    %s\n'
+            '    RETURN %s;\nEND\n$$;\n'
+            'CREATE TRIGGER %s %s %s ON %s FOR EACH ROW EXECUTE FUNCTION %s();\n') % (
+        funzione, corpo, ritorno, tr.nome, tr.momento, evento, tr.tabella, funzione)
+
+
+def intestazione(d: Dialetto) -> str:
+    decisioni = __doc__.split('Decisions kept here')[1].split('\n', 1)[1].strip()
+    return ('-- Tabellion Archivista: the schema of a site\'s database on %s, version 3.2 and later.\n'
+            '-- Written by db/genera_schema.py: change that file and run it again, not this one.\n'
+            '-- Run on an empty database, e.g.:\n'
+            '--   tabellion-sql --crea -U utente -P password -S server -d NomeDatabase -i schema.sql\n'
+            '-- Names are unquoted, so any spelling of a table or column reaches it.\n--\n'
+            '-- Decisions:\n%s\n\n') % (
+        'SQLite' if d.nome == 'sqlite' else 'PostgreSQL',
+        '\n'.join('-- ' + riga if riga else '--' for riga in decisioni.splitlines()))
+
+
+ALLINEA_PG = r'''
+-- Bounds every identity sequence to the site's key range and puts it past the keys already in
+-- that range. Called at the end of this script, after an import and when the range changes.
+CREATE FUNCTION tabellion_allinea_chiavi() RETURNS void LANGUAGE plpgsql AS $$
+DECLARE
+    colonna record;
+    inizio integer;
+    fine integer;
+    massimo integer;
+BEGIN
+    SELECT ID_Start, ID_End INTO inizio, fine FROM Config LIMIT 1;
+    IF inizio IS NULL THEN
+        RETURN;
+    END IF;
+    FOR colonna IN
+        SELECT c.table_name, c.column_name FROM information_schema.columns c
+        WHERE c.table_schema = current_schema() AND c.is_identity = 'YES'
+    LOOP
+        EXECUTE format('SELECT MAX(%I) FROM %I WHERE %I BETWEEN $1 AND $2',
+                       colonna.column_name, colonna.table_name, colonna.column_name)
+            INTO massimo USING inizio, fine;
+        EXECUTE format('ALTER TABLE %I ALTER COLUMN %I SET MINVALUE %s SET MAXVALUE %s '
+                       'SET START WITH %s RESTART WITH %s',
+                       colonna.table_name, colonna.column_name, inizio, fine, inizio,
+                       LEAST(COALESCE(massimo + 1, inizio), fine));
+        IF massimo = fine THEN
+            -- The range is full: the next insert must fail, not reuse a key.
+            EXECUTE format('SELECT setval(pg_get_serial_sequence(%L, %L), %s, true)',
+                           colonna.table_name, colonna.column_name, fine);
+        END IF;
+    END LOOP;
+END
+$$;
+
+CREATE FUNCTION tabellion_config_intervallo() RETURNS trigger LANGUAGE plpgsql AS $$
+BEGIN
+    PERFORM tabellion_allinea_chiavi();
+    RETURN NULL;
+END
+$$;
+CREATE TRIGGER Config_Intervallo AFTER INSERT OR UPDATE OF ID_Start, ID_End ON Config
+    FOR EACH STATEMENT EXECUTE FUNCTION tabellion_config_intervallo();
+'''
+
+
+def scrivi(d: Dialetto, percorso: str):
+    parti = [intestazione(d)]
+    if d.nome == 'sqlite':
+        parti.append('-- The import switches a table\'s triggers off with a row here.\n'
+                     'CREATE TABLE TriggerSospesi (\n    Tabella VARCHAR(64) NOT NULL COLLATE NOCASE PRIMARY KEY\n);\n')
+    for t in T:
+        parti.append(crea_tabella(d, t))
+    parti.append('\n-- Views: one row per element, the details left-joined, every column prefixed.\n')
+    for v in viste(d):
+        parti.append(v + ';\n')
+    parti.append('\n-- The database\'s duties.\n')
+    for tr in TRIGGER:
+        parti.append(crea_trigger_sqlite(tr) if d.nome == 'sqlite' else crea_trigger_pg(tr))
+    if d.nome == 'sqlite':
+        parti.append("\n-- The full-text index of the web index (rebuilt with it).\n"
+                     "CREATE VIRTUAL TABLE IndiceWebTesto USING fts5(Denominazione, DenomCompleta, "
+                     "content='IndiceWeb', content_rowid='ID_Elemento', "
+                     "tokenize='unicode61 remove_diacritics 2');\n")
+    else:
+        parti.append("\n-- The full-text index of the web index (rebuilt with it).\n"
+                     "ALTER TABLE IndiceWeb ADD COLUMN Testo tsvector;\n"
+                     "CREATE INDEX IndiceWeb_Testo ON IndiceWeb USING GIN (Testo);\n")
+    if d.nome == 'postgresql':
+        parti.append(ALLINEA_PG)
+    parti.append("\n-- The site's settings.\n"
+                 "INSERT INTO Config (Code, Descrizione, Versione, ID_Start, ID_End, Valore, DataValore)\n"
+                 "VALUES ('SITO', NULL, 4, 1, 999999999, 0, NULL);\n")
+    with open(percorso, 'w', encoding='utf-8', newline='\n') as f:
+        f.write('\n'.join(parti))
+
+
+if __name__ == '__main__':
+    cartella = os.path.dirname(os.path.abspath(__file__))
+    scrivi(SQLite(), os.path.join(cartella, 'sqlite', 'schema.sql'))
+    scrivi(PostgreSQL(), os.path.join(cartella, 'postgresql', 'schema.sql'))
