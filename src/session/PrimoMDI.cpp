@@ -7,7 +7,11 @@
 #include "LetturaLista.h"
 #include "Piattaforma.h"
 #include "Sessione.h"
+#include "frmBackup.h"
+#include "frmConfig.h"
+#include "frmIdicizWeb.h"
 #include "frmLogin.h"
+#include "frmValore.h"
 #include "store/Connessione.h"
 
 #include <QAction>
@@ -84,6 +88,12 @@ PrimoMDI::PrimoMDI(QWidget* parent)
         asGuide.append(QString());
     }
     CreaMenu();
+    // The maintenance dialogs of the Strumenti menu.
+    RegistraFinestra(QStringLiteral("frmConfig"), [](PrimoMDI* p) { return new frmConfig(p); });
+    RegistraFinestra(QStringLiteral("frmValore"), [](PrimoMDI* p) { return new frmValore(p); });
+    RegistraFinestra(QStringLiteral("frmBackup"), [](PrimoMDI* p) { return new frmBackup(p); });
+    RegistraFinestra(QStringLiteral("frmIdicizWeb"),
+                     [](PrimoMDI* p) { return new frmIdicizWeb(p); });
     // Until the session is open only the help and the entries that need nothing can be chosen.
     for (const char* nome :
          {"mnuComplessiDoc", "mnuInventari", "mnuSoggetti", "mnuRegistro", "mnuStrumenti",
