@@ -1,5 +1,6 @@
 #include "BackendPostgreSQL.h"
 
+#include "ProcedureComuni.h"
 #include "StringaConnessione.h"
 #include "session/Errore.h"
 #include "session/Sessione.h"
@@ -22,45 +23,6 @@ namespace {
 
 const QString Sorgente = QStringLiteral("PostgreSQL");
 
-// The destination of a dump: a file that is not there yet, in a folder that is there. A
-// relative path is taken from the program folder.
-QString DestinazioneCopia(const QString& sDestinazione) {
-    if (sDestinazione.trimmed().isEmpty()) {
-        throw Errore(Sorgente, QStringLiteral("Nessun file indicato per la copia del database."));
-    }
-    const QString percorso =
-        QDir::cleanPath(QDir(Sessione::CartellaProgramma())
-                            .absoluteFilePath(QDir::fromNativeSeparators(sDestinazione)));
-    const QFileInfo file(percorso);
-    if (file.exists() || file.isSymLink()) {
-        throw Errore(Sorgente, QStringLiteral("Il file %1 esiste già: la copia non lo sovrascrive.")
-                                   .arg(QDir::toNativeSeparators(percorso)));
-    }
-    const QFileInfo cartella(file.absolutePath());
-    if (!cartella.exists() || !cartella.isDir()) {
-        throw Errore(Sorgente, QStringLiteral("La cartella %1 non esiste.")
-                                   .arg(QDir::toNativeSeparators(cartella.filePath())));
-    }
-    return percorso;
-}
-
-// An empty file of our own beside the destination, which the dump fills and which takes the
-// destination's name only at the end: a failure leaves nothing behind.
-std::unique_ptr<QTemporaryFile> FileProvvisorio(const QString& sDestinazione) {
-    const QFileInfo file(sDestinazione);
-    auto provvisorio = std::make_unique<QTemporaryFile>(
-        QDir(file.absolutePath())
-            .filePath(QStringLiteral(".") + file.fileName() + QStringLiteral(".XXXXXX")));
-    if (!provvisorio->open()) {
-        throw Errore(Sorgente, QStringLiteral("Impossibile scrivere nella cartella %1: %2")
-                                   .arg(QDir::toNativeSeparators(file.absolutePath()),
-                                        provvisorio->errorString()));
-    }
-    provvisorio->close();
-    return provvisorio;
-}
-
-// pg_dump: the one on the PATH, else the newest of the server's installed versions.
 QString ProgrammaPgDump() {
     const QString sulPercorso = QStandardPaths::findExecutable(QStringLiteral("pg_dump"));
     if (!sulPercorso.isEmpty()) {
@@ -93,9 +55,9 @@ void Esegui(QSqlQuery& query, const QString& sSql) {
 
 void BackendPostgreSQL::Backup(const QSqlDatabase& db, const StringaConnessione& stringa,
                                const QString& sDestinazione) const {
-    const QString destinazione = DestinazioneCopia(sDestinazione);
+    const QString destinazione = DestinazioneCopia(sDestinazione, Sorgente);
     const QString programma = ProgrammaPgDump();
-    const std::unique_ptr<QTemporaryFile> provvisorio = FileProvvisorio(destinazione);
+    const std::unique_ptr<QTemporaryFile> provvisorio = FileProvvisorio(destinazione, Sorgente);
 
     // The same server, database and login as the connection; the password goes by the
     // environment, never on the command line.
@@ -146,37 +108,7 @@ void BackendPostgreSQL::IndiceWeb(const QSqlDatabase& db, const QString& sLingua
     QSqlQuery testo(conDb);
     try {
         Esegui(query, QStringLiteral("DELETE FROM IndiceWeb"));
-        // The published elements whose ancestors are all published: from the published ones at
-        // the top down through published children only.
-        Esegui(query,
-               QStringLiteral(
-                   "INSERT INTO IndiceWeb (ID_Elemento, ID_ElementoPadre, Tipologia, "
-                   "Denominazione, DenomCompleta, DataInizio, DataFine) "
-                   "WITH RECURSIVE Pubblicati (ID_Elemento) AS ("
-                   " SELECT E.ID_Elemento FROM Elementi E"
-                   " WHERE UPPER(E.Pubblicato) = 'S' AND (E.ID_ElementoPadre IS NULL OR NOT "
-                   "EXISTS (SELECT 1 FROM Elementi P WHERE P.ID_Elemento = E.ID_ElementoPadre))"
-                   " UNION"
-                   " SELECT F.ID_Elemento FROM Elementi F"
-                   " INNER JOIN Pubblicati A ON F.ID_ElementoPadre = A.ID_Elemento"
-                   " WHERE UPPER(F.Pubblicato) = 'S')"
-                   " SELECT E.ID_Elemento, E.ID_ElementoPadre, E.Tipologia, E.Denominazione,"
-                   " COALESCE(I.DenomCompleta, C.DenomCompleta, V.DenomCompleta, "
-                   "E.Denominazione),"
-                   " COALESCE(NULLIF(C.DataInizio, 0), NULLIF(D.DataInizio, 0), "
-                   "NULLIF(G.DataCronicaInizio, 0), NULLIF(S.DataInizio, 0), "
-                   "NULLIF(V.AnnoInizio, 0) * 10000 + 101),"
-                   " COALESCE(NULLIF(C.DataFine, 0), NULLIF(D.DataFine, 0), "
-                   "NULLIF(G.DataCronicaFine, 0), NULLIF(S.DataFine, 0), "
-                   "NULLIF(V.AnnoFine, 0) * 10000 + 1231)"
-                   " FROM Pubblicati A"
-                   " INNER JOIN Elementi E ON E.ID_Elemento = A.ID_Elemento"
-                   " LEFT JOIN Istituti I ON I.ID_Elemento = E.ID_Elemento"
-                   " LEFT JOIN ComplessiDoc C ON C.ID_Elemento = E.ID_Elemento"
-                   " LEFT JOIN Inventari V ON V.ID_Elemento = E.ID_Elemento"
-                   " LEFT JOIN DatiInventariali D ON D.ID_Elemento = E.ID_Elemento"
-                   " LEFT JOIN Pergamene G ON G.ID_Elemento = E.ID_Elemento"
-                   " LEFT JOIN Sigilli S ON S.ID_Elemento = E.ID_Elemento"));
+        Esegui(query, IstruzioneIndiceWeb());
         // The text search document of each row, in the language asked for; a language the
         // server does not know makes it refuse, and nothing of the rebuild stays.
         if (!testo.prepare(QStringLiteral(

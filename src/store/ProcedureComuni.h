@@ -1,0 +1,19 @@
+#pragma once
+
+// What the backup and the web index share on every server.
+
+#include <QString>
+#include <QTemporaryFile>
+#include <memory>
+
+// The destination of a copy: a file that is not there yet, in a folder that is there; a
+// relative path is taken from the program folder. Errore (with the given source) otherwise.
+QString DestinazioneCopia(const QString& sDestinazione, const QString& sSorgente);
+
+// An empty file of our own beside the destination, which the copy fills and which takes the
+// destination's name only at the end: a failure leaves nothing behind.
+std::unique_ptr<QTemporaryFile> FileProvvisorio(const QString& sDestinazione,
+                                                const QString& sSorgente);
+
+// The statement that fills IndiceWeb (after it has been emptied) from the published elements.
+QString IstruzioneIndiceWeb();
