@@ -194,6 +194,8 @@ private Q_SLOTS:
     void tabellaConfigMostraLaRigaConLaVersioneDellApplicazione_data();
     void tabellaConfigMostraLaRigaConLaVersioneDellApplicazione();
     void tabellaConfigSenzaConnessioneDaErroreD1();
+    void unaConfigSenzaRigaLasciaIDialoghiVuotiENonScriveNulla_data() { AggiungiBackend(); }
+    void unaConfigSenzaRigaLasciaIDialoghiVuotiENonScriveNulla();
     void leVociDiStrumentiApronoIDialoghiModali();
 
     void ilValoreSiMostraConIlFormatoItaliano();
@@ -500,6 +502,25 @@ void TestManutenzione::unValoreConPuntoDelleMigliaiaEVirgolaSiSalvaComeNumero() 
 
 void TestManutenzione::unaDataVuotaLasciaQuellaSalvata_data() {
     AggiungiBackend();
+}
+
+void TestManutenzione::unaConfigSenzaRigaLasciaIDialoghiVuotiENonScriveNulla() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Apri(backend);
+    Sessione::cnn->Esegui(QStringLiteral("DELETE FROM Config"));
+    {
+        frmConfig dialogo;
+        QCOMPARE(Controllo<QLabel>(&dialogo, QStringLiteral("lblCode"))->text(), QString());
+        QCOMPARE(Controllo<QLabel>(&dialogo, QStringLiteral("lblVersione"))->text(), QString());
+    }
+    frmValore dialogo;
+    QCOMPARE(Controllo<QLineEdit>(&dialogo, QStringLiteral("txtValore"))->text(), QString());
+    Controllo<QPushButton>(&dialogo, QStringLiteral("cmdCambiaV"))->click();
+    Controllo<QLineEdit>(&dialogo, QStringLiteral("txtValore"))->setText(QStringLiteral("2,5"));
+    Controllo<QPushButton>(&dialogo, QStringLiteral("cmdConferma"))->click();
+    QVERIFY(seam->Messaggi().isEmpty());
+    QCOMPARE(Valore(*Sessione::cnn, QStringLiteral("SELECT COUNT(*) FROM Config")).toInt(), 0);
 }
 
 void TestManutenzione::unaDataVuotaLasciaQuellaSalvata() {
