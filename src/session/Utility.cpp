@@ -48,3 +48,39 @@ QString EstremiFamiglia(const QString& sLuogo, const QString& sDate) {
            (date.startsWith(QLatin1Char('(')) ? QStringLiteral(" ") : QStringLiteral(" (")) + date +
            (date.endsWith(QLatin1Char(')')) ? QString() : QStringLiteral(")"));
 }
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QWidget>
+
+namespace {
+
+// What locking does to one control: nothing for the kinds it does not know (labels, buttons).
+void ImpostaBlocco(QWidget* controllo, bool bBlocca) {
+    if (auto* multiRiga = qobject_cast<QPlainTextEdit*>(controllo)) {
+        multiRiga->setEnabled(true);
+        multiRiga->setReadOnly(bBlocca);
+        return;
+    }
+    if (qobject_cast<QLineEdit*>(controllo) != nullptr ||
+        qobject_cast<QComboBox*>(controllo) != nullptr ||
+        qobject_cast<QCheckBox*>(controllo) != nullptr ||
+        qobject_cast<QDateTimeEdit*>(controllo) != nullptr) {
+        controllo->setEnabled(!bBlocca);
+    }
+}
+
+} // namespace
+
+void BloccaControlli(const QList<QWidget*>& controlli) {
+    for (QWidget* controllo : controlli)
+        ImpostaBlocco(controllo, true);
+}
+
+void SbloccaControlli(const QList<QWidget*>& controlli) {
+    for (QWidget* controllo : controlli)
+        ImpostaBlocco(controllo, false);
+}

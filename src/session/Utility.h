@@ -6,3 +6,14 @@
 QString EstremiPersona(const QString& a, const QString& b, const QString& c, const QString& d);
 QString EstremiEnte(const QString& sLuogo, const QString& sDate);
 QString EstremiFamiglia(const QString& sLuogo, const QString& sDate);
+
+#include <QList>
+
+class QWidget;
+
+// Locks the controls of a record editor: a multi-line text box stays enabled and becomes
+// read-only (it can still be scrolled and read); a single-line text box, a combo, a check box
+// and a date picker are disabled. Other controls are left as they are.
+void BloccaControlli(const QList<QWidget*>& controlli);
+// Undoes BloccaControlli: multi-line text boxes writable again, the others enabled.
+void SbloccaControlli(const QList<QWidget*>& controlli);

@@ -1,0 +1,141 @@
+#pragma once
+
+// What every record editor shares: the public operations in their fixed order, the lookup
+// lists, the codes between combo and column, the mandatory-field walk, locking and
+// unlocking, clearing, the colours of the child-list buttons, the publishing rule and the
+// format of the money values.
+//
+// The controls of an editor are registered in the order of the design with Registra: that
+// order is the order of the mandatory walk. A control's mandatory message lies in its dynamic
+// property "Tag" ("" or none: not mandatory). Text boxes are QLineEdit (single line) and
+// QPlainTextEdit (multi-line); list combos and data combos are QComboBox (a data combo has the
+// dynamic property "ComboDati" true); check boxes QCheckBox; date pickers QDateEdit.
+
+#include <QList>
+#include <QString>
+#include <QVariant>
+#include <QWidget>
+#include <initializer_list>
+
+class QAbstractButton;
+class QCheckBox;
+class QComboBox;
+class QDateEdit;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+
+class EditoreRecord : public QWidget {
+    Q_OBJECT
+public:
+    explicit EditoreRecord(QWidget* parent = nullptr);
+    ~EditoreRecord() override;
+
+    // The protocol, in the order of its slots.
+    virtual QList<QWidget*> Controls() const;
+    virtual void Init();
+    virtual void Nuovo();
+    virtual void Mostra(long IDElem);
+    virtual void Modifica();
+    virtual bool CheckMandatoryFields();
+    virtual void Salva(long IDElem);
+    virtual void Annulla();
+
+    // The text of the denomination, Text1(0), read by the host before the row exists.
+    virtual QString LeggiDenominazione() const;
+
+    // The message of the mandatory walk for a field left as the placeholder.
+    static const QString InserireValore; // "<<Inserire valore>>"
+
+    // --- Lookup lists --------------------------------------------------------------------
+    // Appends the records of a lookup file of the program folder ("TipologiaIST.txt") to the
+    // combo: the code (the number in the first two characters) in the item data, the text
+    // from the third character. A missing file raises Errore, which no handler takes.
+    static void CaricaLista(QComboBox* cmb, const QString& sFile);
+    // The same for the lists with a one-character code (TipoInventario.txt): the character's
+    // code in the item data, the text from the second character.
+    static void CaricaListaUnCarattere(QComboBox* cmb, const QString& sFile);
+    // The walk of the Cerca... operations: the first entry whose item data equals the number
+    // of the code; its text ("" if none) or its index (-1 if none).
+    static QString CercaTesto(const QComboBox* cmb, const QString& sCodice);
+    static int CercaIndice(const QComboBox* cmb, const QString& sCodice);
+    // The combo's text assigned: the first entry with that text, or none for "" or a text
+    // that is not in the list.
+    static void ImpostaTesto(QComboBox* cmb, const QString& sTesto);
+    // The code of the chosen entry as the column holds it: two digits, Null if none chosen.
+    static QVariant CodiceDueCifre(const QComboBox* cmb);
+    // The bound text of a data combo: the item data of the chosen entry, "" if none.
+    static QString TestoLegato(const QComboBox* cmb);
+
+    // --- Money values --------------------------------------------------------------------
+    // The format "#,#.00;;#" by Italian rules: thousands points, comma and two decimals;
+    // nothing for a negative value and nothing for zero.
+    static QString FormatoValore(double valore);
+
+    // --- Child-list buttons ----------------------------------------------------------------
+    // The button of a child list: the window's colour if the list has rows, the button face if
+    // not (a light button is a list with contents).
+    static void ColoraPulsante(QAbstractButton* pulsante, bool bHaRighe);
+
+    // --- Existence tests -------------------------------------------------------------------
+    // True if the statement (values bound) gives no row.
+    static bool NessunaRiga(const QString& sSql, std::initializer_list<QVariant> valori);
+    // Figli of the row of Elementi (0 if the row is missing).
+    static long FigliElemento(long lIdElemento);
+
+protected:
+    // The controls in the order of the design.
+    void Registra(QWidget* controllo);
+    // A button that opens a child dialog: enabled while a record is shown, disabled while one
+    // is edited.
+    void RegistraPulsanteFiglio(QAbstractButton* pulsante);
+    // A text box that the design keeps read-only even while editing.
+    void RegistraSoloLettura(QWidget* controllo);
+
+    // Controls made in code with their names and Tags.
+    QLineEdit* NuovoTesto(int indice, int iMax, const QString& sTag = QString());
+    QPlainTextEdit* NuovoTestoMultiRiga(int indice, int iMax, const QString& sTag = QString());
+    QLabel* NuovaEtichetta(int indice, const QString& sTesto);
+    QComboBox* NuovaCombo(const QString& sNome, const QString& sTag = QString(),
+                          bool bDati = false);
+    QCheckBox* NuovaCasella(const QString& sNome, const QString& sTag = QString());
+    QDateEdit* NuovaData(const QString& sNome, const QString& sTag = QString());
+
+    // Text1(n) and Label1(n) by index (nullptr if the editor has none).
+    QWidget* Testo(int indice) const;
+    QLabel* Etichetta(int indice) const;
+    // The text of a text box (single or multi-line) and its assignment.
+    static QString TestoDi(const QWidget* controllo);
+    static void ImpostaTestoDi(QWidget* controllo, const QString& sTesto);
+
+    // Locks the controls, enables the child-dialog buttons.
+    void BloccaCampi();
+    // Unlocks the controls, disables the child-dialog buttons and the read-only boxes, gives
+    // the focus to Text1(0).
+    void SbloccaCampi();
+    // Text boxes "", check boxes off, combos without a choice, date pickers today.
+    void Pulisci();
+
+    // Step 1 of Salva: the row of Elementi gets Pubblicato "S" or "N" from the check box
+    // and, where the record has them, DataRedazione and Redattore. Nothing if the row is
+    // missing.
+    static void SalvaElemento(long lIdElemento, const QCheckBox* chkPubblica,
+                              const QDateEdit* dtpRedazione = nullptr,
+                              const QWidget* txtRedattore = nullptr);
+
+    // The publishing rule, for the click handler of a chkPubblica... box: when it has just
+    // been ticked and the parent's Pubblicato is "N", the message titled "Attenzione" and the
+    // box unticked. A database error gives the box titled with the handler's code.
+    static void ControllaPubblicazione(QCheckBox* chkPubblica, long lIdPadre,
+                                       const QString& sMessaggio, const QString& sCodiceErrore);
+
+    // Mostra's reading of the row of Elementi: the parent's id (0 if Null) and whether it is
+    // published; false if the row is missing.
+    static bool LeggiElemento(long lIdElemento, long& lIdPadre, bool& bPubblicato);
+
+private:
+    QList<QWidget*> controlli;
+    QList<QAbstractButton*> pulsantiFigli;
+    QList<QWidget*> soloLettura;
+};
