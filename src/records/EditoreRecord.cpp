@@ -26,17 +26,6 @@ namespace {
 
 const char* const Tag = "Tag";
 
-// Trim of the platform: blanks only.
-QString TogliSpazi(const QString& s) {
-    qsizetype inizio = 0;
-    qsizetype fine = s.size();
-    while (inizio < fine && s.at(inizio) == QLatin1Char(' '))
-        ++inizio;
-    while (fine > inizio && s.at(fine - 1) == QLatin1Char(' '))
-        --fine;
-    return s.mid(inizio, fine - inizio);
-}
-
 // The number at the head of a code, as the item data holds it.
 long NumeroCodice(const QString& sCodice) {
     return static_cast<long>(Val(sCodice));
@@ -104,7 +93,7 @@ bool EditoreRecord::CheckMandatoryFields() {
             sTesto = combo->currentText();
         else
             sTesto = casella->text();
-        sTesto = TogliSpazi(sTesto);
+        sTesto = Trim(sTesto);
         if (sTesto.isEmpty() || sTesto == InserireValore) {
             MsgBox(sTag, Pulsanti::Ok, Icona::Informazione, QStringLiteral("Attenzione"));
             if (controllo->isEnabled() && controllo->isVisible())

@@ -31,21 +31,6 @@ QString mezzo(const QString& s, qsizetype inizio, qsizetype n) {
     return s.mid(inizio - 1, n);
 }
 
-// Trim and LTrim of the platform take away blanks only, not tabs or line ends.
-QString togliSpaziASinistra(const QString& s) {
-    qsizetype i = 0;
-    while (i < s.size() && s.at(i) == QLatin1Char(' '))
-        ++i;
-    return s.mid(i);
-}
-
-QString togliSpazi(const QString& s) {
-    qsizetype fine = s.size();
-    while (fine > 0 && s.at(fine - 1) == QLatin1Char(' '))
-        --fine;
-    return togliSpaziASinistra(s.left(fine));
-}
-
 bool eSpazioOTab(QChar c) {
     return c == QLatin1Char(' ') || c == QLatin1Char('\t');
 }
@@ -408,8 +393,8 @@ QString DataDaTesto(const QVariant& vData) {
         return QString();
     if (s.size() < 8)
         s = QString(8 - s.size(), QLatin1Char(' ')) + s;
-    return togliSpazi(destra(s, 2) + QLatin1Char('/') + mezzo(s, 5, 2) + QLatin1Char('/') +
-                      togliSpaziASinistra(sinistra(s, 4)));
+    return Trim(destra(s, 2) + QLatin1Char('/') + mezzo(s, 5, 2) + QLatin1Char('/') +
+                LTrim(sinistra(s, 4)));
 }
 
 QVariant NumeroDaData(const QString& sData) {
@@ -426,7 +411,7 @@ QString AnnoDaData(const QVariant& vData) {
     if (ENull(vData))
         return QString();
     const QString s = testoDi(vData);
-    return togliSpazi(sinistra(s, s.size() == 8 ? 4 : 3));
+    return Trim(sinistra(s, s.size() == 8 ? 4 : 3));
 }
 
 QVariant DataDaAnno(const QString& sAnno, bool bInizio) {
@@ -435,8 +420,7 @@ QVariant DataDaAnno(const QString& sAnno, bool bInizio) {
     QString anno = sAnno;
     if (anno.size() < 4)
         anno = QString(4 - anno.size(), QLatin1Char(' ')) + anno;
-    return QVariant(togliSpaziASinistra(anno) +
-                    (bInizio ? QStringLiteral("0101") : QStringLiteral("1231")));
+    return QVariant(LTrim(anno) + (bInizio ? QStringLiteral("0101") : QStringLiteral("1231")));
 }
 
 QVariant NullSeVuoto(const QVariant& vTesto, const QString& sVuoto) {
@@ -519,4 +503,20 @@ QString NumeroItaliano(double valore, int decimali) {
     if (valore < 0 && !zero)
         risultato.prepend(QLatin1Char('-'));
     return risultato;
+}
+
+QString LTrim(const QString& s) {
+    qsizetype i = 0;
+    while (i < s.size() && s.at(i) == QLatin1Char(' ')) {
+        ++i;
+    }
+    return s.mid(i);
+}
+
+QString Trim(const QString& s) {
+    qsizetype fine = s.size();
+    while (fine > 0 && s.at(fine - 1) == QLatin1Char(' ')) {
+        --fine;
+    }
+    return LTrim(s.left(fine));
 }

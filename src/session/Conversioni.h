@@ -47,5 +47,9 @@ QString CarattereVoceScelta(const QComboBox* cmb);
 bool NumeroValido(const QString& sTesto);
 QString CartellaDaPercorso(const QString& sPercorso);
 
+// Trim and LTrim of the platform: they take away blanks only, not tabs or line ends.
+QString Trim(const QString& s);
+QString LTrim(const QString& s);
+
 // Italian number text: comma decimal, point thousands, the given number of decimals.
 QString NumeroItaliano(double valore, int decimali);

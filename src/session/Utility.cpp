@@ -1,26 +1,15 @@
 #include "Utility.h"
 
-namespace {
+#include "Conversioni.h"
 
-// Trim of the platform: blanks only.
-QString togliSpazi(const QString& s) {
-    qsizetype inizio = 0;
-    qsizetype fine = s.size();
-    while (inizio < fine && s.at(inizio) == QLatin1Char(' '))
-        ++inizio;
-    while (fine > inizio && s.at(fine - 1) == QLatin1Char(' '))
-        --fine;
-    return s.mid(inizio, fine - inizio);
-}
-
-} // namespace
+namespace {} // namespace
 
 // a, b: places of birth and death; c, d: the dates. Emptiness is judged on the arguments as
 // given, so a place of blanks still takes its blank before the date.
 QString EstremiPersona(const QString& a, const QString& b, const QString& c, const QString& d) {
     if (a.isEmpty() && b.isEmpty() && c.isEmpty() && d.isEmpty())
         return QString();
-    QString estremi = QStringLiteral(", (") + togliSpazi(a);
+    QString estremi = QStringLiteral(", (") + Trim(a);
     if (!a.isEmpty())
         estremi += QLatin1Char(' ');
     estremi += c;
@@ -35,16 +24,16 @@ QString EstremiPersona(const QString& a, const QString& b, const QString& c, con
 
 // The dates of a body keep the user's own brackets when typed with them.
 QString EstremiEnte(const QString& sLuogo, const QString& sDate) {
-    const QString date = togliSpazi(sDate);
-    return QStringLiteral(", ") + togliSpazi(sLuogo) +
+    const QString date = Trim(sDate);
+    return QStringLiteral(", ") + Trim(sLuogo) +
            (date.startsWith(QLatin1Char('(')) ? QStringLiteral(" ") : QStringLiteral(" (")) + date +
            (date.endsWith(QLatin1Char(')')) ? QString() : QStringLiteral(")"));
 }
 
 // The same for a family: kept apart from EstremiEnte so that either may change alone.
 QString EstremiFamiglia(const QString& sLuogo, const QString& sDate) {
-    const QString date = togliSpazi(sDate);
-    return QStringLiteral(", ") + togliSpazi(sLuogo) +
+    const QString date = Trim(sDate);
+    return QStringLiteral(", ") + Trim(sLuogo) +
            (date.startsWith(QLatin1Char('(')) ? QStringLiteral(" ") : QStringLiteral(" (")) + date +
            (date.endsWith(QLatin1Char(')')) ? QString() : QStringLiteral(")"));
 }
