@@ -1,0 +1,184 @@
+#pragma once
+
+// The tree of the structure windows: each node is its Key (the element's id followed by
+// " ID"; the root "0 ID", a new element not yet stored "9999999 ID"), its Tag (the element's
+// kind, "00" for the root), its Text (the denomination) and its Image (one of the keys below).
+// Nothing else mirrors the tree.
+//
+// The nodes live in flat arrays (numbers, one pool of text, the sons of each node as a vector
+// of node numbers, a hash from the key's number to the node), so that a tree of a million
+// elements loads in little more than the time of reading its rows and stays small.
+
+#include <QAbstractItemModel>
+#include <QHash>
+#include <QIcon>
+#include <QList>
+#include <QPixmap>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+class Connessione;
+
+class ModelloAlbero : public QAbstractItemModel {
+    Q_OBJECT
+public:
+    enum Ruoli { RuoloChiave = Qt::UserRole + 1, RuoloTag, RuoloImmagine };
+
+    static constexpr qint64 IdRadice = 0;
+    static constexpr qint64 IdTemporaneo = 9999999;
+    // The root's text.
+    static QString TestoRadice() { return QStringLiteral("Archivi di Stato"); }
+
+    // "123 ID" for 123.
+    static QString ChiaveDi(qint64 lId);
+    // The leading number of a key ("123 ID" gives 123); 0 when it has none.
+    static qint64 IdDi(const QString& sChiave);
+    // The image keys, in a fixed order.
+    static const QStringList& ChiaviImmagine();
+
+    explicit ModelloAlbero(QObject* genitore = nullptr);
+    ~ModelloAlbero() override;
+
+    // QAbstractItemModel
+    QModelIndex index(int riga, int colonna,
+                      const QModelIndex& padre = QModelIndex()) const override;
+    QModelIndex parent(const QModelIndex& figlio) const override;
+    int rowCount(const QModelIndex& padre = QModelIndex()) const override;
+    int columnCount(const QModelIndex& padre = QModelIndex()) const override;
+    QVariant data(const QModelIndex& indice, int ruolo = Qt::DisplayRole) const override;
+    bool hasChildren(const QModelIndex& padre = QModelIndex()) const override;
+
+    // Every node away.
+    void Svuota();
+    // The root: key "0 ID", tag "00", text "Archivi di Stato", image "root".
+    QModelIndex AggiungiRadice();
+    // A node as last son of the node with the key of lIdPadre (in text order when that node
+    // is Sorted). Raises Errore when no node has that key, or when the key is already taken.
+    QModelIndex Aggiungi(qint64 lIdPadre, qint64 lId, const QString& sTesto,
+                         const QString& sImmagine, const QString& sTag);
+    QModelIndex Aggiungi(const QString& sChiavePadre, const QString& sChiave, const QString& sTesto,
+                         const QString& sImmagine, const QString& sTag);
+    // Removes the node and what hangs on it; nothing when the key is not in the tree.
+    void Rimuovi(qint64 lId);
+    void Rimuovi(const QString& sChiave) { Rimuovi(IdDi(sChiave)); }
+
+    // The node with that key; invalid when none.
+    QModelIndex Trova(qint64 lId) const;
+    QModelIndex Trova(const QString& sChiave) const { return Trova(IdDi(sChiave)); }
+    QModelIndex Radice() const { return Trova(IdRadice); }
+    bool Contiene(qint64 lId) const { return mappa.contains(lId); }
+    // How many nodes the tree holds.
+    int Nodi() const { return static_cast<int>(mappa.size()); }
+
+    // The four values of a node.
+    QString Chiave(const QModelIndex& indice) const;
+    qint64 Id(const QModelIndex& indice) const;
+    QString Tag(const QModelIndex& indice) const;
+    QString Testo(const QModelIndex& indice) const;
+    QString Immagine(const QModelIndex& indice) const;
+    void ImpostaTesto(const QModelIndex& indice, const QString& sTesto);
+    void ImpostaImmagine(const QModelIndex& indice, const QString& sImmagine);
+    void ImpostaTag(const QModelIndex& indice, const QString& sTag);
+
+    // Sorted: the sons of the node are put in text order now, and the sons added later go to
+    // their place in that order. The node itself stays where it is among its brothers.
+    void ImpostaOrdinato(const QModelIndex& indice, bool bOrdinato = true);
+    bool Ordinato(const QModelIndex& indice) const;
+
+    // A load: the view is told once, at the end, that the whole tree changed. Between the
+    // two calls a son whose parent has not come yet waits for it (keys from the ranges of two
+    // sites need not ascend); one whose parent comes in no row of the load is an orphan.
+    void InizioCaricamento();
+    // Raises Errore for the first son still waiting, leaving the load open.
+    void VerificaAttesi() const;
+    // Ends the load (the view is told); the sons still waiting are dropped.
+    void FineCaricamento();
+    bool InCaricamento() const { return bCaricamento; }
+
+private:
+    static constexpr qint32 Nessuno = -1;
+    struct Attesa {
+        qint64 lId;
+        qint64 lIdPadre;
+        QString sTesto;
+        quint8 iImmagine;
+        quint8 iTag;
+    };
+
+    qint32 Nodo(const QModelIndex& indice) const;
+    QModelIndex IndiceDi(qint32 nodo) const;
+    qint32 NuovoNodo(qint64 lId, qint32 padre, const QString& sTesto, quint8 iImmagine,
+                     quint8 iTag);
+    void Colloca(qint32 nodo, qint32 padre);
+    int PosizioneOrdinata(qint32 padre, const QString& sTesto) const;
+    void Rinumera(qint32 padre, int daRiga);
+    void ScriviTesto(qint32 nodo, const QString& sTesto);
+    QString TestoDi(qint32 nodo) const;
+    quint8 IndiceImmagine(const QString& sImmagine) const;
+    quint8 IndiceTag(const QString& sTag);
+    void SistemaAttesi(qint64 lId);
+    void RimuoviSottoalbero(qint32 nodo);
+    int ConfrontaTesti(qint32 a, qint32 b) const;
+
+    // One entry per node, by node number; a removed node keeps its slot, with lId -1.
+    QVector<qint64> ids;
+    QVector<qint32> padri;
+    QVector<qint32> righe;       // the node's row among its brothers
+    QVector<qint32> inizioTesto; // where its text starts in the pool
+    QVector<qint32> lunghezzaTesto;
+    QVector<quint8> immagini; // index into ChiaviImmagine()
+    QVector<quint8> tags;     // index into tabellaTag
+    QVector<quint8> ordinati;
+    QVector<QVector<qint32>> figli;
+    QString pool; // the texts, one after the other
+    QStringList tabellaTag;
+    QHash<qint64, qint32> mappa;         // the key's number to the node
+    QHash<qint64, QList<Attesa>> attesi; // by the parent's key's number, during a load
+    QList<qint64> ordineAttesi;          // the parents waited for, in the order of the rows
+    bool bCaricamento = false;
+    QVector<qint32> cima; // the nodes without a parent: the root
+    mutable QVector<QIcon> icone;
+};
+
+// The pictures of the tree and of the sliding panel, drawn in code.
+namespace ImmaginiAlbero {
+// The picture of an image key ("root", "istituto", "nolink", ...); a blank one for another key.
+QPixmap Immagine(const QString& sChiave, int iLato = 16);
+// The pictures of the sliding panel by file name: "mostra.bmp", "nascondi.bmp",
+// "sinistra.ico", "destra.ico".
+QImage Pannello(const QString& sNomeFile);
+} // namespace ImmaginiAlbero
+
+// The loading of a tree from flat ordered results, group by group.
+struct GruppoAlbero {
+    // One statement on AlberoGlobale (or another view) giving ELEM_ID_Elemento,
+    // ELEM_ID_ElementoPadre, ELEM_Denominazione, ELEM_Tipologia, ordered by the parent first.
+    QString sSql;
+    // The image of the group's nodes.
+    QString sImmagine;
+    // A Null parent means the root (the first group of a window); otherwise such a row has no
+    // parent in the tree.
+    bool bPadreNulloERadice = false;
+    // The images of complessi: "nolink", or "silink" when CD_NumeroInventari is above 0.
+    bool bLinkComplessi = false;
+    // The images of inventari: "nolink", or "silink" when INV_NumeroComplessi is above 0.
+    bool bLinkInventari = false;
+};
+
+namespace CaricamentoAlbero {
+// Clears the model, adds the root, loads the groups in order, and when asked passes over
+// V_ComplessiDocSoggetti for the producers' images. Raises Errore (a failed statement, an
+// orphan) leaving the nodes loaded so far; on success the root's sons are in text order.
+void Carica(ModelloAlbero& modello, const Connessione& connessione,
+            const QList<GruppoAlbero>& gruppi, bool bSoggettiComplessi);
+
+// The producers' pass: "silink" becomes "islink", "nolink" becomes "slink" for every row of
+// V_ComplessiDocSoggetti whose complesso is in the tree.
+void ApplicaSoggetti(ModelloAlbero& modello, const Connessione& connessione);
+
+// The image after the outcome of the inventari's link viewer (1 a link added, 2 the last one
+// removed) and after that of the producers' one.
+QString ImmagineDopoLinkInventari(const QString& sImmagine, int iEsito);
+QString ImmagineDopoLinkSoggetti(const QString& sImmagine, int iEsito);
+} // namespace CaricamentoAlbero
