@@ -13,6 +13,7 @@
 #include "frmLogin.h"
 #include "frmValore.h"
 #include "store/Connessione.h"
+#include "structure/frmStrutturaCD.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -89,11 +90,13 @@ PrimoMDI::PrimoMDI(QWidget* parent)
     }
     CreaMenu();
     // The maintenance dialogs of the Strumenti menu.
-    RegistraFinestra(QStringLiteral("frmConfig"), [](PrimoMDI* p) { return new frmConfig(p); });
-    RegistraFinestra(QStringLiteral("frmValore"), [](PrimoMDI* p) { return new frmValore(p); });
-    RegistraFinestra(QStringLiteral("frmBackup"), [](PrimoMDI* p) { return new frmBackup(p); });
-    RegistraFinestra(QStringLiteral("frmIdicizWeb"),
-                     [](PrimoMDI* p) { return new frmIdicizWeb(p); });
+    RegistraPredefinita(QStringLiteral("frmConfig"), [](PrimoMDI* p) { return new frmConfig(p); });
+    RegistraPredefinita(QStringLiteral("frmValore"), [](PrimoMDI* p) { return new frmValore(p); });
+    RegistraPredefinita(QStringLiteral("frmBackup"), [](PrimoMDI* p) { return new frmBackup(p); });
+    RegistraPredefinita(QStringLiteral("frmIdicizWeb"),
+                        [](PrimoMDI* p) { return new frmIdicizWeb(p); });
+    RegistraPredefinita(QStringLiteral("frmStrutturaCD"),
+                        [](PrimoMDI* p) { return new frmStrutturaCD(p); });
     // Until the session is open only the help and the entries that need nothing can be chosen.
     for (const char* nome :
          {"mnuComplessiDoc", "mnuInventari", "mnuSoggetti", "mnuRegistro", "mnuStrumenti",
@@ -110,6 +113,12 @@ PrimoMDI::~PrimoMDI() {
 
 PrimoMDI* PrimoMDI::Istanza() {
     return pIstanza;
+}
+
+void PrimoMDI::RegistraPredefinita(const QString& sNome, Fabbrica fabbrica) {
+    if (!Fabbriche().contains(sNome)) {
+        Fabbriche().insert(sNome, std::move(fabbrica));
+    }
 }
 
 void PrimoMDI::RegistraFinestra(const QString& sNome, Fabbrica fabbrica) {

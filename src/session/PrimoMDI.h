@@ -29,6 +29,9 @@ public:
     // registers itself by its name. An entry whose window is not registered opens nothing.
     using Fabbrica = std::function<QWidget*(PrimoMDI*)>;
     static void RegistraFinestra(const QString& sNome, Fabbrica fabbrica);
+    // The program's own windows: registered unless another window already has that name (so
+    // that a test may stand in for one).
+    static void RegistraPredefinita(const QString& sNome, Fabbrica fabbrica);
     static void RimuoviFinestra(const QString& sNome);
 
     // The one main form of the process, while it lives.

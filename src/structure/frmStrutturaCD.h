@@ -1,0 +1,81 @@
+#pragma once
+
+// The window of institutes and complessi documentari: the tree of both kinds on the left, on
+// the right the institute's editor fraIstituto and the complesso's editor fraComplesso, of
+// which at most one is visible. It creates an element at Conferma (the row of Elementi, then
+// the editor's Salva), deletes one through its detail row, and answers the complesso record
+// (GetDenon, ChkLinks, ChkSogg, MostraComplesso).
+
+#include "FinestraStruttura.h"
+#include "records/ucComplesso.h"
+
+class QPushButton;
+class QShowEvent;
+class ucIstituto;
+
+class frmStrutturaCD : public FinestraStruttura, public ChiamanteComplesso {
+    Q_OBJECT
+public:
+    explicit frmStrutturaCD(QWidget* genitore = nullptr);
+    ~frmStrutturaCD() override;
+
+    // ChiamanteComplesso
+    QString GetDenon() override;
+    void ChkSogg() override;
+    void ChkLinks() override;
+
+    // Shows the complesso of the node last clicked.
+    void MostraComplesso();
+
+    // "istituto" or "complesso": the kind of the record in hand.
+    QString sTipo;
+    // ID_Istituto read from the editor shown.
+    long lIdIstituto = 0;
+
+    ucIstituto* fraIstituto = nullptr;
+    ucComplesso* fraComplesso = nullptr;
+    QPushButton* cmdNuovoIst = nullptr;
+    QPushButton* cmdNuovoCD = nullptr;
+    QPushButton* cmdModifica = nullptr;
+    QPushButton* cmdCancella = nullptr;
+
+    // The command buttons' handlers, as the buttons' clicks run them.
+    void cmdNuovoIst_Click();
+    void cmdNuovoCD_Click();
+    void cmdModifica_Click();
+    void cmdConferma_Click();
+    void cmdAnnulla_Click();
+    void cmdCancella_Click();
+
+    // The ORDER BY tails of the two options.
+    static QString OrdineAlfabetico() { return QStringLiteral("ELEM_Denominazione"); }
+    static QString OrdineArchivistico() {
+        return QStringLiteral("CD_Ordinamento, ELEM_Denominazione");
+    }
+    // The two groups of the tree with that tail of the ORDER BY for the complessi.
+    static QList<GruppoAlbero> Gruppi(const QString& sOrdine);
+
+protected:
+    void CaricaAlbero(const QString& sOrdine) override;
+    QString OrdineDi(int iOpzione) const override;
+    void MostraNodo(const QString& sTag) override;
+    void showEvent(QShowEvent* evento) override;
+
+private:
+    void MostraIstituto();
+    void NuovoIstituto();
+    void NuovoComplesso();
+    void ModificaIstituto();
+    void ModificaComplesso();
+    bool SalvaIstituto();
+    bool SalvaComplesso();
+    long AggiungiElemento(const QString& sDenominazione, const QString& sTipologia, long lIdPadre);
+    void PulsantiDaIstituto();
+    void PulsantiDaComplesso();
+    // The denomination in the editor of the record in hand.
+    QString LeggiDenominazione() const;
+
+    bool bPrimaVisualizzazione = true;
+    // The id of the element that the last Salva... wrote.
+    long lIdSalvato = 0;
+};

@@ -1,0 +1,686 @@
+// The window of institutes and complessi documentari: its tree of two groups with the link
+// images, the order option, the buttons from the editors' flags, the new institute and the new
+// complesso with their temporary node, Conferma, Annulla, the delete with its questions and
+// errors, the answers to the complesso record, and the whole road from the menu, on SQLite
+// and on PostgreSQL.
+
+#include "records/ucComplesso.h"
+#include "records/ucIstituto.h"
+#include "session/PrimoMDI.h"
+#include "session/Sessione.h"
+#include "store/ArchivioElementi.h"
+#include "store/Connessione.h"
+#include "store/ModelloAlbero.h"
+#include "structure/frmStrutturaCD.h"
+
+#include "BancaDatiProva.h"
+#include "CartellaProva.h"
+#include "Modali.h"
+#include "PiattaformaScriptata.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSqlQuery>
+#include <QTreeView>
+#include <QtTest>
+
+namespace {
+
+qlonglong L(qint64 valore) {
+    return static_cast<qlonglong>(valore);
+}
+
+// The program folder with the lookup lists and the pictures, a fresh database with the codes
+// of institutes and the provinces, and the session on it.
+struct Ambiente {
+    explicit Ambiente(TipoBackend tipo, bool bIstituto = true)
+        : banca(tipo) {
+        QDir().mkpath(cartella.File(QStringLiteral("Bitmap")));
+        const QDir origine(QStringLiteral(TABELLION_SORGENTI "/site/Bitmap"));
+        for (const QString& nome : origine.entryList(QDir::Files)) {
+            QFile::copy(origine.filePath(nome), cartella.File(QStringLiteral("Bitmap/") + nome));
+        }
+        for (const char* lista : {"TipologiaIST.txt", "TipologiaCD.txt"}) {
+            QFile::copy(QStringLiteral(TABELLION_SORGENTI "/site/") + QLatin1String(lista),
+                        cartella.File(QLatin1String(lista)));
+        }
+        Sessione::cnn = banca.Apri();
+        Sessione::bIstituto = bIstituto;
+        Riferimenti();
+    }
+    ~Ambiente() {
+        if (Sessione::cnn) {
+            Sessione::cnn->Chiudi();
+        }
+        Sessione::cnn.reset();
+    }
+    Ambiente(const Ambiente&) = delete;
+    Ambiente& operator=(const Ambiente&) = delete;
+
+    void Riferimenti() const {
+        Sessione::cnn->Esegui(QStringLiteral("INSERT INTO CodiciIstituto (ID_CodiceIstituto, "
+                                             "Denominazione, ISAD_Codice, ISAD_Sigla) "
+                                             "VALUES (?, ?, ?, ?)"),
+                              {QVariant(10), QStringLiteral("Archivio di Stato di Lucca"),
+                               QStringLiteral("IT-ASLU"), QStringLiteral("ASLU")});
+        for (const auto& [sigla, nome] : {std::pair{"LU", "Lucca"}, std::pair{"FI", "Firenze"}}) {
+            Sessione::cnn->Esegui(
+                QStringLiteral("INSERT INTO Provincie (Provincia, NomeProvincia) VALUES (?, ?)"),
+                {QString::fromUtf8(sigla), QString::fromUtf8(nome)});
+        }
+    }
+    const Connessione& cnn() const { return *Sessione::cnn; }
+    long Crea(const char* tipo, const QString& nome, long padre = 0) const {
+        return ArchivioElementi::Crea(cnn(), QLatin1String(tipo), nome, padre);
+    }
+    void Ordinamento(long complesso, int numero) const {
+        cnn().Esegui(
+            QStringLiteral("UPDATE ComplessiDoc SET Ordinamento = ? WHERE ID_Elemento = ?"),
+            {numero, L(complesso)});
+    }
+    void Lega(long complesso, long inventario) const {
+        cnn().Esegui(
+            QStringLiteral(
+                "INSERT INTO Links (ID_Elemento, ID_ElementoLink, Specifica) VALUES (?, ?, '')"),
+            {L(complesso), L(inventario)});
+    }
+    void Produttore(long complesso, const QString& nome) const {
+        const qint64 soggetto =
+            cnn().Inserisci(QStringLiteral("Soggetti"), QStringLiteral("ID_Soggetto"),
+                            {QStringLiteral("Denominazione"), QStringLiteral("TipoSoggetto")},
+                            {nome, QStringLiteral("P")});
+        QSqlQuery query = cnn().Esegui(
+            QStringLiteral("SELECT ID_ComplessoDoc FROM ComplessiDoc WHERE ID_Elemento = ?"),
+            {L(complesso)});
+        QVERIFY(query.next());
+        cnn().Esegui(QStringLiteral("INSERT INTO ComplessiDocSoggetti (ID_ComplessoDoc, "
+                                    "ID_Soggetto) VALUES (?, ?)"),
+                     {query.value(0), soggetto});
+    }
+    QVariant Valore(const QString& sql, std::initializer_list<QVariant> valori) const {
+        QSqlQuery query = cnn().Esegui(sql, valori);
+        return query.next() ? query.value(0) : QVariant();
+    }
+    int Righe(const char* tabella) const {
+        return Valore(QStringLiteral("SELECT COUNT(*) FROM %1").arg(QLatin1String(tabella)), {})
+            .toInt();
+    }
+
+    CartellaProva cartella;
+    PiattaformaScriptata piattaforma;
+    BancaDatiProva banca;
+};
+
+QStringList TestiFigli(const ModelloAlbero& modello, const QModelIndex& padre) {
+    QStringList testi;
+    for (int riga = 0; riga < modello.rowCount(padre); ++riga) {
+        testi.append(modello.Testo(modello.index(riga, 0, padre)));
+    }
+    return testi;
+}
+
+QList<Messaggio> MessaggiCon(const PiattaformaScriptata& piattaforma, const QString& sTitolo) {
+    QList<Messaggio> trovati;
+    for (const Messaggio& messaggio : piattaforma.Messaggi()) {
+        if (messaggio.sTitolo == sTitolo) {
+            trovati.append(messaggio);
+        }
+    }
+    return trovati;
+}
+
+// The enabled state of the four commands, as "NuovoIst NuovoCD Modifica Cancella" 0/1.
+QString Pulsanti4(const frmStrutturaCD& f) {
+    QString s;
+    for (const QPushButton* p : {f.cmdNuovoIst, f.cmdNuovoCD, f.cmdModifica, f.cmdCancella}) {
+        s += p->isEnabled() ? u'1' : u'0';
+    }
+    return s;
+}
+
+// The id of the node selected in the tree.
+qint64 Selezionato(const frmStrutturaCD& f) {
+    return f.Modello().Id(f.tvwDB->currentIndex());
+}
+
+void Scegli(frmStrutturaCD& f, qint64 lId) {
+    const QModelIndex nodo = f.Modello().Trova(lId);
+    QVERIFY(nodo.isValid());
+    f.tvwDB->setCurrentIndex(nodo);
+}
+
+QLineEdit* Riga(const QWidget* editore, int n) {
+    return editore->findChild<QLineEdit*>(QStringLiteral("Text1(%1)").arg(n));
+}
+
+void CompilaIstituto(const QWidget* editore, const QString& nome) {
+    Riga(editore, 0)->setText(nome);
+    editore->findChild<QComboBox*>(QStringLiteral("DCCodice"))->setCurrentIndex(0);
+    Riga(editore, 2)->setText(QStringLiteral("Piazza Guidiccioni 8"));
+    Riga(editore, 3)->setText(QStringLiteral("Lucca"));
+    Riga(editore, 4)->setText(QStringLiteral("55100"));
+    editore->findChild<QComboBox*>(QStringLiteral("DCProvincia"))->setCurrentIndex(0);
+    Riga(editore, 6)->setText(QStringLiteral("0583 491465"));
+    Riga(editore, 8)->setText(QStringLiteral("as-lu@cultura.gov.it"));
+    Riga(editore, 10)->setText(QStringLiteral("Maria Rossi"));
+    Riga(editore, 11)->setText(QStringLiteral("8:30-13:30"));
+}
+
+// The mandatory fields of a complesso; false when the record lacks its fields.
+bool CompilaComplesso(const QWidget* editore, const QString& nome, const QString& consistenza) {
+    const struct {
+        int n;
+        QString testo;
+    } campi[] = {{0, nome},
+                 {31, QStringLiteral("Maria Rossi")},
+                 {12, consistenza},
+                 {8, QStringLiteral("1500-1800")},
+                 {4, QStringLiteral("1500")},
+                 {5, QStringLiteral("1800")}};
+    for (const auto& campo : campi) {
+        QLineEdit* riga = Riga(editore, campo.n);
+        if (riga == nullptr) {
+            return false;
+        }
+        riga->setText(campo.testo);
+    }
+    return true;
+}
+
+} // namespace
+
+class TestStrutturaCD : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void unDatabaseVuotoMostraLaSolaRadiceEIFlagDellaRadice_data() { AggiungiBackend(); }
+    void unDatabaseVuotoMostraLaSolaRadiceEIFlagDellaRadice();
+    void suUnSitoSNonSiCreaNullaSottoLaRadice_data() { AggiungiBackend(); }
+    void suUnSitoSNonSiCreaNullaSottoLaRadice();
+    void istitutiEComplessiConLeImmaginiDeiLegami_data() { AggiungiBackend(); }
+    void istitutiEComplessiConLeImmaginiDeiLegami();
+    void lOrdineArchivisticoSeguoCDOrdinamentoELAlfabeticoIlNome_data() { AggiungiBackend(); }
+    void lOrdineArchivisticoSeguoCDOrdinamentoELAlfabeticoIlNome();
+    void unOrfanoDaErroreU5ELasciaIlCaricato_data() { AggiungiBackend(); }
+    void unOrfanoDaErroreU5ELasciaIlCaricato();
+    void unNuovoIstitutoSottoLaRadiceSiSalvaESiMostra_data() { AggiungiBackend(); }
+    void unNuovoIstitutoSottoLaRadiceSiSalvaESiMostra();
+    void unControlloObbligatorioFallitoLasciaIlNodoTemporaneoELoStato_data() { AggiungiBackend(); }
+    void unControlloObbligatorioFallitoLasciaIlNodoTemporaneoELoStato();
+    void annullaInNuovoLasciaLAlberoComEraEMostraIlPadre_data() { AggiungiBackend(); }
+    void annullaInNuovoLasciaLAlberoComEraEMostraIlPadre();
+    void unNuovoComplessoSottoUnComplessoHaQuelPadre_data() { AggiungiBackend(); }
+    void unNuovoComplessoSottoUnComplessoHaQuelPadre();
+    void ilPrimoInventarioCollegatoCambiaLImmagineSenzaRicaricare_data() { AggiungiBackend(); }
+    void ilPrimoInventarioCollegatoCambiaLImmagineSenzaRicaricare();
+    void getDenonDaIlTestoDelNodoScelto_data() { AggiungiBackend(); }
+    void getDenonDaIlTestoDelNodoScelto();
+    void cancellaConNoLasciaTuttoComEra_data() { AggiungiBackend(); }
+    void cancellaConNoLasciaTuttoComEra();
+    void cancellaUnComplessoConFigliDaErroreT4ELasciaIlNodo_data() { AggiungiBackend(); }
+    void cancellaUnComplessoConFigliDaErroreT4ELasciaIlNodo();
+    void laStradaCompletaDalMenu_data() { AggiungiBackend(); }
+    void laStradaCompletaDalMenu();
+};
+
+void TestStrutturaCD::unDatabaseVuotoMostraLaSolaRadiceEIFlagDellaRadice() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    frmStrutturaCD f;
+    QCOMPARE(f.Modello().Nodi(), 1);
+    const QModelIndex radice = f.Modello().Radice();
+    QCOMPARE(f.Modello().Testo(radice), QStringLiteral("Archivi di Stato"));
+    QCOMPARE(f.Modello().Immagine(radice), QStringLiteral("root"));
+    QCOMPARE(f.tvwDB->currentIndex(), radice);
+    QVERIFY(f.Ord[1]->isChecked());
+    QVERIFY(!f.Ord[0]->isChecked());
+    QCOMPARE(f.sTipo, QStringLiteral("istituto"));
+    QCOMPARE(f.sStato, QStringLiteral("mostra"));
+    QVERIFY(!f.fraIstituto->isHidden());
+    QVERIFY(f.fraComplesso->isHidden());
+    QVERIFY(f.cmdConferma->isHidden());
+    QVERIFY(f.cmdAnnulla->isHidden());
+    QCOMPARE(Pulsanti4(f), QStringLiteral("1000"));
+    QVERIFY(a.piattaforma.Messaggi().isEmpty());
+}
+
+void TestStrutturaCD::suUnSitoSNonSiCreaNullaSottoLaRadice() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend, false);
+    frmStrutturaCD f;
+    QCOMPARE(Pulsanti4(f), QStringLiteral("0000"));
+}
+
+void TestStrutturaCD::istitutiEComplessiConLeImmaginiDeiLegami() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long lucca = a.Crea("01", QStringLiteral("Archivio di Stato di Lucca"));
+    const long firenze = a.Crea("01", QStringLiteral("Archivio di Stato di Firenze"));
+    const long nudo = a.Crea("02", QStringLiteral("Comune di Lucca"), lucca);
+    const long inv = a.Crea("02", QStringLiteral("Diplomatico"), lucca);
+    const long sogg = a.Crea("02", QStringLiteral("Notarile"), firenze);
+    const long tutti = a.Crea("02", QStringLiteral("Mediceo"), firenze);
+    const long inventario = a.Crea("03", QStringLiteral("Inventario"), lucca);
+    a.Lega(inv, inventario);
+    a.Lega(tutti, inventario);
+    a.Produttore(sogg, QStringLiteral("Notai"));
+    a.Produttore(tutti, QStringLiteral("Medici"));
+    a.Produttore(tutti, QStringLiteral("Lorena"));
+    frmStrutturaCD f;
+    const ModelloAlbero& m = f.Modello();
+    QCOMPARE(TestiFigli(m, m.Radice()),
+             (QStringList{QStringLiteral("Archivio di Stato di Firenze"),
+                          QStringLiteral("Archivio di Stato di Lucca")}));
+    QCOMPARE(m.Immagine(m.Trova(lucca)), QStringLiteral("istituto"));
+    QCOMPARE(m.Tag(m.Trova(lucca)), QStringLiteral("01"));
+    QCOMPARE(m.Immagine(m.Trova(nudo)), QStringLiteral("nolink"));
+    QCOMPARE(m.Immagine(m.Trova(inv)), QStringLiteral("silink"));
+    QCOMPARE(m.Immagine(m.Trova(sogg)), QStringLiteral("slink"));
+    QCOMPARE(m.Immagine(m.Trova(tutti)), QStringLiteral("islink"));
+    QCOMPARE(m.Tag(m.Trova(tutti)), QStringLiteral("02"));
+    // The inventario is not a node of this window.
+    QVERIFY(!m.Trova(inventario).isValid());
+    QCOMPARE(m.Nodi(), 7);
+
+    // A click on the institute shows it; on a complesso the complesso.
+    Scegli(f, lucca);
+    QCOMPARE(f.sTipo, QStringLiteral("istituto"));
+    QCOMPARE(f.lIdCorrente, qint64(lucca));
+    QVERIFY(!f.fraIstituto->isHidden());
+    QVERIFY(f.fraComplesso->isHidden());
+    QCOMPARE(f.cmdNuovoCD->isEnabled(), f.fraIstituto->OkNuovoComplesso);
+    QCOMPARE(f.cmdModifica->isEnabled(), f.fraIstituto->OkModifica);
+    Scegli(f, nudo);
+    QCOMPARE(f.sTipo, QStringLiteral("complesso"));
+    QVERIFY(f.fraIstituto->isHidden());
+    QVERIFY(!f.fraComplesso->isHidden());
+    QVERIFY(!f.cmdNuovoIst->isEnabled());
+    QCOMPARE(f.cmdNuovoCD->isEnabled(), f.fraComplesso->OkNuovoComplesso);
+    QCOMPARE(f.cmdCancella->isEnabled(), f.fraComplesso->OkCancella);
+    QCOMPARE(f.cmdModifica->isEnabled(), f.fraComplesso->OkModifica);
+}
+
+void TestStrutturaCD::lOrdineArchivisticoSeguoCDOrdinamentoELAlfabeticoIlNome() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    const long c = a.Crea("02", QStringLiteral("Carte"), ist);
+    const long b = a.Crea("02", QStringLiteral("Buste"), ist);
+    const long z = a.Crea("02", QStringLiteral("Zecca"), ist);
+    a.Ordinamento(c, 2);
+    a.Ordinamento(b, 3);
+    a.Ordinamento(z, 1);
+    frmStrutturaCD f;
+    const ModelloAlbero& m = f.Modello();
+    QCOMPARE(
+        TestiFigli(m, m.Trova(ist)),
+        (QStringList{QStringLiteral("Zecca"), QStringLiteral("Carte"), QStringLiteral("Buste")}));
+    f.Ord[0]->setChecked(true);
+    QCOMPARE(
+        TestiFigli(m, m.Trova(ist)),
+        (QStringList{QStringLiteral("Buste"), QStringLiteral("Carte"), QStringLiteral("Zecca")}));
+    // A reload brings the tree back to its root.
+    QCOMPARE(Selezionato(f), qint64(0));
+    f.Ord[1]->setChecked(true);
+    QCOMPARE(TestiFigli(m, m.Trova(ist)).first(), QStringLiteral("Zecca"));
+}
+
+void TestStrutturaCD::unOrfanoDaErroreU5ELasciaIlCaricato() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = a.Crea("01", QStringLiteral("Istituto"));
+    const long primo = a.Crea("02", QStringLiteral("Primo"), ist);
+    const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
+    const long orfano = a.Crea("02", QStringLiteral("Sotto l'inventario"), inventario);
+    frmStrutturaCD f;
+    const QList<Messaggio> errori = MessaggiCon(a.piattaforma, QStringLiteral("Errore U5"));
+    QVERIFY(!errori.isEmpty());
+    QCOMPARE(errori[0].icona, Icona::Critica);
+    QVERIFY(f.Modello().Trova(primo).isValid());
+    QVERIFY(!f.Modello().Trova(orfano).isValid());
+}
+
+void TestStrutturaCD::unNuovoIstitutoSottoLaRadiceSiSalvaESiMostra() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    frmStrutturaCD f;
+    f.cmdNuovoIst->click();
+    QCOMPARE(f.sStato, QStringLiteral("nuovo"));
+    QVERIFY(!f.tvwDB->isEnabled());
+    QVERIFY(f.cmdNuovoIst->isHidden());
+    QVERIFY(!f.cmdConferma->isHidden());
+    const QModelIndex temp = f.Modello().Trova(ModelloAlbero::IdTemporaneo);
+    QVERIFY(temp.isValid());
+    QCOMPARE(f.Modello().Testo(temp), QString(10, u' '));
+    QCOMPARE(f.Modello().Immagine(temp), QStringLiteral("istituto"));
+    QCOMPARE(f.tvwDB->currentIndex(), temp);
+    CompilaIstituto(f.fraIstituto, QStringLiteral("Archivio di Stato di Lucca"));
+    f.cmdConferma->click();
+    QCOMPARE(f.sStato, QStringLiteral("mostra"));
+    QVERIFY(f.tvwDB->isEnabled());
+    QVERIFY(f.cmdConferma->isHidden());
+    QVERIFY(!f.Modello().Trova(ModelloAlbero::IdTemporaneo).isValid());
+    const qint64 id = Selezionato(f);
+    QVERIFY(id > 0);
+    QCOMPARE(f.Modello().Testo(f.tvwDB->currentIndex()),
+             QStringLiteral("Archivio di Stato di Lucca"));
+    QCOMPARE(f.Modello().Tag(f.tvwDB->currentIndex()), QStringLiteral("01"));
+    QVERIFY(f.Modello().Ordinato(f.tvwDB->currentIndex()));
+    QCOMPARE(f.lIdCorrente, id);
+    QVERIFY(a.Valore(QStringLiteral("SELECT ID_ElementoPadre FROM Elementi WHERE ID_Elemento = ?"),
+                     {L(id)})
+                .isNull());
+    QCOMPARE(a.Valore(QStringLiteral("SELECT Denominazione FROM Istituti WHERE ID_Elemento = ?"),
+                      {L(id)})
+                 .toString(),
+             QStringLiteral("Archivio di Stato di Lucca"));
+    QCOMPARE(Pulsanti4(f), QStringLiteral("1110"));
+}
+
+void TestStrutturaCD::unControlloObbligatorioFallitoLasciaIlNodoTemporaneoELoStato() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    frmStrutturaCD f;
+    f.cmdNuovoIst->click();
+    f.cmdConferma->click();
+    QVERIFY(!a.piattaforma.Messaggi().isEmpty());
+    QCOMPARE(f.sStato, QStringLiteral("nuovo"));
+    QVERIFY(f.Modello().Trova(ModelloAlbero::IdTemporaneo).isValid());
+    QVERIFY(!f.tvwDB->isEnabled());
+    QVERIFY(!f.cmdConferma->isHidden());
+    QCOMPARE(a.Righe("Elementi"), 0);
+}
+
+void TestStrutturaCD::annullaInNuovoLasciaLAlberoComEraEMostraIlPadre() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    a.Crea("02", QStringLiteral("Fondo"), ist);
+    frmStrutturaCD f;
+    Scegli(f, ist);
+    const QString prima = Pulsanti4(f);
+    f.cmdNuovoCD->click();
+    QVERIFY(f.Modello().Trova(ModelloAlbero::IdTemporaneo).isValid());
+    QVERIFY(!f.fraComplesso->isHidden());
+    f.cmdAnnulla->click();
+    QVERIFY(!f.Modello().Trova(ModelloAlbero::IdTemporaneo).isValid());
+    QCOMPARE(TestiFigli(f.Modello(), f.Modello().Trova(ist)), QStringList{QStringLiteral("Fondo")});
+    QCOMPARE(Selezionato(f), qint64(ist));
+    QCOMPARE(f.sTipo, QStringLiteral("istituto"));
+    QCOMPARE(f.sStato, QStringLiteral("mostra"));
+    QVERIFY(!f.fraIstituto->isHidden());
+    QVERIFY(f.tvwDB->isEnabled());
+    QVERIFY(f.cmdAnnulla->isHidden());
+    QCOMPARE(Pulsanti4(f), prima);
+    QCOMPARE(a.Righe("Elementi"), 2);
+}
+
+void TestStrutturaCD::unNuovoComplessoSottoUnComplessoHaQuelPadre() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
+    frmStrutturaCD f;
+    Scegli(f, fondo);
+    QCOMPARE(f.cmdNuovoCD->isEnabled(), f.fraComplesso->OkNuovoComplesso);
+    f.cmdNuovoCD_Click();
+    const QModelIndex temp = f.Modello().Trova(ModelloAlbero::IdTemporaneo);
+    QCOMPARE(f.Modello().Id(temp.parent()), qint64(fondo));
+    QCOMPARE(f.Modello().Immagine(temp), QStringLiteral("nolink"));
+    QCOMPARE(f.Modello().Tag(temp), QStringLiteral("02"));
+    // The parent's tag "02" makes the record propose the level "04" (serie).
+    auto* livello = f.fraComplesso->findChild<QComboBox*>(QStringLiteral("cmbTipologiaCD"));
+    QVERIFY2(livello != nullptr, "ucComplesso has no cmbTipologiaCD");
+    QCOMPARE(livello->currentData().toInt(), 4);
+    QVERIFY2(CompilaComplesso(f.fraComplesso, QStringLiteral("Serie prima"), QStringLiteral("3")),
+             "ucComplesso lacks its mandatory fields");
+    f.cmdConferma->click();
+    const qint64 id = Selezionato(f);
+    QVERIFY(id > 0 && id != ModelloAlbero::IdTemporaneo);
+    QCOMPARE(f.Modello().Id(f.tvwDB->currentIndex().parent()), qint64(fondo));
+    QCOMPARE(f.Modello().Testo(f.tvwDB->currentIndex()), QStringLiteral("Serie prima"));
+    QCOMPARE(a.Valore(QStringLiteral("SELECT ID_ElementoPadre FROM Elementi WHERE ID_Elemento = ?"),
+                      {L(id)})
+                 .toLongLong(),
+             qint64(fondo));
+    QCOMPARE(
+        a.Valore(QStringLiteral("SELECT Denominazione FROM ComplessiDoc WHERE ID_Elemento = ?"),
+                 {L(id)})
+            .toString(),
+        QStringLiteral("Serie prima"));
+}
+
+void TestStrutturaCD::ilPrimoInventarioCollegatoCambiaLImmagineSenzaRicaricare() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
+    frmStrutturaCD f;
+    Scegli(f, fondo);
+    // A node added behind the database's back shows that nothing is reloaded.
+    f.Modello().Aggiungi(ist, 777777, QStringLiteral("Solo nell'albero"), QStringLiteral("nolink"),
+                         QStringLiteral("02"));
+    Sessione::iEsitoLinkInv = 1;
+    ChiamanteComplesso& chiamante = f;
+    chiamante.ChkLinks();
+    QCOMPARE(f.Modello().Immagine(f.Modello().Trova(fondo)), QStringLiteral("silink"));
+    QVERIFY(f.Modello().Trova(777777).isValid());
+    QCOMPARE(Selezionato(f), qint64(fondo));
+    Sessione::iEsitoLinkSogg = 1;
+    chiamante.ChkSogg();
+    QCOMPARE(f.Modello().Immagine(f.Modello().Trova(fondo)), QStringLiteral("islink"));
+    Sessione::iEsitoLinkInv = 2;
+    chiamante.ChkLinks();
+    QCOMPARE(f.Modello().Immagine(f.Modello().Trova(fondo)), QStringLiteral("slink"));
+    Sessione::iEsitoLinkSogg = 2;
+    chiamante.ChkSogg();
+    QCOMPARE(f.Modello().Immagine(f.Modello().Trova(fondo)), QStringLiteral("nolink"));
+    Sessione::iEsitoLinkInv = 0;
+    Sessione::iEsitoLinkSogg = 0;
+}
+
+void TestStrutturaCD::getDenonDaIlTestoDelNodoScelto() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo Guinigi"), ist);
+    frmStrutturaCD f;
+    Scegli(f, fondo);
+    ChiamanteComplesso& chiamante = f;
+    QCOMPARE(chiamante.GetDenon(), QStringLiteral("Fondo Guinigi"));
+    Scegli(f, ist);
+    QCOMPARE(chiamante.GetDenon(), QStringLiteral("Archivio"));
+}
+
+void TestStrutturaCD::cancellaConNoLasciaTuttoComEra() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
+    frmStrutturaCD f;
+    Scegli(f, fondo);
+    a.piattaforma.risposte = {Risposta::No};
+    f.cmdCancella_Click();
+    const QList<Messaggio> domande = a.piattaforma.Messaggi();
+    QCOMPARE(domande.size(), 1);
+    QCOMPARE(domande[0].sTesto,
+             QStringLiteral("Sei sicuro di voler cancellare il Complesso documentario?"));
+    QVERIFY(domande[0].sTitolo.startsWith(QStringLiteral("Cancella Complesso documentario: ")));
+    QCOMPARE(domande[0].icona, Icona::Domanda);
+    QCOMPARE(domande[0].pulsanti, Pulsanti::SiNo);
+    QVERIFY(f.Modello().Trova(fondo).isValid());
+    QCOMPARE(Selezionato(f), qint64(fondo));
+    QCOMPARE(a.Righe("ComplessiDoc"), 1);
+
+    Scegli(f, ist);
+    a.piattaforma.Svuota();
+    a.piattaforma.risposte = {Risposta::No};
+    f.cmdCancella_Click();
+    QCOMPARE(a.piattaforma.Messaggi().value(0).sTesto,
+             QStringLiteral("Sei sicuro di voler cancellare l'Istituto?"));
+    QCOMPARE(a.piattaforma.Messaggi().value(0).sTitolo,
+             QStringLiteral("Cancella Istituto: Archivio"));
+    QCOMPARE(a.Righe("Istituti"), 1);
+}
+
+void TestStrutturaCD::cancellaUnComplessoConFigliDaErroreT4ELasciaIlNodo() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
+    const long serie = a.Crea("02", QStringLiteral("Serie"), fondo);
+    frmStrutturaCD f;
+    Scegli(f, fondo);
+    // The record forbids it (the button); the database refuses it anyway.
+    a.piattaforma.risposte = {Risposta::Si};
+    f.cmdCancella_Click();
+    const QList<Messaggio> errori = MessaggiCon(a.piattaforma, QStringLiteral("Errore T4"));
+    QCOMPARE(errori.size(), 1);
+    QCOMPARE(errori[0].icona, Icona::Critica);
+    QCOMPARE(errori[0].sTesto.count(u'\n'), 2);
+    QVERIFY(f.Modello().Trova(fondo).isValid());
+    QVERIFY(f.Modello().Trova(serie).isValid());
+    QCOMPARE(a.Righe("ComplessiDoc"), 2);
+}
+
+void TestStrutturaCD::laStradaCompletaDalMenu() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    a.cartella.ScriviSito(a.banca.Testa(), a.banca.Server(), a.banca.Database(),
+                          QStringLiteral("I"));
+    Sessione::cnn.reset();
+    auto principale = std::make_unique<PrimoMDI>();
+    QVERIFY(AvviaSessione(*principale, a.banca));
+    // The global unit of worth.
+    Sessione::dValore = 2.0;
+    a.piattaforma.Svuota();
+
+    principale->findChild<QAction*>(QStringLiteral("mnuComplessiDoc"))->trigger();
+    QVERIFY(Sessione::bFrmStrutturaCDAperto);
+    QPointer<frmStrutturaCD> f = principale->findChild<frmStrutturaCD*>();
+    QVERIFY(f);
+    QCOMPARE(f->objectName(), QStringLiteral("frmStrutturaCD"));
+    QCOMPARE(f->Modello().Nodi(), 1);
+
+    // An institute at the root.
+    f->cmdNuovoIst->click();
+    CompilaIstituto(f->fraIstituto, QStringLiteral("Archivio di Stato di Lucca"));
+    f->cmdConferma->click();
+    const qint64 ist = Selezionato(*f);
+    QVERIFY(ist > 0);
+    QCOMPARE(f->Modello().Immagine(f->Modello().Trova(ist)), QStringLiteral("istituto"));
+    QCOMPARE(Pulsanti4(*f), QStringLiteral("1110"));
+
+    // A complesso under it.
+    f->cmdNuovoCD->click();
+    QVERIFY2(
+        CompilaComplesso(f->fraComplesso, QStringLiteral("Fondo Guinigi"), QStringLiteral("10")),
+        "ucComplesso lacks its mandatory fields");
+    f->cmdConferma->click();
+    QCOMPARE(f->sStato, QStringLiteral("mostra"));
+    const qint64 fondo = Selezionato(*f);
+    QVERIFY(fondo > 0 && fondo != ModelloAlbero::IdTemporaneo);
+    QCOMPARE(f->Modello().Testo(f->Modello().Trova(fondo)), QStringLiteral("Fondo Guinigi"));
+    QCOMPARE(f->Modello().Immagine(f->Modello().Trova(fondo)), QStringLiteral("nolink"));
+    QCOMPARE(f->Modello().Id(f->Modello().Trova(fondo).parent()), ist);
+    QCOMPARE(Pulsanti4(*f), QStringLiteral("0111"));
+
+    // One under that.
+    f->cmdNuovoCD->click();
+    QVERIFY(CompilaComplesso(f->fraComplesso, QStringLiteral("Carteggio"), QStringLiteral("4")));
+    f->cmdConferma->click();
+    const qint64 serie = Selezionato(*f);
+    QCOMPARE(f->Modello().Id(f->Modello().Trova(serie).parent()), fondo);
+    QCOMPARE(
+        a.Valore(QStringLiteral("SELECT QuantitaFigli FROM ComplessiDoc WHERE ID_Elemento = ?"),
+                 {L(fondo)})
+            .toDouble(),
+        4.0);
+    QCOMPARE(a.Valore(QStringLiteral("SELECT Quantita FROM ComplessiDoc WHERE ID_Elemento = ?"),
+                      {L(serie)})
+                 .toDouble(),
+             4.0);
+
+    // The worth carried up is the database's: the parent's ValoreFigli is the son's Valore.
+    QCOMPARE(a.Valore(QStringLiteral("SELECT ValoreFigli FROM ComplessiDoc WHERE ID_Elemento = ?"),
+                      {L(fondo)})
+                 .toDouble(),
+             a.Valore(QStringLiteral("SELECT Valore FROM ComplessiDoc WHERE ID_Elemento = ?"),
+                      {L(serie)})
+                 .toDouble());
+
+    // A change of the name, saved.
+    f->cmdModifica->click();
+    QCOMPARE(f->sStato, QStringLiteral("modifica"));
+    Riga(f->fraComplesso, 0)->setText(QStringLiteral("Carteggio Guinigi"));
+    f->cmdConferma->click();
+    QCOMPARE(f->Modello().Testo(f->Modello().Trova(serie)), QStringLiteral("Carteggio Guinigi"));
+    QCOMPARE(
+        a.Valore(QStringLiteral("SELECT Denominazione FROM ComplessiDoc WHERE ID_Elemento = ?"),
+                 {L(serie)})
+            .toString(),
+        QStringLiteral("Carteggio Guinigi"));
+
+    // A change cancelled.
+    f->cmdModifica->click();
+    Riga(f->fraComplesso, 0)->setText(QStringLiteral("Da buttare"));
+    f->cmdAnnulla->click();
+    QCOMPARE(Riga(f->fraComplesso, 0)->text(), QStringLiteral("Carteggio Guinigi"));
+    QCOMPARE(f->Modello().Testo(f->Modello().Trova(serie)), QStringLiteral("Carteggio Guinigi"));
+
+    // The delete, from the bottom up.
+    a.piattaforma.risposte = {Risposta::Si};
+    f->cmdCancella->click();
+    QVERIFY(!f->Modello().Trova(serie).isValid());
+    QCOMPARE(Selezionato(*f), fondo);
+    QCOMPARE(a.Righe("ComplessiDoc"), 1);
+    QCOMPARE(
+        a.Valore(QStringLiteral("SELECT QuantitaFigli FROM ComplessiDoc WHERE ID_Elemento = ?"),
+                 {L(fondo)})
+            .toDouble(),
+        0.0);
+    QVERIFY(f->cmdCancella->isEnabled());
+    a.piattaforma.risposte = {Risposta::Si};
+    f->cmdCancella->click();
+    QVERIFY(!f->Modello().Trova(fondo).isValid());
+    QCOMPARE(Selezionato(*f), ist);
+    QCOMPARE(a.Righe("ComplessiDoc"), 0);
+    QCOMPARE(a.Righe("Elementi"), 1);
+    QVERIFY(MessaggiCon(a.piattaforma, QStringLiteral("Errore T4")).isEmpty());
+
+    // Escape closes the window and clears its flag.
+    QTest::keyClick(f.data(), Qt::Key_Escape);
+    QVERIFY(QTest::qWaitFor([&] { return !f; }));
+    QVERIFY(!Sessione::bFrmStrutturaCDAperto);
+    principale->findChild<QAction*>(QStringLiteral("mnuComplessiDoc"))->trigger();
+    QVERIFY(Sessione::bFrmStrutturaCDAperto);
+    // So does the close box.
+    principale->Area()->subWindowList().value(0)->close();
+    QVERIFY(QTest::qWaitFor([] { return !Sessione::bFrmStrutturaCDAperto; }));
+    principale.reset();
+}
+
+QTEST_MAIN(TestStrutturaCD)
+#include "tst_strutturacd.moc"
