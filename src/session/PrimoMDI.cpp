@@ -230,7 +230,8 @@ QMdiSubWindow* PrimoMDI::MostraFiglia(QWidget* finestra) {
             cornice->close();
         }
     });
-    sotto->show();
+    // The main child window takes the whole frame, as the one window at work.
+    sotto->showMaximized();
     finestra->setFocus();
     return sotto;
 }

@@ -18,6 +18,7 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -105,14 +106,20 @@ FinestraStruttura::FinestraStruttura(const QString& sNome, QWidget* genitore)
     centro->addWidget(picSposta);
     centro->addWidget(cmdSposta, 1);
 
-    // Right: the editor's frame, which the window fills.
-    Frame1 = new QFrame(this);
+    // Right: the editor's frame, which the window fills; it scrolls when the window is lower
+    // than the record, so that the commands below stay in sight.
+    areaFrame1 = new QScrollArea(this);
+    areaFrame1->setObjectName(QStringLiteral("areaFrame1"));
+    areaFrame1->setWidgetResizable(true);
+    areaFrame1->setFrameShape(QFrame::NoFrame);
+    Frame1 = new QFrame;
     Frame1->setObjectName(QStringLiteral("Frame1"));
+    areaFrame1->setWidget(Frame1);
 
     auto* corpo = new QHBoxLayout;
     corpo->addLayout(sinistra, 2);
     corpo->addLayout(centro);
-    corpo->addWidget(Frame1, 3);
+    corpo->addWidget(areaFrame1, 3);
 
     // Bottom: the commands; the window adds its own before Conferma and Annulla.
     cmdConferma = new QPushButton(QStringLiteral("Conferma"), this);
@@ -223,12 +230,14 @@ void FinestraStruttura::ImpostaPulsanteSposta(const QString& sBitmap, const QStr
 
 void FinestraStruttura::NascondiPannello() {
     Frame1->hide();
+    areaFrame1->hide();
     ImpostaPulsanteSposta(QStringLiteral("mostra.bmp"), QStringLiteral("sinistra.ico"));
     bPannelloNascosto = true;
 }
 
 void FinestraStruttura::MostraPannello() {
     ImpostaPulsanteSposta(QStringLiteral("nascondi.bmp"), QStringLiteral("destra.ico"));
+    areaFrame1->show();
     Frame1->show();
     bPannelloNascosto = false;
 }

@@ -14,6 +14,7 @@
 #include <QWidget>
 
 class QFrame;
+class QScrollArea;
 class QGroupBox;
 class QHBoxLayout;
 class QLabel;
@@ -102,6 +103,7 @@ public:
     QPushButton* cmdSposta = nullptr;
     QLabel* picSposta = nullptr;
     QFrame* Frame1 = nullptr;
+    QScrollArea* areaFrame1 = nullptr;
     QPushButton* cmdConferma = nullptr;
     QPushButton* cmdAnnulla = nullptr;
 
