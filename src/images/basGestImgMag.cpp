@@ -219,6 +219,8 @@ bool CopiaFile(const QString& sOrigine, const QString& sDestinazione, QString& s
     return true;
 }
 
+int iAttesaAvanzamento = 500;
+
 // The progress of the copy, where there is a screen: file n of N, no cancel.
 class Avanzamento {
 public:
@@ -230,7 +232,7 @@ public:
         dialogo->setWindowTitle(Sessione::TitoloProgramma);
         dialogo->setCancelButton(nullptr);
         dialogo->setWindowModality(Qt::ApplicationModal);
-        dialogo->setMinimumDuration(500);
+        dialogo->setMinimumDuration(iAttesaAvanzamento);
         dialogo->setAutoClose(false);
         dialogo->setAutoReset(false);
         dialogo->setRange(0, static_cast<int>(totale));
@@ -413,6 +415,10 @@ void ImportXmlMag(const QString& sFileXml, const QString& sMd5, const QString& s
     } catch (const std::exception& e) {
         sErrore = sPrefisso + QString::fromLocal8Bit(e.what());
     }
+}
+
+void ImpostaAttesaAvanzamento(int iMillisecondi) {
+    iAttesaAvanzamento = iMillisecondi;
 }
 
 void GetXmlMagNImg(const QString& sFileXml, long& lNumImg, QString& sErrore) {

@@ -27,6 +27,10 @@ void ImportXmlMag(const QString& sFileXml, const QString& sMd5, const QString& s
                   const QString& sParam12, const QString& sFileContatore, QString& sLogicalPath,
                   QString& sXmlName, long& lNumImg, QString& sErrore, bool bUseDb);
 
+// How long the copy runs before its progress dialog may show, in milliseconds (500 unless
+// told): tests set 0 to see the dialog at once.
+void ImpostaAttesaAvanzamento(int iMillisecondi);
+
 // The number of `img` children of the document element.
 void GetXmlMagNImg(const QString& sFileXml, long& lNumImg, QString& sErrore);
 

@@ -1,0 +1,48 @@
+#pragma once
+
+// The button cmdImmagine and CheckImmagine, as the records that link a MAG document offer
+// them. A record attaches one ImmagineRecord to its button and says where its element's id
+// and its digest field are; the button then shows the state of the link and imports or
+// removes it on a click.
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <functional>
+
+class QPushButton;
+
+class ImmagineRecord : public QObject {
+    Q_OBJECT
+public:
+    // Captions, tool tip and question of the button.
+    static inline const QString CaptionImmagine = QStringLiteral("Immagine");
+    static inline const QString CaptionElimina = QStringLiteral("Elimina coll. immagine");
+    static inline const QString ToolTip = QStringLiteral("Apri XmlMag");
+    static inline const QString TitoloDomanda = QStringLiteral("Cancella Immagini. ");
+    static inline const QString TitoloDomandaBreve = QStringLiteral("Cancella Immagini");
+    static inline const QString TestoDomanda =
+        QStringLiteral("Sei sicuro di voler cancellare le immagini?");
+    // The filter of the file choice, All Files and Xml Files, with Xml Files in force.
+    static inline const QString FiltroFile = QStringLiteral("Xml Files(*.xml);;All Files(*.*)");
+
+    struct Collegamento {
+        std::function<long()> idElemento;  // the record's element
+        std::function<QString()> leggiMd5; // the digest field
+        std::function<void(const QString&)> scriviMd5;
+        bool bTitoloBreve = false; // the question's title without the final point and blank
+    };
+
+    // Takes the button (named cmdImmagine, with its tool tip) and its clicks.
+    ImmagineRecord(QPushButton* cmdImmagine, Collegamento collegamento,
+                   QObject* genitore = nullptr);
+
+    // The button after the digest field: caption, back colour and Tag.
+    void CheckImmagine();
+    // What a click does: the import with Tag "0", the removal with Tag "1"; CheckImmagine after.
+    void cmdImmagine_Click();
+
+private:
+    QPointer<QPushButton> pulsante;
+    Collegamento c;
+};
