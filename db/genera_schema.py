@@ -126,7 +126,7 @@ tabella('CodiciIstituto', [
 
 tabella('Provincie', [
     C('Provincia', 'testo:4', False), C('NomeProvincia', 'testo:64'),
-], ['Provincia'], codice=False, indici=[('NomeProvincia',)])
+], ['Provincia'], indici=[('NomeProvincia',)])  # travels between sites, so it has Code
 
 tabella('ComplessiDoc', [
     C('ID_ComplessoDoc', 'id'), C('ID_Elemento', 'long', False), C('ID_Istituto', 'long'),
@@ -1015,7 +1015,50 @@ def scrivi(d: Dialetto, percorso: str):
         f.write('\n'.join(parti))
 
 
+# --------------------------------------------------------------------------------------------
+# Exchange schema files
+# --------------------------------------------------------------------------------------------
+
+# The ADO DataTypeEnum value that a schema file gives for each column kind: adInteger 3,
+# adDouble 5, adVarWChar 202, adLongVarWChar 203, adDBTimeStamp 135. Archival dates are whole
+# numbers and travel as 3.
+TIPO_ADO = {'id': 3, 'long': 3, 'yyyymmdd': 3, 'flag': 3, 'num': 5, 'data': 135, 'memo': 203}
+
+# The schema version of the files: the demo database's Config.Versione.
+VERSIONE_SCHEMI = 4
+
+
+def tipo_ado(c: Colonna) -> int:
+    if c.tipo.startswith('testo:'):
+        return 202
+    return TIPO_ADO[c.tipo]
+
+
+def tabelle_scambiate() -> list[Tabella]:
+    """The tables that travel between sites: those that carry Code, and Provincie."""
+    return [t for t in T if t.codice or t.nome == 'Provincie']
+
+
+def scrivi_schemi(cartella: str):
+    """Writes <table>Sch.xml for every exchanged table: the columns that travel, in table
+    order, without Code (the import adds it)."""
+    os.makedirs(cartella, exist_ok=True)
+    for t in tabelle_scambiate():
+        colonne = [c for c in t.colonne if c.nome.lower() != 'code']
+        righe = ['<?xml version="1.0" encoding="UTF-8"?>',
+                 '<schema datafile="%s.xml" version="%d">' % (t.nome, VERSIONE_SCHEMI),
+                 '\t<stru fieldcount="%d">' % len(colonne)]
+        for c in colonne:
+            righe.append('\t\t<field type="%d" pk="%d">%s</field>' % (
+                tipo_ado(c), 1 if c.nome in t.chiave else 0, c.nome))
+        righe += ['\t</stru>', '</schema>', '']
+        with open(os.path.join(cartella, '%sSch.xml' % t.nome), 'w', encoding='utf-8',
+                  newline='\r\n') as f:
+            f.write('\n'.join(righe))
+
+
 if __name__ == '__main__':
     cartella = os.path.dirname(os.path.abspath(__file__))
     scrivi(SQLite(), os.path.join(cartella, 'sqlite', 'schema.sql'))
     scrivi(PostgreSQL(), os.path.join(cartella, 'postgresql', 'schema.sql'))
+    scrivi_schemi(os.path.join(os.path.dirname(cartella), 'site', 'Schemi'))

@@ -7,6 +7,8 @@
 #include "LetturaLista.h"
 #include "Piattaforma.h"
 #include "Sessione.h"
+#include "exchange/frmScEsporta.h"
+#include "exchange/frmScImporta.h"
 #include "frmBackup.h"
 #include "frmConfig.h"
 #include "frmIdicizWeb.h"
@@ -95,6 +97,10 @@ PrimoMDI::PrimoMDI(QWidget* parent)
     RegistraPredefinita(QStringLiteral("frmBackup"), [](PrimoMDI* p) { return new frmBackup(p); });
     RegistraPredefinita(QStringLiteral("frmIdicizWeb"),
                         [](PrimoMDI* p) { return new frmIdicizWeb(p); });
+    RegistraPredefinita(QStringLiteral("frmScEsporta"),
+                        [](PrimoMDI* p) { return new frmScEsporta(p); });
+    RegistraPredefinita(QStringLiteral("frmScImporta"),
+                        [](PrimoMDI* p) { return new frmScImporta(p); });
     RegistraPredefinita(QStringLiteral("frmStrutturaCD"),
                         [](PrimoMDI* p) { return new frmStrutturaCD(p); });
     // Until the session is open only the help and the entries that need nothing can be chosen.

@@ -1,0 +1,386 @@
+// Table export: the data file's exact bytes, the schema folder's offer, the failures and what
+// they leave, the dialogs, and the site's schema files against both backends' tables.
+
+#include "exchange/Export.h"
+#include "exchange/frmEsporta.h"
+#include "session/Piattaforma.h"
+#include "session/Sessione.h"
+#include "store/Backend.h"
+#include "store/Connessione.h"
+
+#include "BancaDatiProva.h"
+#include "PiattaformaScriptata.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QDomDocument>
+#include <QFile>
+#include <QLabel>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QTemporaryDir>
+#include <QTreeWidget>
+#include <QtTest>
+
+namespace {
+
+QByteArray Leggi(const QString& percorso) {
+    QFile file(percorso);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void Scrivi(const QString& percorso, const QByteArray& contenuto) {
+    QFile file(percorso);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+        file.write(contenuto) != contenuto.size())
+        qFatal("can't write the test file");
+}
+
+QByteArray SchemaEsempio(int iFieldcount = 3, const QByteArray& versione = "5",
+                         const QByteArray& campoInPiu = QByteArray()) {
+    return "<?xml version=\"1.0\"?>\r\n<schema datafile=\"Esempio.xml\" version=\"" + versione +
+           "\">\r\n\t<stru fieldcount=\"" + QByteArray::number(iFieldcount) +
+           "\">\r\n\t\t<field type=\"3\" pk=\"1\">ID</field>\r\n"
+           "\t\t<field type=\"202\" pk=\"0\">Nome</field>\r\n"
+           "\t\t<field type=\"135\" pk=\"0\">Data</field>\r\n" +
+           campoInPiu + "\t</stru>\r\n</schema>\r\n";
+}
+
+const QByteArray Testa = "<?xml version = \"1.0\" encoding=\"UTF-8\"?>";
+
+// A fresh database with table Esempio, site AB01 at version 5, and the two folders.
+struct Scena {
+    explicit Scena(TipoBackend tipo)
+        : banca(tipo) {
+        cnn = banca.Apri();
+        cnn->Esegui(QStringLiteral("CREATE TABLE Esempio (ID INTEGER, Nome VARCHAR(64), "
+                                   "Data TIMESTAMP, Code VARCHAR(10))"));
+        cnn->Esegui(QStringLiteral("UPDATE Config SET Code = ?, Versione = ?"),
+                    {QStringLiteral("AB01"), 5});
+        sSchemi = cartella.path() + QStringLiteral("/Schemi");
+        sDestinazione = cartella.path() + QStringLiteral("/Scambio");
+        QDir().mkpath(sSchemi);
+        QDir().mkpath(sDestinazione);
+        Scrivi(sSchemi + QStringLiteral("/EsempioSch.xml"), SchemaEsempio());
+    }
+    void Riga(int id, const QVariant& nome, const QVariant& data) {
+        cnn->Esegui(QStringLiteral("INSERT INTO Esempio (ID, Nome, Data) VALUES (?, ?, ?)"),
+                    {id, nome, data});
+    }
+    Export::Esito Esporta(const QString& sTabella = QStringLiteral("Esempio")) {
+        return Export::EsportaTabella(*cnn, sTabella, sSchemi, sDestinazione);
+    }
+    QString File() const { return sDestinazione + QStringLiteral("/Esempio.xml"); }
+
+    BancaDatiProva banca;
+    std::shared_ptr<Connessione> cnn;
+    QTemporaryDir cartella;
+    QString sSchemi;
+    QString sDestinazione;
+};
+
+const QVariant Nullo = QVariant(QMetaType::fromType<QString>());
+
+} // namespace
+
+class TestEsporta : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        Sessione::Azzera();
+        Export::TabelleEsportate.clear();
+        Export::NumeroTabelle = 0;
+    }
+    void cleanup() { Sessione::Azzera(); }
+
+    void lEsempioSiScriveByteperByte_data() { AggiungiBackend(); }
+    void lEsempioSiScriveByteperByte() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        scena.Riga(7, QStringLiteral("Roma"), Nullo);
+        scena.Riga(8, QStringLiteral("L'Aquila"), QDateTime(QDate(2001, 3, 2), QTime(12, 0, 0)));
+        const Export::Esito esito = scena.Esporta();
+        QVERIFY2(esito.bEsportata, qPrintable(esito.sMessaggio));
+        QCOMPARE(esito.lRecord, 2);
+        const QByteArray atteso = Testa +
+                                  "<table name=\"Esempio\" version=\"5\" code=\"AB01\">"
+                                  "\r\n\t<record>"
+                                  "\r\n\t\t<field id=\"1\" null=\"0\">7</field>"
+                                  "\r\n\t\t<field id=\"2\" null=\"0\">Roma</field>"
+                                  "\r\n\t\t<field id=\"3\" null=\"1\"/>"
+                                  "\r\n\t</record>"
+                                  "\r\n\t<record>"
+                                  "\r\n\t\t<field id=\"1\" null=\"0\">8</field>"
+                                  "\r\n\t\t<field id=\"2\" null=\"0\">L'Aquila</field>"
+                                  "\r\n\t\t<field id=\"3\" null=\"0\">2001-03-02 12:00:00</field>"
+                                  "\r\n\t</record>"
+                                  "\r\n</table>";
+        QCOMPARE(Leggi(scena.File()), atteso);
+    }
+
+    void unaTabellaSenzaRigheDaSoloLaRigaFinale_data() { AggiungiBackend(); }
+    void unaTabellaSenzaRigheDaSoloLaRigaFinale() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        QVERIFY(scena.Esporta().bEsportata);
+        QCOMPARE(Leggi(scena.File()),
+                 Testa + "<table name=\"Esempio\" version=\"5\" code=\"AB01\">\r\n</table>");
+    }
+
+    void unaConfigVuotaDaTableConSoloNameEContaComeEsportata_data() { AggiungiBackend(); }
+    void unaConfigVuotaDaTableConSoloNameEContaComeEsportata() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        scena.Riga(1, QStringLiteral("Roma"), Nullo);
+        scena.cnn->Esegui(QStringLiteral("DELETE FROM Config"));
+        Sessione::cnn = scena.cnn;
+        Sessione::sParam09 = scena.sSchemi;
+        Sessione::sCartellaExport = scena.sDestinazione;
+        PiattaformaScriptata piattaforma;
+        QVERIFY(Export::EsportaTabella(QStringLiteral("Esempio")));
+        QCOMPARE(Leggi(scena.File()), Testa + "<table name=\"Esempio\">\r\n</table>");
+        QCOMPARE(Export::TabelleEsportate, QStringList{QStringLiteral("Esempio")});
+        QCOMPARE(Export::NumeroTabelle, short(1));
+        QVERIFY(piattaforma.Messaggi().isEmpty());
+    }
+
+    void lUltimoSchDecideIlNomeEDistingueLeMaiuscole() {
+        QTemporaryDir cartella;
+        for (const char* nome : {"SchedeSch.xml", "SCHEDESCH.XML", "SchemiSch.XML", "note.txt",
+                                 "Altro.xml", " Provincie Sch.xml"})
+            Scrivi(cartella.filePath(QString::fromLatin1(nome)), "<a/>");
+        QStringList offerte = Export::TabelleDisponibili(cartella.path());
+        offerte.sort();
+        QCOMPARE(offerte, (QStringList{QStringLiteral("Provincie"), QStringLiteral("Schede"),
+                                       QStringLiteral("Schemi")}));
+    }
+
+    void unCampoInPiuEToleratoDueInPiuFalliscono_data() { AggiungiBackend(); }
+    void unCampoInPiuEToleratoDueInPiuFalliscono() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        scena.Riga(1, QStringLiteral("Roma"), Nullo);
+        Scrivi(scena.sSchemi + QStringLiteral("/EsempioSch.xml"), SchemaEsempio(2));
+        const Export::Esito tollerato = scena.Esporta();
+        QVERIFY2(tollerato.bEsportata, qPrintable(tollerato.sMessaggio));
+        const QByteArray scritto = Leggi(scena.File());
+        QVERIFY(scritto.contains("<field id=\"2\" null=\"0\">Roma</field>"));
+        QVERIFY(!scritto.contains("id=\"3\""));
+
+        Scrivi(scena.sSchemi + QStringLiteral("/EsempioSch.xml"), SchemaEsempio(1));
+        const Export::Esito fallito = scena.Esporta();
+        QVERIFY(!fallito.bEsportata);
+        QCOMPARE(fallito.sMessaggio, QStringLiteral("9\r\nIndice non compreso nell'intervallo"));
+        QCOMPARE(Leggi(scena.File()), scritto); // the earlier file is untouched
+    }
+
+    void minoreEdEcommercialeEscapatiStringaVuotaSenzaTesto_data() { AggiungiBackend(); }
+    void minoreEdEcommercialeEscapatiStringaVuotaSenzaTesto() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        scena.Riga(1, QStringLiteral("a<b & c\r\n\td"), Nullo);
+        scena.Riga(2, QString(QLatin1String("")), Nullo);
+        QVERIFY(scena.Esporta().bEsportata);
+        const QByteArray scritto = Leggi(scena.File());
+        QVERIFY2(scritto.contains("<field id=\"2\" null=\"0\">a&lt;b &amp; c\r\n\td</field>"),
+                 scritto.constData());
+        QVERIFY2(scritto.contains("<field id=\"2\" null=\"0\"></field>"), scritto.constData());
+        // Read back, the text is the value.
+        QDomDocument documento;
+        QVERIFY(documento.setContent(scritto));
+        QCOMPARE(documento.documentElement()
+                     .firstChildElement()
+                     .firstChildElement()
+                     .nextSiblingElement()
+                     .text(),
+                 QStringLiteral("a<b & c\n\td"));
+    }
+
+    void iNumeriDecimaliHannoLaVirgola_data() { AggiungiBackend(); }
+    void iNumeriDecimaliHannoLaVirgola() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        scena.cnn->Esegui(QStringLiteral("CREATE TABLE Misure (ID INTEGER, Metri DOUBLE "
+                                         "PRECISION)"));
+        scena.cnn->Esegui(QStringLiteral("INSERT INTO Misure (ID, Metri) VALUES (?, ?)"), {1, 2.5});
+        Scrivi(scena.sSchemi + QStringLiteral("/MisureSch.xml"),
+               "<s datafile=\"Misure.xml\" version=\"5\"><stru fieldcount=\"2\">"
+               "<field type=\"3\">ID</field><field type=\"5\">Metri</field></stru></s>");
+        QVERIFY(scena.Esporta(QStringLiteral("Misure")).bEsportata);
+        QVERIFY(Leggi(scena.sDestinazione + QStringLiteral("/Misure.xml"))
+                    .contains("<field id=\"2\" null=\"0\">2,5</field>"));
+    }
+
+    void versioniDiverseDannoAttenzioneESenzaFile_data() { AggiungiBackend(); }
+    void versioniDiverseDannoAttenzioneESenzaFile() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        Scrivi(scena.sSchemi + QStringLiteral("/EsempioSch.xml"), SchemaEsempio(3, "4"));
+        Sessione::cnn = scena.cnn;
+        Sessione::sParam09 = scena.sSchemi;
+        Sessione::sCartellaExport = scena.sDestinazione;
+        PiattaformaScriptata piattaforma;
+        QVERIFY(!Export::EsportaTabella(QStringLiteral("Esempio")));
+        QCOMPARE(piattaforma.Messaggi().size(), 1);
+        const Messaggio box = piattaforma.Messaggi().first();
+        QCOMPARE(box.sTitolo, QStringLiteral("Attenzione"));
+        QCOMPARE(box.icona, Icona::Critica);
+        QCOMPARE(box.sTesto,
+                 QStringLiteral("Versioni incompatibili tra schema file [4] e Database [5]"));
+        QVERIFY(!QFile::exists(scena.File()));
+        QVERIFY(Export::TabelleEsportate.isEmpty());
+    }
+
+    void iGuastiDannoNumeroEDescrizioneELascianoIlFilePrecedente_data() { AggiungiBackend(); }
+    void iGuastiDannoNumeroEDescrizioneELascianoIlFilePrecedente() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        scena.Riga(1, QStringLiteral("Roma"), Nullo);
+        Scrivi(scena.File(), "precedente");
+        // A schema column that the table lacks.
+        Scrivi(scena.sSchemi + QStringLiteral("/EsempioSch.xml"),
+               SchemaEsempio(4, "5", "\t\t<field type=\"202\">Assente</field>\r\n"));
+        Export::Esito esito = scena.Esporta();
+        QVERIFY(!esito.bEsportata);
+        QVERIFY2(esito.sMessaggio.startsWith(QStringLiteral("3265\r\n")),
+                 qPrintable(esito.sMessaggio));
+        QCOMPARE(Leggi(scena.File()), QByteArray("precedente"));
+        // A schema file that is missing, or not well formed.
+        QFile::remove(scena.sSchemi + QStringLiteral("/EsempioSch.xml"));
+        esito = scena.Esporta();
+        QCOMPARE(esito.sMessaggio,
+                 QStringLiteral("91\r\nVariabile oggetto o variabile del blocco With non "
+                                "impostata"));
+        Scrivi(scena.sSchemi + QStringLiteral("/EsempioSch.xml"), "<schema datafile=");
+        QVERIFY(scena.Esporta().sMessaggio.startsWith(QStringLiteral("91\r\n")));
+        QCOMPARE(Leggi(scena.File()), QByteArray("precedente"));
+        // A table that is missing.
+        Scrivi(scena.sSchemi + QStringLiteral("/MancanteSch.xml"), SchemaEsempio());
+        esito = scena.Esporta(QStringLiteral("Mancante"));
+        QVERIFY(!esito.bEsportata);
+        QVERIFY2(esito.sMessaggio.contains(QStringLiteral("\r\n")), qPrintable(esito.sMessaggio));
+        // A folder that can't be written.
+        Scrivi(scena.sSchemi + QStringLiteral("/EsempioSch.xml"), SchemaEsempio());
+        scena.sDestinazione = scena.cartella.path() + QStringLiteral("/NonCe");
+        esito = scena.Esporta();
+        QCOMPARE(esito.sMessaggio, QStringLiteral("76\r\nImpossibile trovare il percorso"));
+    }
+
+    void unNomeVuotoSiElencaSoltanto() {
+        QTemporaryDir cartella;
+        BancaDatiProva banca(TipoBackend::SQLite);
+        auto cnn = banca.Apri();
+        const Export::Esito esito =
+            Export::EsportaTabella(*cnn, QString(), cartella.path(), cartella.path());
+        QVERIFY(esito.bEsportata);
+        QVERIFY(QDir(cartella.path()).entryList(QDir::Files).isEmpty());
+    }
+
+    void senzaTabelleScelteIlMessaggioEVuotoEIlModuloSiChiude() {
+        QTemporaryDir cartella;
+        Scrivi(cartella.filePath(QStringLiteral("EsempioSch.xml")), SchemaEsempio());
+        Scrivi(cartella.filePath(QStringLiteral("AltroSch.xml")), SchemaEsempio());
+        Sessione::sParam09 = cartella.path();
+        PiattaformaScriptata piattaforma;
+        frmEsporta finestra;
+        auto* lvwDB = finestra.findChild<QTreeWidget*>(QStringLiteral("lvwDB"));
+        QVERIFY(lvwDB);
+        QCOMPARE(lvwDB->headerItem()->text(0), QStringLiteral("Nome tabella da esportare"));
+        QCOMPARE(lvwDB->topLevelItemCount(), 2);
+        for (int i = 0; i < 2; ++i) {
+            QCOMPARE(lvwDB->topLevelItem(i)->checkState(0), Qt::Checked);
+            lvwDB->topLevelItem(i)->setCheckState(0, Qt::Unchecked);
+        }
+        finestra.show();
+        finestra.cmdEsportaClick();
+        QCOMPARE(piattaforma.Messaggi().size(), 1);
+        QCOMPARE(piattaforma.Messaggi().first().sTitolo, QStringLiteral("Tabelle esportate"));
+        QCOMPARE(piattaforma.Messaggi().first().sTesto, QString());
+        QCOMPARE(piattaforma.Messaggi().first().icona, Icona::Informazione);
+        QCOMPARE(finestra.result(), int(QDialog::Accepted));
+        QVERIFY(!finestra.isVisible());
+    }
+
+    void ilModuloEsportaLeTabelleSceltePerNome_data() { AggiungiBackend(); }
+    void ilModuloEsportaLeTabelleSceltePerNome() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        scena.Riga(1, QStringLiteral("Roma"), Nullo);
+        Scrivi(scena.sSchemi + QStringLiteral("/MancanteSch.xml"), SchemaEsempio());
+        Sessione::cnn = scena.cnn;
+        Sessione::sParam09 = scena.sSchemi;
+        Sessione::sCartellaExport = scena.sDestinazione;
+        PiattaformaScriptata piattaforma;
+        frmEsporta finestra;
+        finestra.cmdEsportaClick();
+        // Mancante fails with its box; Esempio is done and listed.
+        const QList<Messaggio> box = piattaforma.Messaggi();
+        QCOMPARE(box.size(), 2);
+        QCOMPARE(box.last().sTitolo, QStringLiteral("Tabelle esportate"));
+        QCOMPARE(box.last().sTesto, QStringLiteral("Esempio\r\n"));
+        QVERIFY(finestra.findChild<QLabel*>(QStringLiteral("lblRecord")));
+        QVERIFY(QFile::exists(scena.File()));
+    }
+
+    void ogniColonnaDegliSchemiDelSitoEsisteNelDatabase_data() { AggiungiBackend(); }
+    void ogniColonnaDegliSchemiDelSitoEsisteNelDatabase() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        BancaDatiProva banca(backend,
+                             {QStringLiteral("riferimenti.sql"), QStringLiteral("demo.sql")});
+        auto cnn = banca.Apri();
+        const QString sSchemi = QStringLiteral(TABELLION_SORGENTI) + QStringLiteral("/site/Schemi");
+        const QStringList tabelle = Export::TabelleDisponibili(sSchemi);
+        QVERIFY(tabelle.size() > 20);
+        QSqlQuery config = cnn->Esegui(QStringLiteral("SELECT Versione FROM Config"));
+        QVERIFY(config.next());
+        const int iVersione = config.value(0).toInt();
+        QTemporaryDir destinazione;
+        for (const QString& sTabella : tabelle) {
+            QFile file(sSchemi + QLatin1Char('/') + sTabella + QStringLiteral("Sch.xml"));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QDomDocument documento;
+            QVERIFY(documento.setContent(&file));
+            const QDomElement radice = documento.documentElement();
+            QCOMPARE(radice.attribute(QStringLiteral("version")).toInt(), iVersione);
+            QCOMPARE(radice.attribute(QStringLiteral("datafile")), sTabella + ".xml");
+            const QSqlRecord colonne =
+                cnn->Esegui(QStringLiteral("SELECT * FROM ") +
+                            cnn->backend().Identificatore(sTabella.toLower()) +
+                            QStringLiteral(" WHERE 1 = 0"))
+                    .record();
+            QVERIFY2(sTabella == QLatin1String("Provincie") ||
+                         colonne.indexOf(QStringLiteral("Code")) >= 0,
+                     qPrintable(sTabella));
+            const QDomElement stru = radice.firstChildElement(QStringLiteral("stru"));
+            int iCampi = 0;
+            for (QDomElement campo = stru.firstChildElement(QStringLiteral("field"));
+                 !campo.isNull(); campo = campo.nextSiblingElement(QStringLiteral("field"))) {
+                ++iCampi;
+                QVERIFY2(colonne.indexOf(campo.text()) >= 0,
+                         qPrintable(sTabella + QLatin1Char('.') + campo.text()));
+                QVERIFY(campo.text().compare(QLatin1String("Code"), Qt::CaseInsensitive) != 0);
+                const int tipo = campo.attribute(QStringLiteral("type")).toInt();
+                QVERIFY((QList<int>{3, 5, 131, 135, 202, 203}).contains(tipo));
+            }
+            QCOMPARE(stru.attribute(QStringLiteral("fieldcount")).toInt(), iCampi);
+            // And the table travels.
+            const Export::Esito esito =
+                Export::EsportaTabella(*cnn, sTabella, sSchemi, destinazione.path());
+            QVERIFY2(esito.bEsportata, qPrintable(sTabella + QLatin1Char(' ') + esito.sMessaggio));
+        }
+    }
+};
+
+QTEST_MAIN(TestEsporta)
+#include "tst_esporta.moc"
