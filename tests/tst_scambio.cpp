@@ -85,8 +85,16 @@ void TestScambio::lArchivioDimostrativoPassaDaUnDatabaseAUnAltro() {
     QVERIFY2(esportato.codice == 0, qPrintable(esportato.errori));
     const QStringList tabelle = esportato.uscita.split(u'\n', Qt::SkipEmptyParts);
     QVERIFY(tabelle.size() >= 39);
-    // ...and a new database of another site takes them all.
+    // ...and a database of another site, with rows of its own, takes them all.
     BancaDatiProva ricevente(backend);
+    {
+        auto proprio = ricevente.Apri();
+        proprio->Esegui(QStringLiteral("UPDATE Config SET Code = 'ASLU', ID_Start = 5000000, "
+                                       "ID_End = 5999999"));
+        proprio->Esegui(
+            QStringLiteral("INSERT INTO Elementi (ID_Elemento, Tipologia, "
+                           "Denominazione) VALUES (5000000, '01', 'Istituto proprio')"));
+    }
     CartellaProva sitoRicevente;
     sitoRicevente.ScriviSito(ricevente.Testa(), ricevente.Server(), ricevente.Database());
     const Esito importato =
@@ -105,8 +113,40 @@ void TestScambio::lArchivioDimostrativoPassaDaUnDatabaseAUnAltro() {
         QSqlQuery dopo = a->Esegui(conta);
         QVERIFY(prima.next() && dopo.next());
         QVERIFY2(prima.value(0).toInt() > 0, tabella);
-        QCOMPARE(dopo.value(0).toInt(), prima.value(0).toInt());
+        const int propri = QLatin1String(tabella) == QLatin1String("Elementi") ||
+                                   QLatin1String(tabella) == QLatin1String("Istituti")
+                               ? 1
+                               : 0;
+        QCOMPARE(dopo.value(0).toInt(), prima.value(0).toInt() + propri);
     }
+    // The receiving site's own rows are untouched.
+    QSqlQuery proprio = a->Esegui(QStringLiteral(
+        "SELECT E.Code, I.Code FROM Elementi E JOIN Istituti I ON I.ID_Elemento = E.ID_Elemento "
+        "WHERE E.ID_Elemento = 5000000"));
+    QVERIFY(proprio.next());
+    QCOMPARE(proprio.value(0).toString(), QStringLiteral("ASLU"));
+    QCOMPARE(proprio.value(1).toString(), QStringLiteral("ASLU"));
+    // And back: the receiving site's database gives the demo rows to a third, on SQLite.
+    CartellaProva ritorno;
+    const Esito riesportato =
+        Esegui(sitoRicevente, QStringList{QStringLiteral("esporta")}
+                                  << Login(ricevente) << QStringLiteral("-c") << ritorno.Percorso()
+                                  << QStringLiteral("-x") << schemi);
+    QVERIFY2(riesportato.codice == 0, qPrintable(riesportato.errori));
+    BancaDatiProva terzo(TipoBackend::SQLite);
+    CartellaProva sitoTerzo;
+    sitoTerzo.ScriviSito(terzo.Testa(), terzo.Server(), terzo.Database());
+    const Esito reimportato =
+        Esegui(sitoTerzo, QStringList{QStringLiteral("importa")}
+                              << Login(terzo) << QStringLiteral("-c") << ritorno.Percorso()
+                              << QStringLiteral("-x") << schemi);
+    QVERIFY2(reimportato.codice == 0, qPrintable(reimportato.errori));
+    auto c = terzo.Apri();
+    QSqlQuery elementi = c->Esegui(QStringLiteral("SELECT COUNT(*) FROM Elementi"));
+    QSqlQuery attesi = da->Esegui(QStringLiteral("SELECT COUNT(*) FROM Elementi"));
+    QVERIFY(elementi.next() && attesi.next());
+    // The receiving site exported its own rows too, under its own code.
+    QCOMPARE(elementi.value(0).toInt(), attesi.value(0).toInt() + 1);
     // The rows keep the sender's code, and what the database derived travels with them.
     QSqlQuery riga = a->Esegui(QStringLiteral(
         "SELECT Code, DenomCompleta FROM ComplessiDoc WHERE DenomCompleta LIKE '% > % > %'"));
