@@ -9,11 +9,10 @@
 #include "exchange/Export.h"
 #include "exchange/Import.h"
 #include "session/Errore.h"
-#include "session/LetturaLista.h"
 #include "session/Piattaforma.h"
+#include "session/RigaDiComando.h"
 #include "session/Sessione.h"
 #include "store/Connessione.h"
-#include "store/StringaConnessione.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -51,10 +50,7 @@ private:
 
 struct Opzioni {
     QString sVerbo;
-    QString sUtente;
-    QString sPassword;
-    QString sServer;
-    QString sDatabase;
+    AccessoDaRigaDiComando accesso;
     QString sCartella;
     QString sSchemi;
     QStringList tabelle;
@@ -69,45 +65,22 @@ Opzioni LeggiOpzioni(const QStringList& argomenti) {
     if (opzioni.sVerbo != QStringLiteral("esporta") && opzioni.sVerbo != QStringLiteral("importa"))
         throw Errore(sorgente,
                      QStringLiteral("Comando sconosciuto: \"%1\".\n%2").arg(opzioni.sVerbo, Uso));
-    for (qsizetype i = 1; i < argomenti.size(); ++i) {
-        const QString& argomento = argomenti[i];
-        if (argomento.size() < 2 || argomento[0] != u'-') {
-            opzioni.tabelle.append(argomento);
-            continue;
-        }
-        QString valore = argomento.mid(2);
-        if (valore.isEmpty()) {
-            if (i + 1 >= argomenti.size())
-                throw Errore(
-                    sorgente,
-                    QStringLiteral("Manca il valore dell'opzione %1.\n%2").arg(argomento, Uso));
-            valore = argomenti[++i];
-        }
-        switch (argomento[1].unicode()) {
-        case u'U':
-            opzioni.sUtente = valore;
-            break;
-        case u'P':
-            opzioni.sPassword = valore;
-            break;
-        case u'S':
-            opzioni.sServer = valore;
-            break;
-        case u'd':
-            opzioni.sDatabase = valore;
-            break;
-        case u'c':
-            opzioni.sCartella = valore;
-            break;
-        case u'x':
-            opzioni.sSchemi = valore;
-            break;
-        default:
-            throw Errore(sorgente,
-                         QStringLiteral("Opzione sconosciuta: %1.\n%2").arg(argomento, Uso));
-        }
-    }
-    if (opzioni.sDatabase.isEmpty() || opzioni.sCartella.isEmpty())
+    LeggiOpzioniRigaDiComando(
+        argomenti, 1, sorgente, Uso, opzioni.accesso,
+        [&opzioni](QChar lettera, const QString& valore) {
+            if (lettera == u'c')
+                opzioni.sCartella = valore;
+            else if (lettera == u'x')
+                opzioni.sSchemi = valore;
+            else
+                return false;
+            return true;
+        },
+        [&opzioni](const QString& tabella) {
+            opzioni.tabelle.append(tabella);
+            return true;
+        });
+    if (opzioni.accesso.sDatabase.isEmpty() || opzioni.sCartella.isEmpty())
         throw Errore(
             sorgente,
             QStringLiteral("Servono almeno il database (-d) e la cartella (-c).\n%1").arg(Uso));
@@ -117,12 +90,8 @@ Opzioni LeggiOpzioni(const QStringList& argomenti) {
 QString CartellaSchemi(const Opzioni& opzioni) {
     QString sCartella = opzioni.sSchemi;
     if (sCartella.isEmpty()) {
-        const QStringList record = LeggiLista(Sessione::FileProgramma(QStringLiteral("Param.txt")),
-                                              QStringLiteral("tabellion-scambio"));
-        for (const QString& riga : record) {
-            if (riga.left(2) == QStringLiteral("09"))
-                sCartella = riga.mid(3).trimmed();
-        }
+        Sessione::LeggiParam(QStringLiteral("tabellion-scambio"));
+        sCartella = Sessione::sParam09;
     }
     if (sCartella.isEmpty())
         throw Errore(QStringLiteral("tabellion-scambio"),
@@ -143,12 +112,8 @@ int Esegui(const QStringList& argomenti, QTextStream& uscita, QTextStream& error
         if (tabelle.isEmpty())
             tabelle =
                 bImporta ? Import::TabelleOfferte(sSchemi) : Export::TabelleDisponibili(sSchemi);
-        const QStringList connetti =
-            LeggiLista(Sessione::FileProgramma(QStringLiteral("Connetti.txt")),
-                       QStringLiteral("tabellion-scambio"));
         Sessione::cnn = Connessione::Apri(
-            ComponiStringaConnessione(connetti.value(0), opzioni.sServer, opzioni.sDatabase,
-                                      opzioni.sUtente, opzioni.sPassword));
+            StringaDaConnetti(opzioni.accesso, QStringLiteral("tabellion-scambio")));
         Sessione::sParam09 = sSchemi;
         const QString sCartella = QDir(opzioni.sCartella).absolutePath();
         if (bImporta) {

@@ -308,37 +308,6 @@ void PrimoMDI::changeEvent(QEvent* evento) {
     }
 }
 
-void PrimoMDI::LeggiParam() {
-    const QStringList record = LeggiLista(Sessione::FileProgramma(QStringLiteral("Param.txt")),
-                                          QStringLiteral("PrimoMDI"));
-    for (const QString& riga : record) {
-        const QString codice = riga.left(2);
-        const QString valore = riga.mid(3);
-        if (codice == QStringLiteral("01")) {
-            Sessione::sParam01 = valore;
-        } else if (codice == QStringLiteral("02")) {
-            Sessione::sServer = valore;
-        } else if (codice == QStringLiteral("03")) {
-            Sessione::sParam03 = valore;
-        } else if (codice == QStringLiteral("04")) {
-            Sessione::sParam04 = valore;
-        } else if (codice == QStringLiteral("05")) {
-            Sessione::sParam05 = valore;
-        } else if (codice == QStringLiteral("06")) {
-            Sessione::sVersioneApp = valore;
-        } else if (codice == QStringLiteral("07")) {
-            Sessione::sParam07 = valore;
-        } else if (codice == QStringLiteral("08")) {
-            Sessione::sDatabase = valore;
-        } else if (codice == QStringLiteral("09")) {
-            Sessione::sParam09 = valore;
-        } else if (codice == QStringLiteral("12")) {
-            Sessione::sParam12 = valore;
-            break; // what follows the first record of code 12 is not read
-        }
-    }
-}
-
 void PrimoMDI::LeggiMenu() {
     const QStringList record =
         LeggiLista(Sessione::FileProgramma(QStringLiteral("Menu.txt")), QStringLiteral("PrimoMDI"));
@@ -353,7 +322,7 @@ void PrimoMDI::Form_Activate() {
     }
     bPrimaAttivazione = false;
     try {
-        LeggiParam();
+        Sessione::LeggiParam(QStringLiteral("PrimoMDI"));
         LeggiMenu();
         Sessione::sVersioneApp = Sessione::VersioneApplicazione;
 

@@ -57,7 +57,6 @@ private:
     QAction* VoceBarra(const char* nome, const QString& sDidascalia);
     void ApriFiglia(const VoceFiglia& voce);
     void ApriModale(const QString& sNome);
-    void LeggiParam();
     void LeggiMenu();
     void Guida(int n);
 

@@ -1,5 +1,6 @@
 #include "Sessione.h"
 
+#include "LetturaLista.h"
 #include "store/Connessione.h"
 
 #include <QCoreApplication>
@@ -80,6 +81,36 @@ QString CartellaProgramma() {
                                          : QDir(daAmbiente).absolutePath();
     }
     return sCartella;
+}
+
+void LeggiParam(const QString& sSorgente) {
+    const QStringList record = LeggiLista(FileProgramma(QStringLiteral("Param.txt")), sSorgente);
+    for (const QString& riga : record) {
+        const QString codice = riga.left(2);
+        const QString valore = riga.mid(3);
+        if (codice == QStringLiteral("01")) {
+            sParam01 = valore;
+        } else if (codice == QStringLiteral("02")) {
+            sServer = valore;
+        } else if (codice == QStringLiteral("03")) {
+            sParam03 = valore;
+        } else if (codice == QStringLiteral("04")) {
+            sParam04 = valore;
+        } else if (codice == QStringLiteral("05")) {
+            sParam05 = valore;
+        } else if (codice == QStringLiteral("06")) {
+            sVersioneApp = valore;
+        } else if (codice == QStringLiteral("07")) {
+            sParam07 = valore;
+        } else if (codice == QStringLiteral("08")) {
+            sDatabase = valore;
+        } else if (codice == QStringLiteral("09")) {
+            sParam09 = valore;
+        } else if (codice == QStringLiteral("12")) {
+            sParam12 = valore;
+            break; // what follows the first record of code 12 is not read
+        }
+    }
 }
 
 QString FileProgramma(const QString& nome) {

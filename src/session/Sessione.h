@@ -85,4 +85,10 @@ QString CartellaProgramma();
 // A file of the program folder.
 QString FileProgramma(const QString& nome);
 
+// Reads Param.txt of the program folder into the settings: a record is a two-digit code, one
+// separator and the value from the fourth character; a later record of a code wins, codes 10,
+// 11 and unknown ones are ignored, and reading stops at the first record of code 12. A missing
+// or unreadable file raises Errore with the given source.
+void LeggiParam(const QString& sSorgente);
+
 } // namespace Sessione

@@ -1,7 +1,7 @@
 #include "StrumentoSql.h"
 
 #include "Errore.h"
-#include "LetturaLista.h"
+#include "RigaDiComando.h"
 #include "Sessione.h"
 #include "store/Backend.h"
 #include "store/Connessione.h"
@@ -14,10 +14,7 @@
 namespace {
 
 struct Opzioni {
-    QString sUtente;
-    QString sPassword;
-    QString sServer;
-    QString sDatabase;
+    AccessoDaRigaDiComando accesso;
     QStringList file;
     bool bCrea = false;
 };
@@ -27,52 +24,25 @@ const QString Uso = QStringLiteral(
     "[--crea]");
 
 Opzioni LeggiOpzioni(const QStringList& argomenti) {
-    Opzioni opzioni;
-    for (qsizetype i = 0; i < argomenti.size(); ++i) {
-        const QString& argomento = argomenti[i];
-        if (argomento == QStringLiteral("--crea")) {
-            opzioni.bCrea = true;
-            continue;
-        }
-        if (argomento == QStringLiteral("-h") || argomento == QStringLiteral("--help")) {
-            throw Errore(QStringLiteral("tabellion-sql"), Uso);
-        }
-        if (argomento.size() < 2 || argomento[0] != u'-') {
-            throw Errore(QStringLiteral("tabellion-sql"),
-                         QStringLiteral("Argomento non previsto: \"%1\".\n%2").arg(argomento, Uso));
-        }
-        const QChar lettera = argomento[1];
-        QString valore = argomento.mid(2);
-        if (valore.isEmpty()) {
-            if (i + 1 >= argomenti.size()) {
-                throw Errore(
-                    QStringLiteral("tabellion-sql"),
-                    QStringLiteral("Manca il valore dell'opzione %1.\n%2").arg(argomento, Uso));
-            }
-            valore = argomenti[++i];
-        }
-        switch (lettera.unicode()) {
-        case u'U':
-            opzioni.sUtente = valore;
-            break;
-        case u'P':
-            opzioni.sPassword = valore;
-            break;
-        case u'S':
-            opzioni.sServer = valore;
-            break;
-        case u'd':
-            opzioni.sDatabase = valore;
-            break;
-        case u'i':
-            opzioni.file.append(valore);
-            break;
-        default:
-            throw Errore(QStringLiteral("tabellion-sql"),
-                         QStringLiteral("Opzione sconosciuta: %1.\n%2").arg(argomento, Uso));
-        }
+    const QString sorgente = QStringLiteral("tabellion-sql");
+    if (argomenti.contains(QStringLiteral("-h")) || argomenti.contains(QStringLiteral("--help"))) {
+        throw Errore(sorgente, Uso);
     }
-    if (opzioni.sDatabase.isEmpty() || opzioni.file.isEmpty()) {
+    Opzioni opzioni;
+    LeggiOpzioniRigaDiComando(
+        argomenti, 0, sorgente, Uso, opzioni.accesso,
+        [&opzioni](QChar lettera, const QString& valore) {
+            if (lettera != u'i') {
+                return false;
+            }
+            opzioni.file.append(valore);
+            return true;
+        },
+        [&opzioni](const QString& testo) {
+            opzioni.bCrea = opzioni.bCrea || testo == QStringLiteral("--crea");
+            return testo == QStringLiteral("--crea");
+        });
+    if (opzioni.accesso.sDatabase.isEmpty() || opzioni.file.isEmpty()) {
         throw Errore(
             QStringLiteral("tabellion-sql"),
             QStringLiteral("Servono almeno il database (-d) e uno script (-i).\n%1").arg(Uso));
@@ -109,12 +79,7 @@ QString LeggiScript(const QString& sPercorso) {
 int EseguiStrumentoSql(const QStringList& argomenti, QTextStream& uscita, QTextStream& errori) {
     try {
         const Opzioni opzioni = LeggiOpzioni(argomenti);
-        const QStringList connetti =
-            LeggiLista(Sessione::FileProgramma(QStringLiteral("Connetti.txt")),
-                       QStringLiteral("tabellion-sql"));
-        const QString testa = connetti.value(0);
-        const QString stringa = ComponiStringaConnessione(testa, opzioni.sServer, opzioni.sDatabase,
-                                                          opzioni.sUtente, opzioni.sPassword);
+        const QString stringa = StringaDaConnetti(opzioni.accesso, QStringLiteral("tabellion-sql"));
         if (opzioni.bCrea) {
             const StringaConnessione letta = StringaConnessione::Leggi(stringa);
             Connessione::BackendDi(letta).CreaDatabase(letta);
