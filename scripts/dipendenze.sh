@@ -3,7 +3,7 @@
 
 PACCHETTI_BASE=(
     build-essential cmake ninja-build ccache pkg-config
-    qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6sql6-psql
+    qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6sql6-psql libpq-dev
     libgl-dev libxkbcommon-dev fonts-dejavu-core sqlite3
 )
 

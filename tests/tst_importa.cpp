@@ -121,6 +121,10 @@ private Q_SLOTS:
         AggiungiBackend();
     }
     void unValoreSbagliatoNelRecordNLasciaLaTabellaComEraEIlLogFinisceColComandoFallito();
+    void unRifiutoDelServerAMetaDiUnGruppoDiRecordFaFinireIlLogColComandoRifiutato_data() {
+        AggiungiBackend();
+    }
+    void unRifiutoDelServerAMetaDiUnGruppoDiRecordFaFinireIlLogColComandoRifiutato();
     void unFileMalFormatoTroncatoOSenzaCodiceNonLasciaNulla_data() { AggiungiBackend(); }
     void unFileMalFormatoTroncatoOSenzaCodiceNonLasciaNulla();
     void leTabelleOfferteSonoQuelleDegliSchemiInMaiuscoloOMinuscolo();
@@ -318,6 +322,37 @@ void TestImporta::unValoreSbagliatoNelRecordNLasciaLaTabellaComEraEIlLogFinisceC
     QVERIFY(query.next());
     QCOMPARE(query.value(0).toInt(), 3);
     QCOMPARE(query.value(1).toString(), QStringLiteral("AB01"));
+}
+
+void TestImporta::unRifiutoDelServerAMetaDiUnGruppoDiRecordFaFinireIlLogColComandoRifiutato() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    QVERIFY(Prepara());
+    const QStringList prima = Righe();
+    // Record 1500 of 2000 takes the key of the other site's row, which the import keeps: the
+    // server refuses it in the middle of the rows sent together.
+    QByteArray record;
+    for (int i = 1; i <= 2000; ++i) {
+        const QByteArray id = i == 1500 ? QByteArray("100") : QByteArray::number(1000 + i);
+        record += Record(Campo(1, id.constData()) + Campo(2, "Fascicolo"));
+    }
+    Scrivi(Dati(record));
+    QVERIFY(!Import::ImportaTabella(QStringLiteral("Esempio")));
+    QCOMPARE(Righe(), prima);
+    QCOMPARE(TriggerSospesi(tipo), 0);
+    QVERIFY(Import::TabelleImportate.isEmpty());
+    QCOMPARE(piattaforma->Messaggi().size(), 1);
+    QVERIFY(!piattaforma->Messaggi().constFirst().sTesto.isEmpty());
+
+    QString ultimo;
+    QVERIFY(BenFormato(cartella->File(QStringLiteral("EsempioSql.xml")), &ultimo));
+    QVERIFY2(ultimo.contains(QStringLiteral("Values ('100', 'Fascicolo', 'AB01')")),
+             qPrintable(ultimo));
+    QFile log(cartella->File(QStringLiteral("EsempioSql.xml")));
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    const QByteArray testo = log.readAll();
+    QCOMPARE(testo.count("<insert>"), 1500);
+    QVERIFY(testo.endsWith("</record></table>"));
 }
 
 void TestImporta::unFileMalFormatoTroncatoOSenzaCodiceNonLasciaNulla() {

@@ -5,6 +5,7 @@
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
 #include "store/Backend.h"
+#include "store/Caricamento.h"
 #include "store/Connessione.h"
 #include "store/TestoErrore.h"
 
@@ -17,7 +18,13 @@
 #include <QSqlRecord>
 #include <QVector>
 #include <QXmlStreamReader>
+#include <condition_variable>
+#include <deque>
+#include <map>
 #include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
 
 namespace Import {
 
@@ -59,8 +66,9 @@ QByteArray Attributo(const QString& s) {
     return t.toUtf8();
 }
 
-// The command log <table>Sql.xml, appended and flushed before each command and well formed
-// after each one: the closing tag is written after every element and overwritten by the next.
+// The command log <table>Sql.xml, well formed whenever a command may run: commands are
+// gathered, then written with the closing tag and flushed before the server sees them; the
+// closing tag is overwritten by the next ones. Time stays linear in the commands.
 class LogComandi {
 public:
     LogComandi(const QString& sPercorso, const QString& sTabella)
@@ -68,34 +76,82 @@ public:
         if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
             Fallisci(QStringLiteral("Impossibile scrivere il file %1: %2")
                          .arg(QDir::toNativeSeparators(sPercorso), file.errorString()));
-        Aggiungi(QByteArrayLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?><table name=\"") +
-                 Attributo(sTabella) + QByteArrayLiteral("\">"));
+        attesa = QByteArrayLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?><table name=\"") +
+                 Attributo(sTabella) + QByteArrayLiteral("\">");
+        Scarica();
     }
 
     void ComandoTabella(const QString& sComando) {
-        Aggiungi(Crlf + '\t' + QByteArrayLiteral("<tablecommand>") + Testo(sComando) +
-                 QByteArrayLiteral("</tablecommand>"));
+        attesa += Crlf + '\t' + QByteArrayLiteral("<tablecommand>") + Testo(sComando) +
+                  QByteArrayLiteral("</tablecommand>");
+        Scarica();
     }
-    void Inserimento(const QString& sComando) {
-        Aggiungi(Crlf + '\t' + QByteArrayLiteral("<record>") + Crlf + "\t\t" +
-                 QByteArrayLiteral("<insert>") + Testo(sComando) + QByteArrayLiteral("</insert>") +
-                 Crlf + '\t' + QByteArrayLiteral("</record>"));
+    // An insert, held until the next Scarica; gives back where the log ends after it.
+    qint64 Inserimento(const QString& sComando) {
+        attesa += "\r\n\t<record>\r\n\t\t<insert>";
+        AggiungiTesto(sComando);
+        attesa += "</insert>\r\n\t</record>";
+        return lCorpo + attesa.size();
+    }
+    // What is held goes to the file, which is well formed again.
+    void Scarica() {
+        if (!file.seek(lCorpo) || file.write(attesa) != attesa.size() ||
+            file.write(FineTabella) != FineTabella.size() || !file.flush())
+            Guasto();
+        lCorpo += attesa.size();
+        attesa.clear();
+    }
+    // The log ends at lFine: the commands after it never ran.
+    void TroncaA(qint64 lFine) {
+        attesa.clear();
+        lCorpo = lFine;
+        Scarica();
+        if (!file.resize(lCorpo + FineTabella.size()))
+            Guasto();
     }
     void Chiudi() {
-        Aggiungi(Crlf);
+        attesa += Crlf;
+        Scarica();
         file.close();
     }
 
 private:
-    void Aggiungi(const QByteArray& parte) {
-        if (!file.seek(lCorpo) || file.write(parte) != parte.size() ||
-            file.write(FineTabella) != FineTabella.size() || !file.flush())
-            Fallisci(QStringLiteral("Impossibile scrivere il file %1: %2")
-                         .arg(QDir::toNativeSeparators(file.fileName()), file.errorString()));
-        lCorpo += parte.size();
+    void AggiungiTesto(const QString& sTesto) {
+        const QByteArray utf8 = sTesto.toUtf8();
+        const char* inizio = utf8.constData();
+        const char* fine = inizio + utf8.size();
+        const char* corsa = inizio;
+        for (const char* p = inizio; p < fine; ++p) {
+            const char* sostituto = nullptr;
+            switch (*p) {
+            case '&':
+                sostituto = "&amp;";
+                break;
+            case '<':
+                sostituto = "&lt;";
+                break;
+            case '>':
+                sostituto = "&gt;";
+                break;
+            case '\r':
+                sostituto = "&#13;";
+                break;
+            default:
+                continue;
+            }
+            attesa.append(corsa, p - corsa);
+            attesa.append(sostituto);
+            corsa = p + 1;
+        }
+        attesa.append(corsa, fine - corsa);
+    }
+    [[noreturn]] void Guasto() {
+        Fallisci(QStringLiteral("Impossibile scrivere il file %1: %2")
+                     .arg(QDir::toNativeSeparators(file.fileName()), file.errorString()));
     }
 
     QFile file;
+    QByteArray attesa;
     qint64 lCorpo = 0;
 };
 
@@ -108,11 +164,11 @@ struct Schema {
     QVector<int> pk;
 };
 
-int Intero(const QString& s, const QString& sCosa) {
+int Intero(QStringView s, const QString& sCosa) {
     bool ok = false;
     const int n = s.trimmed().toInt(&ok);
     if (!ok)
-        Fallisci(QStringLiteral("Valore non numerico in %1: \"%2\"").arg(sCosa, s));
+        Fallisci(QStringLiteral("Valore non numerico in %1: \"%2\"").arg(sCosa, s.toString()));
     return n;
 }
 
@@ -193,35 +249,92 @@ void Tollerato(const QSqlDatabase& db, const std::function<void()>& passo) {
     }
 }
 
-struct Valore {
-    QString sLog;    // as the logged command shows it, quotes included
-    QVariant valore; // what is bound
-    QString sErrore; // a value the server would refuse: raised once the command is logged
-};
+// A date already in the form the server is given ("yyyy-mm-dd hh:mm:ss"): taken as it is.
+bool DataCanonica(const QString& s) {
+    if (s.size() != 19)
+        return false;
+    for (qsizetype i = 0; i < 19; ++i) {
+        const char16_t c = s[i].unicode();
+        const bool bCifra = c >= u'0' && c <= u'9';
+        switch (i) {
+        case 4:
+        case 7:
+            if (c != u'-')
+                return false;
+            break;
+        case 10:
+            if (c != u' ')
+                return false;
+            break;
+        case 13:
+        case 16:
+            if (c != u':')
+                return false;
+            break;
+        default:
+            if (!bCifra)
+                return false;
+        }
+    }
+    const auto numero = [&s](qsizetype i, qsizetype n) {
+        int v = 0;
+        for (qsizetype k = i; k < i + n; ++k)
+            v = v * 10 + (s[k].unicode() - u'0');
+        return v;
+    };
+    return s[0] != u'0' && QDate::isValid(numero(0, 4), numero(5, 2), numero(8, 2)) &&
+           numero(11, 2) < 24 && numero(14, 2) < 60 && numero(17, 2) < 60;
+}
 
-Valore ValoreCampo(int iTipo, bool bNull, const QString& sTesto) {
-    if (bNull)
-        return {QStringLiteral("null"), QVariant(), QString()};
+// A field's value: its text goes at the end of the logged command (quotes included) and its
+// value to be bound is given back. A value no server would take leaves its words in sErrore,
+// raised once the command is logged.
+QVariant ValoreCampo(int iTipo, bool bNull, const QString& sTesto, QString& sComando,
+                     QString& sErrore) {
+    if (bNull) {
+        sComando += QStringLiteral("null");
+        return QVariant();
+    }
     const QString sNonNullo = sTesto.isNull() ? QStringLiteral("") : sTesto;
     if (iTipo == 5 || iTipo == 131) {
         QString sPunto = sNonNullo;
         sPunto.replace(QLatin1Char(','), QLatin1Char('.'));
+        sComando += sPunto;
+        const QString sValore = sPunto.trimmed();
         bool ok = false;
-        sPunto.trimmed().toDouble(&ok);
-        return {sPunto, sPunto.trimmed(),
-                ok ? QString() : QStringLiteral("Valore numerico non valido: \"%1\"").arg(sPunto)};
+        sValore.toDouble(&ok);
+        if (!ok && sErrore.isEmpty())
+            sErrore = QStringLiteral("Valore numerico non valido: \"%1\"").arg(sPunto);
+        return sValore;
     }
     if (iTipo == 135) {
-        if (!IsDate(sNonNullo))
-            return {QStringLiteral("Convert(datetime,'") + sNonNullo + QStringLiteral("',120)"),
-                    QVariant(), QStringLiteral("Data non valida: \"%1\"").arg(sNonNullo)};
-        const QString sData = DataSql(sNonNullo);
-        return {QStringLiteral("Convert(datetime,'") + sData + QStringLiteral("',120)"), sData,
-                QString()};
+        sComando += QStringLiteral("Convert(datetime,'");
+        QVariant valore;
+        if (DataCanonica(sNonNullo)) {
+            sComando += sNonNullo;
+            valore = sNonNullo;
+        } else if (IsDate(sNonNullo)) {
+            const QString sData = DataSql(sNonNullo);
+            sComando += sData;
+            valore = sData;
+        } else {
+            sComando += sNonNullo;
+            if (sErrore.isEmpty())
+                sErrore = QStringLiteral("Data non valida: \"%1\"").arg(sNonNullo);
+        }
+        sComando += QStringLiteral("',120)");
+        return valore;
     }
-    QString sDoppio = sNonNullo;
-    sDoppio.replace(QLatin1Char('\''), QStringLiteral("''"));
-    return {QLatin1Char('\'') + sDoppio + QLatin1Char('\''), sNonNullo, QString()};
+    sComando += QLatin1Char('\'');
+    if (sNonNullo.contains(QLatin1Char('\''))) {
+        QString sDoppio = sNonNullo;
+        sDoppio.replace(QLatin1Char('\''), QStringLiteral("''"));
+        sComando += sDoppio;
+    } else {
+        sComando += sNonNullo;
+    }
+    sComando += QLatin1Char('\'');
+    return sNonNullo;
 }
 
 void EseguiPreparata(QSqlQuery& query, const QVariantList& valori) {
@@ -230,6 +343,161 @@ void EseguiPreparata(QSqlQuery& query, const QVariantList& valori) {
     if (!query.exec())
         Fallisci(TestoErrore(query.lastError()));
 }
+
+// The records of a data file, read on a thread of their own while the server takes the ones
+// before: a record is its fields in the file's order. Blocks of records wait in a short queue,
+// so memory stays flat whatever the file's size.
+struct CampoLetto {
+    int iSlot = 0;
+    bool bNull = false;
+    QString sTesto;
+};
+
+struct BloccoLetto {
+    std::vector<CampoLetto> campi;
+    std::vector<size_t> fineRecord; // where each record's fields end in campi
+    QString sErrore;                // the file is refused here, after the records above
+};
+
+class LettoreDati {
+public:
+    LettoreDati(const QString& sPercorsoDato, qsizetype iSlotDati)
+        : sPercorso(sPercorsoDato)
+        , iSlot(iSlotDati) {
+        thread = std::thread([this] { Leggi(); });
+    }
+    ~LettoreDati() {
+        {
+            const std::lock_guard<std::mutex> blocco(mutex);
+            bFermato = true;
+        }
+        cambiato.notify_all();
+        thread.join();
+    }
+    LettoreDati(const LettoreDati&) = delete;
+    LettoreDati& operator=(const LettoreDati&) = delete;
+
+    // The next block, false when the file is over.
+    bool Prossimo(BloccoLetto& blocco) {
+        std::unique_lock<std::mutex> attesa(mutex);
+        cambiato.wait(attesa, [this] { return !coda.empty() || bFinito; });
+        if (coda.empty())
+            return false;
+        blocco = std::move(coda.front());
+        coda.pop_front();
+        cambiato.notify_all();
+        return true;
+    }
+
+private:
+    static constexpr size_t RecordPerBlocco = 1000;
+    static constexpr size_t BlocchiInCoda = 4;
+
+    bool Consegna(BloccoLetto& blocco) {
+        std::unique_lock<std::mutex> attesa(mutex);
+        cambiato.wait(attesa, [this] { return coda.size() < BlocchiInCoda || bFermato; });
+        if (bFermato)
+            return false;
+        coda.push_back(std::move(blocco));
+        blocco = BloccoLetto();
+        cambiato.notify_all();
+        return true;
+    }
+
+    void Leggi() {
+        BloccoLetto blocco;
+        try {
+            LeggiFile(blocco);
+        } catch (const Errore& errore) {
+            blocco.sErrore = errore.descrizione();
+        } catch (const std::exception& eccezione) {
+            blocco.sErrore = QString::fromLocal8Bit(eccezione.what());
+        }
+        // Only whole records are taken.
+        blocco.campi.resize(blocco.fineRecord.empty() ? 0 : blocco.fineRecord.back());
+        if (!blocco.campi.empty() || !blocco.sErrore.isEmpty())
+            Consegna(blocco);
+        const std::lock_guard<std::mutex> fine(mutex);
+        bFinito = true;
+        cambiato.notify_all();
+    }
+
+    void LeggiFile(BloccoLetto& blocco) {
+        QFile file(sPercorso);
+        if (!file.open(QIODevice::ReadOnly))
+            Fallisci(
+                QStringLiteral("File non trovato: %1").arg(QDir::toNativeSeparators(sPercorso)));
+        QXmlStreamReader xml(&file);
+        while (!xml.atEnd() && xml.readNext() != QXmlStreamReader::StartElement) {
+        }
+        const QString sRecord = QStringLiteral("record");
+        const QString sField = QStringLiteral("field");
+        const QString sId = QStringLiteral("id");
+        const QString sNull = QStringLiteral("null");
+        qint64 lRecord = 0;
+        while (!xml.atEnd()) {
+            xml.readNext();
+            if (xml.isEndElement())
+                break; // the end of table
+            if (!xml.isStartElement())
+                continue;
+            if (xml.name() != sRecord) {
+                xml.skipCurrentElement();
+                continue;
+            }
+            const size_t iInizio = blocco.campi.size();
+            while (xml.readNextStartElement()) {
+                if (xml.name() != sField) {
+                    xml.skipCurrentElement();
+                    continue;
+                }
+                const QXmlStreamAttributes attributi = xml.attributes();
+                const QStringView id = attributi.value(sId);
+                const QStringView null = attributi.value(sNull);
+                if (id.isEmpty() || null.isEmpty())
+                    Fallisci(QStringLiteral("Campo senza attributo id o null nel record %1")
+                                 .arg(lRecord + 1));
+                CampoLetto campo;
+                campo.iSlot = Intero(id, sId) - 1;
+                campo.bNull = Intero(null, sNull) != 0;
+                campo.sTesto = xml.readElementText();
+                if (campo.iSlot < 0 || campo.iSlot >= iSlot)
+                    Fallisci(QStringLiteral("Indice non compreso nell'intervallo"));
+                blocco.campi.push_back(std::move(campo));
+            }
+            if (xml.hasError()) {
+                blocco.campi.resize(iInizio); // a record cut short is not taken
+                break;
+            }
+            blocco.fineRecord.push_back(blocco.campi.size());
+            ++lRecord;
+            if (blocco.fineRecord.size() >= RecordPerBlocco && !Consegna(blocco))
+                return;
+        }
+        // The rest of the file must be well formed too, or nothing of it is taken.
+        while (!xml.atEnd() && !xml.hasError())
+            xml.readNext();
+        if (xml.hasError())
+            Fallisci(QStringLiteral("%1: %2 (riga %3)")
+                         .arg(QDir::toNativeSeparators(sPercorso), xml.errorString())
+                         .arg(xml.lineNumber()));
+    }
+
+    const QString sPercorso;
+    const qsizetype iSlot;
+    std::mutex mutex;
+    std::condition_variable cambiato;
+    std::deque<BloccoLetto> coda;
+    bool bFinito = false;
+    bool bFermato = false;
+    std::thread thread;
+};
+
+// The rows of one set of columns, and the text that opens their logged commands.
+struct Destinazione {
+    std::unique_ptr<Caricamento> caricamento;
+    QString sInizioLog;
+};
 
 void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
     ControllaNome(sTabella);
@@ -240,20 +508,24 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
     const double dVersione = VersioneDatabase(connessione);
 
     const QString sPercorsoDati = PercorsoIn(Sessione::sCartellaImport, schema.sDatafile);
-    QFile fileDati(sPercorsoDati);
-    if (!fileDati.open(QIODevice::ReadOnly))
-        Fallisci(
-            QStringLiteral("File non trovato: %1").arg(QDir::toNativeSeparators(sPercorsoDati)));
-    QXmlStreamReader xml(&fileDati);
-    while (!xml.atEnd() && xml.readNext() != QXmlStreamReader::StartElement) {
+    QString sCode;
+    int iVersioneFile = 0;
+    {
+        QFile fileDati(sPercorsoDati);
+        if (!fileDati.open(QIODevice::ReadOnly))
+            Fallisci(QStringLiteral("File non trovato: %1")
+                         .arg(QDir::toNativeSeparators(sPercorsoDati)));
+        QXmlStreamReader xml(&fileDati);
+        while (!xml.atEnd() && xml.readNext() != QXmlStreamReader::StartElement) {
+        }
+        if (xml.hasError() || !xml.isStartElement())
+            Fallisci(QStringLiteral("%1: %2").arg(
+                QDir::toNativeSeparators(sPercorsoDati),
+                xml.hasError() ? xml.errorString() : QStringLiteral("documento senza elemento")));
+        sCode = xml.attributes().value(QStringLiteral("code")).toString();
+        iVersioneFile =
+            Intero(xml.attributes().value(QStringLiteral("version")).toString(), "version");
     }
-    if (xml.hasError() || !xml.isStartElement())
-        Fallisci(QStringLiteral("%1: %2").arg(
-            QDir::toNativeSeparators(sPercorsoDati),
-            xml.hasError() ? xml.errorString() : QStringLiteral("documento senza elemento")));
-    const QString sCode = xml.attributes().value(QStringLiteral("code")).toString();
-    const int iVersioneFile =
-        Intero(xml.attributes().value(QStringLiteral("version")).toString(), "version");
 
     if (schema.iVersione != iVersioneFile || dVersione != schema.iVersione) {
         MsgBox(QStringLiteral("Versioni incompatibili tra schema file [%1], Data File [%2] e "
@@ -272,8 +544,9 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
                    sTabella);
     QSqlDatabase db = connessione.Db();
     const Backend& backend = connessione.backend();
-    // The prepared inserts, one per set of columns; they outlive the rollback.
-    QHash<QString, std::shared_ptr<QSqlQuery>> inserimenti;
+    // One load per set of columns; records of another set send the rows held first, so that
+    // rows reach the table in the file's order.
+    std::map<std::vector<int>, Destinazione> destinazioni;
     if (!db.transaction())
         Fallisci(TestoErrore(db.lastError()));
     try {
@@ -293,81 +566,93 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
             EseguiPreparata(cancella, {sCode});
         }
 
-        qint64 lRecord = 0;
-        while (!xml.atEnd()) {
-            xml.readNext();
-            if (xml.isEndElement())
-                break; // the end of table
-            if (!xml.isStartElement())
-                continue;
-            if (xml.name() != QStringLiteral("record")) {
-                xml.skipCurrentElement();
-                continue;
+        const QString sCodeLog = QLatin1Char('\'') + sCode + QLatin1Char('\'');
+        const QString sCodeLogFine = QStringLiteral(", ") + sCodeLog + QStringLiteral(") ");
+        Destinazione* attuale = nullptr;
+        std::vector<int> slotAttuali;
+        std::vector<int> slot;
+        std::vector<qint64> fineLog; // where the log ends after each row held
+        QVariantList valori;
+        QString sComando;
+        const auto invia = [&] {
+            if (!attuale || attuale->caricamento->InAttesa() == 0)
+                return;
+            log.Scarica();
+            const Caricamento::Rifiuto rifiuto = attuale->caricamento->Invia();
+            if (rifiuto.iRiga >= 0) {
+                // The refused command is the log's last one.
+                log.TroncaA(fineLog[static_cast<size_t>(rifiuto.iRiga)]);
+                Fallisci(rifiuto.sErrore);
             }
-            QStringList colonne;
-            QStringList colonneLog;
-            QStringList valoriLog;
-            QVariantList valori;
-            QString sErrore;
-            while (xml.readNextStartElement()) {
-                if (xml.name() != QStringLiteral("field")) {
-                    xml.skipCurrentElement();
-                    continue;
-                }
-                const QString sId = xml.attributes().value(QStringLiteral("id")).toString();
-                const QString sNull = xml.attributes().value(QStringLiteral("null")).toString();
-                if (sId.isEmpty() || sNull.isEmpty())
-                    Fallisci(QStringLiteral("Campo senza attributo id o null nel record %1")
-                                 .arg(lRecord + 1));
-                const int iSlot = Intero(sId, QStringLiteral("id")) - 1;
-                const bool bNull = Intero(sNull, QStringLiteral("null")) != 0;
-                const QString sTesto = xml.readElementText();
-                if (iSlot < 0 || iSlot >= schema.nomi.size())
-                    Fallisci(QStringLiteral("Indice non compreso nell'intervallo"));
-                const Valore v = ValoreCampo(schema.tipi[iSlot], bNull, sTesto);
-                colonne.append(schema.nomi[iSlot]);
-                colonneLog.append(QLatin1Char('"') + schema.nomi[iSlot] + QLatin1Char('"'));
-                valoriLog.append(v.sLog);
-                valori.append(v.valore);
-                if (sErrore.isEmpty())
-                    sErrore = v.sErrore;
-            }
-            if (xml.hasError())
-                break;
-            colonne.append(QStringLiteral("Code"));
-            colonneLog.append(QStringLiteral("\"Code\""));
-            valoriLog.append(QLatin1Char('\'') + sCode + QLatin1Char('\''));
-            valori.append(sCode);
+            fineLog.clear();
+        };
 
-            const QString sChiave = colonne.join(QLatin1Char(','));
-            std::shared_ptr<QSqlQuery>& query = inserimenti[sChiave];
-            if (!query) {
-                query = std::make_shared<QSqlQuery>(db);
-                const QString sSegnaposti =
-                    QStringList(colonne.size(), QStringLiteral("?")).join(QStringLiteral(", "));
-                if (!query->prepare(QStringLiteral("INSERT INTO ") + sTabella +
-                                    QStringLiteral(" (") + colonne.join(QStringLiteral(", ")) +
-                                    QStringLiteral(") VALUES (") + sSegnaposti + QLatin1Char(')')))
-                    Fallisci(TestoErrore(query->lastError()));
+        LettoreDati lettore(sPercorsoDati, schema.nomi.size());
+        BloccoLetto blocco;
+        qint64 lRecord = 0;
+        while (lettore.Prossimo(blocco)) {
+            size_t iCampo = 0;
+            for (const size_t iFine : blocco.fineRecord) {
+                slot.clear();
+                for (size_t i = iCampo; i < iFine; ++i)
+                    slot.push_back(blocco.campi[i].iSlot);
+                if (!attuale || slot != slotAttuali) {
+                    invia();
+                    Destinazione& destinazione = destinazioni[slot];
+                    if (!destinazione.caricamento) {
+                        QStringList colonne;
+                        QStringList colonneLog;
+                        for (const int i : slot) {
+                            colonne.append(schema.nomi[i]);
+                            colonneLog.append(QLatin1Char('"') + schema.nomi[i] + QLatin1Char('"'));
+                        }
+                        colonne.append(QStringLiteral("Code"));
+                        colonneLog.append(QStringLiteral("\"Code\""));
+                        destinazione.caricamento = backend.ApriCaricamento(db, sTabella, colonne);
+                        destinazione.sInizioLog =
+                            QStringLiteral("Insert into ") + sTabella + QStringLiteral(" (") +
+                            colonneLog.join(QStringLiteral(", ")) + QStringLiteral(") Values (");
+                    }
+                    attuale = &destinazione;
+                    slotAttuali = slot;
+                }
+                sComando.resize(0);
+                sComando += attuale->sInizioLog;
+                valori.clear();
+                QString sErrore;
+                for (size_t i = iCampo; i < iFine; ++i) {
+                    const CampoLetto& campo = blocco.campi[i];
+                    if (i > iCampo)
+                        sComando += QStringLiteral(", ");
+                    valori.append(ValoreCampo(schema.tipi[campo.iSlot], campo.bNull, campo.sTesto,
+                                              sComando, sErrore));
+                }
+                sComando += iFine > iCampo ? sCodeLogFine : sCodeLog + QStringLiteral(") ");
+                valori.append(sCode);
+                iCampo = iFine;
+                fineLog.push_back(log.Inserimento(sComando));
+                if (!sErrore.isEmpty()) {
+                    // A value no server would take: the rows before it are sent, then the
+                    // table fails on this command, the log's last.
+                    fineLog.pop_back();
+                    invia();
+                    log.Scarica();
+                    Fallisci(sErrore);
+                }
+                attuale->caricamento->Aggiungi(valori);
+                if (attuale->caricamento->Pieno())
+                    invia();
+                ++lRecord;
+                if (avanzamento && lRecord % 500 == 0)
+                    avanzamento(lRecord);
             }
-            log.Inserimento(QStringLiteral("Insert into ") + sTabella + QStringLiteral(" (") +
-                            colonneLog.join(QStringLiteral(", ")) + QStringLiteral(") Values (") +
-                            valoriLog.join(QStringLiteral(", ")) + QStringLiteral(") "));
-            if (!sErrore.isEmpty())
-                Fallisci(sErrore);
-            EseguiPreparata(*query, valori);
-            ++lRecord;
-            if (avanzamento && lRecord % 500 == 0)
-                avanzamento(lRecord);
+            if (!blocco.sErrore.isEmpty()) {
+                invia();
+                Fallisci(blocco.sErrore);
+            }
         }
-        // The rest of the file must be well formed too, or nothing of it is taken.
-        while (!xml.atEnd() && !xml.hasError())
-            xml.readNext();
-        if (xml.hasError())
-            Fallisci(QStringLiteral("%1: %2 (riga %3)")
-                         .arg(QDir::toNativeSeparators(sPercorsoDati), xml.errorString())
-                         .arg(xml.lineNumber()));
-        inserimenti.clear();
+        invia();
+        destinazioni.clear();
         if (avanzamento)
             avanzamento(lRecord);
 
@@ -380,8 +665,7 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
         if (!db.commit())
             Fallisci(TestoErrore(db.lastError()));
     } catch (...) {
-        for (const std::shared_ptr<QSqlQuery>& query : std::as_const(inserimenti))
-            query->finish();
+        destinazioni.clear();
         db.rollback();
         throw;
     }

@@ -2,11 +2,18 @@
 
 #include "BackendPostgreSQL.h"
 #include "BackendSQLite.h"
+#include "Caricamento.h"
 
 QString Backend::Identificatore(const QString& sNome) const {
     QString doppio = sNome;
     doppio.replace(QStringLiteral("\""), QStringLiteral("\"\""));
     return QLatin1Char('"') + doppio + QLatin1Char('"');
+}
+
+std::unique_ptr<Caricamento> Backend::ApriCaricamento(const QSqlDatabase& db,
+                                                      const QString& sTabella,
+                                                      const QStringList& colonne) const {
+    return std::make_unique<CaricamentoInserimenti>(db, sTabella, colonne);
 }
 
 const Backend* Backend::PerProvider(const QString& sProvider) {

@@ -7,7 +7,9 @@
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
+#include <memory>
 
+class Caricamento;
 class StringaConnessione;
 
 class Backend {
@@ -44,6 +46,12 @@ public:
     // Past the end of the range it fails, or inserts nothing and gives back no key.
     virtual QString IstruzioneInserisci(const QString& sTabella, const QString& sChiave,
                                         const QStringList& colonne) const = 0;
+
+    // Rows into one table at once, inside the caller's transaction, by the server's fastest
+    // path (the import's). Table and column names are plain names, joined as they stand.
+    virtual std::unique_ptr<Caricamento> ApriCaricamento(const QSqlDatabase& db,
+                                                         const QString& sTabella,
+                                                         const QStringList& colonne) const;
 
     // The two maintenance procedures. Backup: a consistent copy of the whole database to
     // sDestinazione (SQLite: a database file; PostgreSQL: a pg_dump archive). Web index:

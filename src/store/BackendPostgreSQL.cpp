@@ -1,4 +1,5 @@
 #include "BackendPostgreSQL.h"
+#include "CaricamentoPostgreSQL.h"
 #include "TestoErrore.h"
 
 #include "StringaConnessione.h"
@@ -151,6 +152,12 @@ void BackendPostgreSQL::AllineaChiavi(const QSqlDatabase& db, const QString&) co
     QSqlQuery query(db);
     query.prepare(QStringLiteral("SELECT tabellion_allinea_chiavi()"));
     Esegui(query);
+}
+
+std::unique_ptr<Caricamento> BackendPostgreSQL::ApriCaricamento(const QSqlDatabase& db,
+                                                                const QString& sTabella,
+                                                                const QStringList& colonne) const {
+    return ApriCaricamentoPostgreSQL(db, sTabella, colonne);
 }
 
 QString BackendPostgreSQL::IstruzioneInserisci(const QString& sTabella, const QString& sChiave,

@@ -18,6 +18,8 @@ public:
     void AllineaChiavi(const QSqlDatabase& db, const QString& sTabella) const override;
     QString IstruzioneInserisci(const QString& sTabella, const QString& sChiave,
                                 const QStringList& colonne) const override;
+    std::unique_ptr<Caricamento> ApriCaricamento(const QSqlDatabase& db, const QString& sTabella,
+                                                 const QStringList& colonne) const override;
     void Backup(const QSqlDatabase& db, const StringaConnessione& stringa,
                 const QString& sDestinazione) const override;
     void IndiceWeb(const QSqlDatabase& db, const QString& sLingua) const override;
