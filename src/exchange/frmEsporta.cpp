@@ -1,6 +1,7 @@
 #include "frmEsporta.h"
 
 #include "exchange/Export.h"
+#include "exchange/frmSceltaCartella.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
@@ -51,6 +52,8 @@ void frmEsporta::Carica() {
         lvwDB->clear();
         lvwDB->setColumnCount(1);
         lvwDB->setHeaderLabels({QStringLiteral("Nome tabella da esportare")});
+        // A schema folder that is not there or can't be read is a failure, not an empty list.
+        ControllaCartellaScambio(Sessione::sParam09, objectName());
         int i = 0;
         for (const QString& sTabella : Export::TabelleDisponibili(Sessione::sParam09)) {
             auto* voce = new QTreeWidgetItem(lvwDB, {sTabella});

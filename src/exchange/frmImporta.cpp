@@ -1,6 +1,7 @@
 #include "frmImporta.h"
 
 #include "exchange/Import.h"
+#include "exchange/frmSceltaCartella.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
@@ -52,6 +53,8 @@ void frmImporta::Carica() {
         lvwDB->clear();
         lvwDB->setColumnCount(1);
         lvwDB->setHeaderLabels({QStringLiteral("Nome tabella da importare")});
+        // A schema folder that is not there or can't be read is a failure, not an empty list.
+        ControllaCartellaScambio(Sessione::sParam09, objectName());
         int i = 0;
         for (const QString& sTabella : Import::TabelleOfferte(Sessione::sParam09)) {
             auto* voce = new QTreeWidgetItem(lvwDB, {sTabella});

@@ -4,6 +4,7 @@
 #include "session/Piattaforma.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,6 +13,9 @@
 #include <QVBoxLayout>
 
 namespace {
+
+// The platform's number for a folder that is there but can't be read.
+constexpr long AccessoNegato = 75;
 
 void MostraErrore(const Errore& errore, const QString& sTitolo) {
     MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica, sTitolo);
@@ -22,6 +26,18 @@ QString Pulito(const QString& sPercorso) {
 }
 
 } // namespace
+
+void ControllaCartellaScambio(const QString& sCartella, const QString& sSorgente) {
+    // An empty path names no folder: the working folder is not the site's.
+    const QFileInfo info(sCartella);
+    if (sCartella.isEmpty() || !info.isDir())
+        throw Errore(sSorgente, QStringLiteral("Impossibile trovare il percorso"),
+                     ErroriPiattaforma::PercorsoNonTrovato);
+    // Listing a folder needs both reading it and passing through it.
+    if (!info.isReadable() || !info.isExecutable())
+        throw Errore(sSorgente, QStringLiteral("Errore di accesso al percorso/file"),
+                     AccessoNegato);
+}
 
 frmSceltaCartella::frmSceltaCartella(Impostazioni impostazioniDate, QWidget* parent)
     : QDialog(parent)
@@ -75,41 +91,40 @@ void frmSceltaCartella::ImpostaPercorso(const QString& sNuovo) {
     const QString sPulito = Pulito(sNuovo);
     if (sPulito == sPercorso && !sPercorso.isEmpty())
         return;
-    sPercorso = sPulito;
-    RiempiDir1();
-    Dir1Change();
+    // Out of the root: back to it, and nothing else.
+    const QString sRadice = Pulito(*impostazioni.sRadice);
+    const bool bFuori = sPulito.left(sRadice.size()) != sRadice;
+    RiempiDir1(bFuori ? sRadice : sPulito);
+    if (!bFuori)
+        Dir1Change();
 }
 
-void frmSceltaCartella::RiempiDir1() {
+void frmSceltaCartella::RiempiDir1(const QString& sCartella) {
+    // The folder is read before anything changes: a failure leaves the list as it was.
+    ControllaCartellaScambio(sCartella, impostazioni.sNome);
+    QDir cartella(sCartella);
+    const QStringList sottocartelle =
+        cartella.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    sPercorso = sCartella;
     Dir1->clear();
-    QDir cartella(sPercorso);
     if (!cartella.isRoot())
         Dir1->addItem(QStringLiteral(".."));
-    for (const QString& sNome : cartella.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
-        Dir1->addItem(sNome);
+    Dir1->addItems(sottocartelle);
 }
 
 void frmSceltaCartella::Dir1Change() {
-    try {
-        const QString sRadice = Pulito(*impostazioni.sRadice);
-        if (sPercorso.left(sRadice.size()) != sRadice) {
-            // Out of the root: back to it, and nothing else.
-            sPercorso = sRadice;
-            RiempiDir1();
-            return;
-        }
-        Text1->setText(QDir::toNativeSeparators(sPercorso));
-        cmdConferma->setEnabled(true);
-    } catch (const Errore& errore) {
-        MostraErrore(errore, impostazioni.sErrore + QLatin1Char('1'));
-    }
+    Text1->setText(QDir::toNativeSeparators(sPercorso));
+    cmdConferma->setEnabled(true);
 }
 
 void frmSceltaCartella::Dir1Click(QListWidgetItem* voce) {
     try {
         if (!voce)
             return;
-        Text1->setText(QDir::toNativeSeparators(Pulito(QDir(sPercorso).filePath(voce->text()))));
+        // A folder that went away since it was listed can't be chosen: Text1 keeps its folder.
+        const QString sScelta = Pulito(QDir(sPercorso).filePath(voce->text()));
+        ControllaCartellaScambio(sScelta, impostazioni.sNome);
+        Text1->setText(QDir::toNativeSeparators(sScelta));
         cmdConferma->setEnabled(true);
     } catch (const Errore& errore) {
         MostraErrore(errore, impostazioni.sErrore + QLatin1Char('3'));
@@ -117,8 +132,12 @@ void frmSceltaCartella::Dir1Click(QListWidgetItem* voce) {
 }
 
 void frmSceltaCartella::Dir1Apri(QListWidgetItem* voce) {
-    if (voce)
-        ImpostaPercorso(QDir(sPercorso).filePath(voce->text()));
+    try {
+        if (voce)
+            ImpostaPercorso(QDir(sPercorso).filePath(voce->text()));
+    } catch (const Errore& errore) {
+        MostraErrore(errore, impostazioni.sErrore + QLatin1Char('1'));
+    }
 }
 
 void frmSceltaCartella::cmdConfermaClick() {

@@ -13,6 +13,11 @@ class QListWidget;
 class QListWidgetItem;
 class QPushButton;
 
+// A folder of the exchange that is about to be listed: raises the platform's error with the
+// source given when it can't be, 76 "Impossibile trovare il percorso" when it is not there or
+// is not a folder, 75 "Errore di accesso al percorso/file" when it can't be read.
+void ControllaCartellaScambio(const QString& sCartella, const QString& sSorgente);
+
 class frmSceltaCartella : public QDialog {
     Q_OBJECT
 public:
@@ -28,16 +33,20 @@ public:
 
     frmSceltaCartella(Impostazioni impostazioni, QWidget* parent);
 
-    // Dir1.Path: the folder whose subfolders Dir1 lists; setting it is Dir1's change.
+    // Dir1.Path: the folder whose subfolders Dir1 lists; setting it is Dir1's change. A path
+    // out of the root gives the root. Raises Errore when the folder can't be listed, and then
+    // Dir1, its path and Text1 stay as they were.
     QString Percorso() const { return sPercorso; }
     void ImpostaPercorso(const QString& sNuovo);
 
 private:
+    // A failure shows the box of its place: 1 when an entry is opened (Dir1's change), 2 at
+    // load, 3 on a click on an entry.
     void Dir1Change();
     void Dir1Click(QListWidgetItem* voce);
     void Dir1Apri(QListWidgetItem* voce);
     void cmdConfermaClick();
-    void RiempiDir1();
+    void RiempiDir1(const QString& sCartella);
 
     QLabel* Label1;
     QListWidget* Dir1;
