@@ -21,6 +21,8 @@
 #include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QtTest>
+#include <cmath>
+#include <random>
 
 namespace {
 
@@ -93,6 +95,105 @@ private Q_SLOTS:
         Export::NumeroTabelle = 0;
     }
     void cleanup() { Sessione::Azzera(); }
+
+    void ogniGenereDiValoreEsceNellaFormaDelFile_data() { AggiungiBackend(); }
+    void ogniGenereDiValoreEsceNellaFormaDelFile() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        const QString reale = backend == TipoBackend::SQLite ? QStringLiteral("REAL")
+                                                             : QStringLiteral("DOUBLE PRECISION");
+        scena.cnn->Esegui(QStringLiteral("CREATE TABLE Valori (ID INTEGER, Testo VARCHAR(200), "
+                                         "Reale %1, Quando TIMESTAMP, DataTesto VARCHAR(30), "
+                                         "Code VARCHAR(10))")
+                              .arg(reale));
+        Scrivi(scena.sSchemi + QStringLiteral("/ValoriSch.xml"),
+               "<schema datafile=\"Valori.xml\" version=\"5\"><stru fieldcount=\"5\">"
+               "<field type=\"3\">ID</field><field type=\"202\">Testo</field>"
+               "<field type=\"5\">Reale</field><field type=\"135\">Quando</field>"
+               "<field type=\"135\">DataTesto</field></stru></schema>");
+        const QString inserisci = QStringLiteral(
+            "INSERT INTO Valori (ID, Testo, Reale, Quando, DataTesto) VALUES (?, ?, ?, ?, ?)");
+        const QDateTime mezzogiorno(QDate(2001, 3, 2), QTime(12, 0, 0));
+        scena.cnn->Esegui(inserisci, {-1, QStringLiteral("a<b>&\"c\" \ttab\nlf\rcr è € 中 \\ fine"),
+                                      0.1, mezzogiorno, QStringLiteral("02/03/2001")});
+        scena.cnn->Esegui(inserisci, {2, QStringLiteral(""), -2.5, Nullo, Nullo});
+        scena.cnn->Esegui(
+            inserisci, {3, Nullo, 1e20, mezzogiorno.addMSecs(500), QStringLiteral("2001-03-02")});
+        scena.cnn->Esegui(inserisci, {4, QStringLiteral("'"), 763287067388048.5, Nullo, Nullo});
+        scena.cnn->Esegui(inserisci, {5, QStringLiteral("x"), 1e-5, Nullo, Nullo});
+        const Export::Esito esito = scena.Esporta(QStringLiteral("Valori"));
+        QVERIFY2(esito.bEsportata, qPrintable(esito.sMessaggio));
+        QCOMPARE(esito.lRecord, 5);
+        QFile file(scena.sDestinazione + QStringLiteral("/Valori.xml"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray letto = file.readAll();
+        const auto campo = [](int id, const char* testo) {
+            return testo ? "\r\n\t\t<field id=\"" + QByteArray::number(id) + "\" null=\"0\">" +
+                               QByteArray(testo) + "</field>"
+                         : "\r\n\t\t<field id=\"" + QByteArray::number(id) + "\" null=\"1\"/>";
+        };
+        const auto record = [](const QByteArray& campi) {
+            return "\r\n\t<record>" + campi + "\r\n\t</record>";
+        };
+        const QByteArray atteso =
+            Testa + "<table name=\"Valori\" version=\"5\" code=\"AB01\">" +
+            record(campo(1, "-1") +
+                   campo(2, "a&lt;b&gt;&amp;&quot;c&quot; \ttab\nlf\rcr \xc3\xa8 \xe2\x82\xac "
+                            "\xe4\xb8\xad \\ fine") +
+                   campo(3, "0,1") + campo(4, "2001-03-02 12:00:00") +
+                   campo(5, "2001-03-02 00:00:00")) +
+            record(campo(1, "2") + campo(2, "") + campo(3, "-2,5") + campo(4, nullptr) +
+                   campo(5, nullptr)) +
+            record(campo(1, "3") + campo(2, nullptr) + campo(3, "1E+20") +
+                   campo(4, "2001-03-02 12:00:00") + campo(5, "2001-03-02 00:00:00")) +
+            record(campo(1, "4") + campo(2, "'") + campo(3, "763287067388049") + campo(4, nullptr) +
+                   campo(5, nullptr)) +
+            record(campo(1, "5") + campo(2, "x") + campo(3, "1E-05") + campo(4, nullptr) +
+                   campo(5, nullptr)) +
+            "\r\n</table>";
+        QCOMPARE(letto, atteso);
+    }
+
+    void unNumeroHaLeQuindiciCifreCheGliDaLaPiattaforma() {
+        // Ties at the sixteenth digit go away from zero, minus zero is "0".
+        std::mt19937_64 caso(20261121);
+        std::uniform_real_distribution<double> ampio(-1e6, 1e6);
+        QList<double> valori = {0.0,
+                                -0.0,
+                                0.1,
+                                0.25,
+                                1e15,
+                                1e16,
+                                1e-4,
+                                1e-5,
+                                1e21,
+                                5e-324,
+                                -2.5,
+                                100.0,
+                                1e14,
+                                999999999999999.0,
+                                763287067388048.5,
+                                -616621507701774.5,
+                                0.30000000000000004,
+                                1.7976931348623157e308};
+        for (int i = 0; i < 100000; ++i) {
+            valori.append(ampio(caso));
+            valori.append(std::round(ampio(caso) * 100) / 100);
+            valori.append(std::round(ampio(caso) * 1e9) + 0.5);
+            quint64 bit = caso();
+            double qualsiasi = 0;
+            std::memcpy(&qualsiasi, &bit, sizeof qualsiasi);
+            if (std::isfinite(qualsiasi))
+                valori.append(qualsiasi);
+        }
+        for (const double valore : std::as_const(valori)) {
+            QString atteso = QString::number(valore, 'g', 15);
+            atteso.replace(QLatin1Char('e'), QLatin1Char('E'));
+            atteso.replace(QLatin1Char('.'), QLatin1Char(','));
+            QCOMPARE(Export::TestoNumero(valore), atteso);
+        }
+    }
 
     void lEsempioSiScriveByteperByte_data() { AggiungiBackend(); }
     void lEsempioSiScriveByteperByte() {

@@ -6,6 +6,7 @@
 #include "session/Sessione.h"
 #include "store/Backend.h"
 #include "store/Connessione.h"
+#include "store/LetturaTesto.h"
 #include "store/TestoErrore.h"
 
 #include <QDir>
@@ -16,7 +17,10 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
-#include <QXmlStreamWriter>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <memory>
 #include <vector>
 
 namespace Export {
@@ -51,14 +55,165 @@ QString SelezionaTutto(const Connessione& cnn, const QString& sTabella) {
     return QStringLiteral("SELECT * FROM ") + cnn.backend().Identificatore(sTabella.toLower());
 }
 
-// A number as the platform turns it to text under Italian settings: comma decimal, no
-// grouping, fifteen significant digits.
-QString TestoNumero(double valore) {
-    QString testo = QString::number(valore, 'g', 15);
-    testo.replace(QLatin1Char('e'), QLatin1Char('E'));
-    testo.replace(QLatin1Char('.'), QLatin1Char(','));
-    return testo;
+// The fifteen significant digits of a finite number, or false when the sixteenth and
+// seventeenth digits leave the rounding in doubt (a tie, which the platform rounds away from
+// zero), or for minus zero.
+bool CifreNumero(double valore, char* inizio, char*& fine) {
+    if (!std::isfinite(valore) || (valore == 0 && std::signbit(valore)))
+        return false;
+    char prova[40];
+    const std::to_chars_result lunga =
+        std::to_chars(prova, prova + sizeof prova, valore, std::chars_format::scientific, 16);
+    if (lunga.ec != std::errc())
+        return false;
+    // d.dddddddddddddddde+x: the digits after the fifteenth.
+    const char* dopo = prova + (prova[0] == '-' ? 1 : 0) + 16;
+    if (dopo[0] == '5' && dopo[1] == '0')
+        return false;
+    const std::to_chars_result corta =
+        std::to_chars(inizio, fine, valore, std::chars_format::general, 15);
+    if (corta.ec != std::errc())
+        return false;
+    fine = corta.ptr;
+    return true;
 }
+
+// The data file's bytes, gathered and handed to the file a large piece at a time. Text is
+// escaped as an XML writer does (&, <, >, " as entities; tab, line feed and carriage return
+// as they stand, as character references in attributes); a character XML cannot carry marks
+// the writing as failed.
+class ScritturaDati {
+public:
+    explicit ScritturaDati(QIODevice& fileDato)
+        : file(fileDato) {
+        dati.reserve(Soglia + 4096);
+    }
+
+    void Grezzo(QByteArrayView testo) {
+        dati.append(testo);
+        if (dati.size() >= Soglia)
+            Svuota();
+    }
+    void Testo(QStringView testo) { Accoda(testo, false); }
+    void Attributo(QStringView testo) { Accoda(testo, true); }
+    void TestoUtf8(QByteArrayView testo) {
+        const char* p = testo.data();
+        const char* fine = p + testo.size();
+        const char* corsa = p;
+        for (; p < fine; ++p) {
+            const unsigned char c = static_cast<unsigned char>(*p);
+            const char* sostituto = nullptr;
+            if (c < 0x20) {
+                if (c != '\t' && c != '\n' && c != '\r')
+                    bErrore = true;
+                continue;
+            }
+            switch (c) {
+            case '<':
+                sostituto = "&lt;";
+                break;
+            case '>':
+                sostituto = "&gt;";
+                break;
+            case '&':
+                sostituto = "&amp;";
+                break;
+            case '"':
+                sostituto = "&quot;";
+                break;
+            case 0xEF: // U+FFFE and U+FFFF are not characters
+                if (fine - p >= 3 && static_cast<unsigned char>(p[1]) == 0xBF &&
+                    static_cast<unsigned char>(p[2]) >= 0xBE)
+                    bErrore = true;
+                continue;
+            default:
+                continue;
+            }
+            dati.append(corsa, p - corsa);
+            dati.append(sostituto);
+            corsa = p + 1;
+        }
+        dati.append(corsa, fine - corsa);
+        if (dati.size() >= Soglia)
+            Svuota();
+    }
+    void Svuota() {
+        if (!dati.isEmpty() && file.write(dati) != dati.size())
+            bErrore = true;
+        dati.resize(0);
+    }
+    bool Fallita() const { return bErrore; }
+
+private:
+    static constexpr qsizetype Soglia = 1 << 20;
+
+    void Accoda(QStringView testo, bool bAttributo) {
+        const char16_t* p = testo.utf16();
+        const char16_t* fine = p + testo.size();
+        for (; p < fine; ++p) {
+            const char16_t c = *p;
+            if (c < 0x80) {
+                switch (c) {
+                case u'<':
+                    dati.append("&lt;");
+                    break;
+                case u'>':
+                    dati.append("&gt;");
+                    break;
+                case u'&':
+                    dati.append("&amp;");
+                    break;
+                case u'"':
+                    dati.append("&quot;");
+                    break;
+                case u'\t':
+                    dati.append(bAttributo ? "&#9;" : "\t");
+                    break;
+                case u'\n':
+                    dati.append(bAttributo ? "&#10;" : "\n");
+                    break;
+                case u'\r':
+                    dati.append(bAttributo ? "&#13;" : "\r");
+                    break;
+                default:
+                    if (c < 0x20)
+                        bErrore = true;
+                    else
+                        dati.append(static_cast<char>(c));
+                }
+                continue;
+            }
+            char32_t codice = c;
+            if (QChar::isHighSurrogate(c) && p + 1 < fine && QChar::isLowSurrogate(p[1])) {
+                codice = QChar::surrogateToUcs4(c, p[1]);
+                ++p;
+            } else if (QChar::isSurrogate(c) || c >= 0xFFFE) {
+                bErrore = true;
+                continue;
+            }
+            char utf8[4];
+            int n = 0;
+            if (codice < 0x800) {
+                utf8[n++] = static_cast<char>(0xC0 | (codice >> 6));
+            } else if (codice < 0x10000) {
+                utf8[n++] = static_cast<char>(0xE0 | (codice >> 12));
+                utf8[n++] = static_cast<char>(0x80 | ((codice >> 6) & 0x3F));
+            } else {
+                utf8[n++] = static_cast<char>(0xF0 | (codice >> 18));
+                utf8[n++] = static_cast<char>(0x80 | ((codice >> 12) & 0x3F));
+                utf8[n++] = static_cast<char>(0x80 | ((codice >> 6) & 0x3F));
+            }
+            utf8[n++] = static_cast<char>(0x80 | (codice & 0x3F));
+            dati.append(utf8, n);
+        }
+        if (dati.size() >= Soglia)
+            Svuota();
+    }
+
+    QIODevice& file;
+    QByteArray dati;
+    bool bErrore = false;
+};
 
 QString TestoValore(const QVariant& valore) {
     switch (valore.metaType().id()) {
@@ -150,12 +305,6 @@ Schema LeggiSchema(const QString& sPercorso) {
     return schema;
 }
 
-// The text of the layout before a node: carriage return and line feed, then the tabs.
-void Allinea(QXmlStreamWriter& xml, int iLivello) {
-    xml.writeCharacters(QStringLiteral("\r\n"));
-    xml.writeCharacters(QString(iLivello, QLatin1Char('\t')));
-}
-
 bool VersioniUguali(const QString& sSchema, const QVariant& versione) {
     bool bNumero = false;
     const double dSchema =
@@ -165,6 +314,169 @@ bool VersioniUguali(const QString& sSchema, const QVariant& versione) {
     if (bNumero && bNumeroDb)
         return dSchema == dDb;
     return sSchema.trimmed() == TestoValore(versione).trimmed();
+}
+
+void ScriviNumero(ScritturaDati& out, double valore) {
+    char cifre[40];
+    char* fine = cifre + sizeof cifre;
+    if (!CifreNumero(valore, cifre, fine)) {
+        out.Testo(TestoNumero(valore));
+        return;
+    }
+    for (char* p = cifre; p < fine; ++p) {
+        if (*p == 'e')
+            *p = 'E';
+        else if (*p == '.')
+            *p = ',';
+    }
+    out.Grezzo(QByteArrayView(cifre, fine - cifre));
+}
+
+// A value read through Qt, as the data file carries it.
+void ScriviValore(ScritturaDati& out, const QVariant& valore, int iTipo) {
+    if (iTipo != 135) {
+        const int iMeta = valore.metaType().id();
+        if (iMeta == QMetaType::Double || iMeta == QMetaType::Float)
+            ScriviNumero(out, valore.toDouble());
+        else
+            out.Testo(TestoValore(valore));
+        return;
+    }
+    if (valore.metaType().id() == QMetaType::QString) {
+        const QString* testo = static_cast<const QString*>(valore.constData());
+        if (DataSqlCanonica(*testo)) {
+            out.Testo(*testo);
+            return;
+        }
+    }
+    out.Testo(TestoData(valore));
+}
+
+// "yyyy-mm-dd hh:mm:ss" at the head of a server's text, with at most a fraction after it.
+bool DataOraCanonica(QByteArrayView testo) {
+    if (testo.size() < 19 || (testo.size() > 19 && testo[19] != '.'))
+        return false;
+    for (qsizetype i = 20; i < testo.size(); ++i)
+        if (testo[i] < '0' || testo[i] > '9')
+            return false;
+    return DataSqlCanonica(QString::fromLatin1(testo.first(19)));
+}
+
+// A value in the server's text form, as the data file carries it: the forms the server
+// always gives are written at once, anything else as Qt's driver would have read it.
+void ScriviTestoServer(ScritturaDati& out, LetturaTesto::Genere genere, QByteArrayView testo,
+                       int iTipo) {
+    using Genere = LetturaTesto::Genere;
+    const bool bData = iTipo == 135;
+    switch (genere) {
+    case Genere::Testo:
+        if (!bData) {
+            out.TestoUtf8(testo);
+            return;
+        }
+        break;
+    case Genere::Intero:
+        if (!bData) {
+            out.Grezzo(testo);
+            return;
+        }
+        break;
+    case Genere::Reale:
+        if (!bData) {
+            double valore = 0;
+            const std::from_chars_result letto =
+                std::from_chars(testo.data(), testo.data() + testo.size(), valore);
+            if (letto.ec == std::errc() && letto.ptr == testo.data() + testo.size()) {
+                ScriviNumero(out, valore);
+                return;
+            }
+        }
+        break;
+    case Genere::Logico:
+        if (!bData) {
+            out.Grezzo(testo == "t" ? QByteArrayView("Vero") : QByteArrayView("Falso"));
+            return;
+        }
+        break;
+    case Genere::DataOra:
+        if (DataOraCanonica(testo)) {
+            if (bData) {
+                out.Grezzo(testo.first(19));
+            } else {
+                // dd/MM/yyyy HH:mm:ss
+                const char* t = testo.data();
+                const char giorno[] = {t[8],  t[9],  '/',  t[5],  t[6],  '/',   t[0],
+                                       t[1],  t[2],  t[3], ' ',   t[11], t[12], ':',
+                                       t[14], t[15], ':',  t[17], t[18]};
+                out.Grezzo(QByteArrayView(giorno, sizeof giorno));
+            }
+            return;
+        }
+        break;
+    case Genere::Data:
+        if (testo.size() == 10 && DataOraCanonica(testo.toByteArray() + " 00:00:00")) {
+            const char* t = testo.data();
+            if (bData) {
+                out.Grezzo(testo);
+                out.Grezzo(" 00:00:00");
+            } else {
+                const char giorno[] = {t[8], t[9], '/', t[5], t[6], '/', t[0], t[1], t[2], t[3]};
+                out.Grezzo(QByteArrayView(giorno, sizeof giorno));
+            }
+            return;
+        }
+        break;
+    case Genere::Altro:
+        break;
+    }
+    // As the driver reads the text into a value.
+    QVariant valore;
+    const QString sTesto = QString::fromUtf8(testo);
+    switch (genere) {
+    case Genere::Intero:
+        valore = sTesto.toLongLong();
+        break;
+    case Genere::Reale: {
+        bool bNumero = false;
+        const double dValore = sTesto.toDouble(&bNumero);
+        valore = bNumero ? QVariant(dValore) : QVariant(sTesto);
+        break;
+    }
+    case Genere::Logico:
+        valore = sTesto == QStringLiteral("t");
+        break;
+    case Genere::DataOra:
+        valore = QDateTime::fromString(sTesto, Qt::ISODateWithMs);
+        break;
+    case Genere::Data:
+        valore = QDate::fromString(sTesto, Qt::ISODate);
+        break;
+    default:
+        valore = sTesto;
+    }
+    ScriviValore(out, valore, iTipo);
+}
+
+[[noreturn]] void ColonnaMancante() {
+    Fallisci(ErroreElemento, QStringLiteral("Impossibile trovare l'elemento nell'insieme "
+                                            "corrispondente al nome o al numero ordinale "
+                                            "richiesto."));
+}
+
+void ApriRecord(ScritturaDati& out) {
+    out.Grezzo("\r\n\t<record>");
+}
+
+// The field's opening, up to its text; Null closes it at once.
+void ApriCampo(ScritturaDati& out, int iCampo, bool bNull) {
+    char testa[64];
+    const int n = std::snprintf(testa, sizeof testa, "\r\n\t\t<field id=\"%d\" null=\"%s", iCampo,
+                                bNull ? "1\"/>" : "0\">");
+    out.Grezzo(QByteArrayView(testa, n));
+}
+
+void ChiudiRecord(ScritturaDati& out) {
+    out.Grezzo("\r\n\t</record>");
 }
 
 qint64 Scrivi(const Connessione& cnn, const QString& sTabella, const Schema& schema,
@@ -177,60 +489,96 @@ qint64 Scrivi(const Connessione& cnn, const QString& sTabella, const Schema& sch
                      QStringLiteral("Impossibile trovare il percorso"));
         Fallisci(ErroreAccesso, QStringLiteral("Errore di accesso al percorso/file"));
     }
-    QXmlStreamWriter xml(&file);
-    xml.setAutoFormatting(false);
-    xml.writeProcessingInstruction(QStringLiteral("xml"),
-                                   QStringLiteral("version = \"1.0\" encoding=\"UTF-8\""));
-    xml.writeStartElement(QStringLiteral("table"));
-    xml.writeAttribute(QStringLiteral("name"), sTabella);
+    ScritturaDati out(file);
+    out.Grezzo("<?xml version = \"1.0\" encoding=\"UTF-8\"?><table name=\"");
+    out.Attributo(sTabella);
+    out.Grezzo("\"");
     qint64 lRecord = 0;
+    const auto avanza = [&] {
+        ++lRecord;
+        if (progresso && lRecord % 1000 == 0)
+            progresso(sTabella, lRecord);
+    };
     if (bConfig) {
-        xml.writeAttribute(QStringLiteral("version"), sVersione);
-        xml.writeAttribute(QStringLiteral("code"), sCode);
-        QSqlQuery query = Interroga(cnn, SelezionaTutto(cnn, sTabella));
+        out.Grezzo(" version=\"");
+        out.Attributo(sVersione);
+        out.Grezzo("\" code=\"");
+        out.Attributo(sCode);
+        out.Grezzo("\">");
+        std::unique_ptr<LetturaTesto> lettura;
+        try {
+            lettura = cnn.backend().ApriLetturaTesto(
+                cnn.Db(), cnn.backend().Identificatore(sTabella.toLower()));
+        } catch (const Errore& errore) {
+            Fallisci(ErroreComando, errore.descrizione());
+        }
         std::vector<int> indici;
-        while (query.next()) {
-            if (indici.empty()) {
-                const QSqlRecord record = query.record();
+        if (lettura) {
+            // The server's own path: values in its text form.
+            try {
+                while (!out.Fallita() && lettura->Prossima()) {
+                    if (indici.empty()) {
+                        for (int i = 0; i < schema.iColonne; ++i) {
+                            const QString& sNome = schema.nomi[static_cast<size_t>(i)];
+                            const QStringList& colonne = lettura->Colonne();
+                            qsizetype indice = 0;
+                            while (indice < colonne.size() &&
+                                   colonne[indice].compare(sNome, Qt::CaseInsensitive) != 0)
+                                ++indice;
+                            if (indice >= colonne.size())
+                                ColonnaMancante();
+                            indici.push_back(static_cast<int>(indice));
+                        }
+                    }
+                    ApriRecord(out);
+                    for (int i = 0; i < schema.iColonne; ++i) {
+                        const int indice = indici[static_cast<size_t>(i)];
+                        const bool bNull = lettura->Null(indice);
+                        ApriCampo(out, i + 1, bNull);
+                        if (bNull)
+                            continue;
+                        ScriviTestoServer(out, lettura->GenereDi(indice), lettura->Testo(indice),
+                                          schema.tipi[static_cast<size_t>(i)]);
+                        out.Grezzo("</field>");
+                    }
+                    ChiudiRecord(out);
+                    avanza();
+                }
+            } catch (const Errore& errore) {
+                if (errore.numero() == ErroreElemento)
+                    throw;
+                Fallisci(ErroreComando, errore.descrizione());
+            }
+        } else {
+            QSqlQuery query = Interroga(cnn, SelezionaTutto(cnn, sTabella));
+            while (!out.Fallita() && query.next()) {
+                if (indici.empty()) {
+                    const QSqlRecord record = query.record();
+                    for (int i = 0; i < schema.iColonne; ++i) {
+                        const int indice = record.indexOf(schema.nomi[static_cast<size_t>(i)]);
+                        if (indice < 0)
+                            ColonnaMancante();
+                        indici.push_back(indice);
+                    }
+                }
+                ApriRecord(out);
                 for (int i = 0; i < schema.iColonne; ++i) {
-                    const int indice = record.indexOf(schema.nomi[static_cast<size_t>(i)]);
-                    if (indice < 0)
-                        Fallisci(ErroreElemento,
-                                 QStringLiteral("Impossibile trovare l'elemento nell'insieme "
-                                                "corrispondente al nome o al numero ordinale "
-                                                "richiesto."));
-                    indici.push_back(indice);
+                    const QVariant valore = query.value(indici[static_cast<size_t>(i)]);
+                    const bool bNull = ENull(valore);
+                    ApriCampo(out, i + 1, bNull);
+                    if (bNull)
+                        continue;
+                    ScriviValore(out, valore, schema.tipi[static_cast<size_t>(i)]);
+                    out.Grezzo("</field>");
                 }
+                ChiudiRecord(out);
+                avanza();
             }
-            Allinea(xml, 1);
-            xml.writeStartElement(QStringLiteral("record"));
-            for (int i = 0; i < schema.iColonne; ++i) {
-                Allinea(xml, 2);
-                xml.writeStartElement(QStringLiteral("field"));
-                xml.writeAttribute(QStringLiteral("id"), QString::number(i + 1));
-                const QVariant valore = query.value(indici[static_cast<size_t>(i)]);
-                if (ENull(valore)) {
-                    xml.writeAttribute(QStringLiteral("null"), QStringLiteral("1"));
-                } else {
-                    xml.writeAttribute(QStringLiteral("null"), QStringLiteral("0"));
-                    xml.writeCharacters(schema.tipi[static_cast<size_t>(i)] == 135
-                                            ? TestoData(valore)
-                                            : TestoValore(valore));
-                }
-                xml.writeEndElement();
-            }
-            Allinea(xml, 1);
-            xml.writeEndElement();
-            ++lRecord;
-            if (progresso && lRecord % 1000 == 0)
-                progresso(sTabella, lRecord);
-            if (xml.hasError())
-                break;
         }
     }
-    Allinea(xml, 0);
-    xml.writeEndElement();
-    if (xml.hasError() || !file.commit())
+    out.Grezzo(bConfig ? "\r\n</table>" : ">\r\n</table>");
+    out.Svuota();
+    if (out.Fallita() || !file.commit())
         Fallisci(ErroriPiattaforma::ErroreIO, QStringLiteral("Errore di I/O del dispositivo"));
     return lRecord;
 }
@@ -325,6 +673,16 @@ bool EsportaTabella(const QString& sTabella, const Progresso& progresso) {
     ++NumeroTabelle;
     TabelleEsportate.append(sTabella);
     return true;
+}
+
+QString TestoNumero(double valore) {
+    char cifre[40];
+    char* fine = cifre + sizeof cifre;
+    QString testo = CifreNumero(valore, cifre, fine) ? QString::fromLatin1(cifre, fine - cifre)
+                                                     : QString::number(valore, 'g', 15);
+    testo.replace(QLatin1Char('e'), QLatin1Char('E'));
+    testo.replace(QLatin1Char('.'), QLatin1Char(','));
+    return testo;
 }
 
 QString ElencoTabelleEsportate() {

@@ -46,6 +46,10 @@ Esito EsportaTabella(const Connessione& cnn, const QString& sTabella,
 // table done is added to TabelleEsportate.
 bool EsportaTabella(const QString& sTabella, const Progresso& progresso = {});
 
+// A number as the platform turns it to text under Italian settings: comma decimal, no
+// grouping, fifteen significant digits, ties away from zero, "E" before the exponent.
+QString TestoNumero(double valore);
+
 // The closing message's text: each name followed by carriage return and line feed.
 QString ElencoTabelleEsportate();
 

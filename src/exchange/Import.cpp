@@ -249,43 +249,6 @@ void Tollerato(const QSqlDatabase& db, const std::function<void()>& passo) {
     }
 }
 
-// A date already in the form the server is given ("yyyy-mm-dd hh:mm:ss"): taken as it is.
-bool DataCanonica(const QString& s) {
-    if (s.size() != 19)
-        return false;
-    for (qsizetype i = 0; i < 19; ++i) {
-        const char16_t c = s[i].unicode();
-        const bool bCifra = c >= u'0' && c <= u'9';
-        switch (i) {
-        case 4:
-        case 7:
-            if (c != u'-')
-                return false;
-            break;
-        case 10:
-            if (c != u' ')
-                return false;
-            break;
-        case 13:
-        case 16:
-            if (c != u':')
-                return false;
-            break;
-        default:
-            if (!bCifra)
-                return false;
-        }
-    }
-    const auto numero = [&s](qsizetype i, qsizetype n) {
-        int v = 0;
-        for (qsizetype k = i; k < i + n; ++k)
-            v = v * 10 + (s[k].unicode() - u'0');
-        return v;
-    };
-    return s[0] != u'0' && QDate::isValid(numero(0, 4), numero(5, 2), numero(8, 2)) &&
-           numero(11, 2) < 24 && numero(14, 2) < 60 && numero(17, 2) < 60;
-}
-
 // A field's value: its text goes at the end of the logged command (quotes included) and its
 // value to be bound is given back. A value no server would take leaves its words in sErrore,
 // raised once the command is logged.
@@ -310,7 +273,7 @@ QVariant ValoreCampo(int iTipo, bool bNull, const QString& sTesto, QString& sCom
     if (iTipo == 135) {
         sComando += QStringLiteral("Convert(datetime,'");
         QVariant valore;
-        if (DataCanonica(sNonNullo)) {
+        if (DataSqlCanonica(sNonNullo)) {
             sComando += sNonNullo;
             valore = sNonNullo;
         } else if (IsDate(sNonNullo)) {

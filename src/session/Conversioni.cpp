@@ -367,6 +367,41 @@ QString DataSql(const QString& data) {
     return DataSql(*dataOra);
 }
 
+bool DataSqlCanonica(QStringView s) {
+    if (s.size() != 19)
+        return false;
+    for (qsizetype i = 0; i < 19; ++i) {
+        const char16_t c = s[i].unicode();
+        switch (i) {
+        case 4:
+        case 7:
+            if (c != u'-')
+                return false;
+            break;
+        case 10:
+            if (c != u' ')
+                return false;
+            break;
+        case 13:
+        case 16:
+            if (c != u':')
+                return false;
+            break;
+        default:
+            if (c < u'0' || c > u'9')
+                return false;
+        }
+    }
+    const auto numero = [&s](qsizetype i, qsizetype n) {
+        int v = 0;
+        for (qsizetype k = i; k < i + n; ++k)
+            v = v * 10 + (s[k].unicode() - u'0');
+        return v;
+    };
+    return s[0] != u'0' && QDate::isValid(numero(0, 4), numero(5, 2), numero(8, 2)) &&
+           numero(11, 2) < 24 && numero(14, 2) < 60 && numero(17, 2) < 60;
+}
+
 QString DataSql(const QDateTime& data) {
     if (!data.isValid())
         tipoNonCorrispondente();

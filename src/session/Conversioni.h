@@ -30,6 +30,9 @@ double Val(const QString& testo);  // the leading number, read with a decimal po
 // Date routines.
 QString DataSql(const QString& data); // raises Errore 13 if the text is not a date
 QString DataSql(const QDateTime& data);
+// True when the text is already what DataSql gives for it: "yyyy-mm-dd hh:mm:ss", a real date
+// and time, a year of four digits from 1000.
+bool DataSqlCanonica(QStringView testo);
 QString DataDaNumero(qint64 lData);
 QString DataDaTesto(const QVariant& vData);
 QVariant NumeroDaData(const QString& sData);

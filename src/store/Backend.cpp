@@ -3,6 +3,7 @@
 #include "BackendPostgreSQL.h"
 #include "BackendSQLite.h"
 #include "Caricamento.h"
+#include "LetturaTesto.h"
 
 QString Backend::Identificatore(const QString& sNome) const {
     QString doppio = sNome;
@@ -14,6 +15,10 @@ std::unique_ptr<Caricamento> Backend::ApriCaricamento(const QSqlDatabase& db,
                                                       const QString& sTabella,
                                                       const QStringList& colonne) const {
     return std::make_unique<CaricamentoInserimenti>(db, sTabella, colonne);
+}
+
+std::unique_ptr<LetturaTesto> Backend::ApriLetturaTesto(const QSqlDatabase&, const QString&) const {
+    return nullptr;
 }
 
 const Backend* Backend::PerProvider(const QString& sProvider) {

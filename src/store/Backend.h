@@ -10,6 +10,7 @@
 #include <memory>
 
 class Caricamento;
+class LetturaTesto;
 class StringaConnessione;
 
 class Backend {
@@ -52,6 +53,12 @@ public:
     virtual std::unique_ptr<Caricamento> ApriCaricamento(const QSqlDatabase& db,
                                                          const QString& sTabella,
                                                          const QStringList& colonne) const;
+
+    // A whole table read by the server's bulk path, values in the server's text form; null
+    // where the server has no such path (the caller then reads through Qt). Raises Errore
+    // with the server's words when the table cannot be read.
+    virtual std::unique_ptr<LetturaTesto> ApriLetturaTesto(const QSqlDatabase& db,
+                                                           const QString& sTabella) const;
 
     // The two maintenance procedures. Backup: a consistent copy of the whole database to
     // sDestinazione (SQLite: a database file; PostgreSQL: a pg_dump archive). Web index:

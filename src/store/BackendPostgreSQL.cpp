@@ -1,5 +1,5 @@
 #include "BackendPostgreSQL.h"
-#include "CaricamentoPostgreSQL.h"
+#include "CopiaPostgreSQL.h"
 #include "TestoErrore.h"
 
 #include "StringaConnessione.h"
@@ -122,12 +122,6 @@ void BackendPostgreSQL::EliminaDatabase(const StringaConnessione& stringa) const
 
 namespace {
 
-void Esegui(QSqlQuery& query) {
-    if (!query.exec()) {
-        throw Errore(Sorgente, TestoErrore(query.lastError()));
-    }
-}
-
 } // namespace
 
 void BackendPostgreSQL::SospendiTrigger(const QSqlDatabase& db, const QString& sTabella) const {
@@ -149,15 +143,22 @@ void BackendPostgreSQL::RiattivaTrigger(const QSqlDatabase& db, const QString& s
 }
 
 void BackendPostgreSQL::AllineaChiavi(const QSqlDatabase& db, const QString&) const {
+    // Run unprepared: a statement prepared on the server could not be freed once a refusal
+    // (a login that does not own the sequences) has aborted the transaction.
     QSqlQuery query(db);
-    query.prepare(QStringLiteral("SELECT tabellion_allinea_chiavi()"));
-    Esegui(query);
+    if (!query.exec(QStringLiteral("SELECT tabellion_allinea_chiavi()")))
+        throw Errore(Sorgente, TestoErrore(query.lastError()));
 }
 
 std::unique_ptr<Caricamento> BackendPostgreSQL::ApriCaricamento(const QSqlDatabase& db,
                                                                 const QString& sTabella,
                                                                 const QStringList& colonne) const {
     return ApriCaricamentoPostgreSQL(db, sTabella, colonne);
+}
+
+std::unique_ptr<LetturaTesto> BackendPostgreSQL::ApriLetturaTesto(const QSqlDatabase& db,
+                                                                  const QString& sTabella) const {
+    return ApriLetturaPostgreSQL(db, sTabella);
 }
 
 QString BackendPostgreSQL::IstruzioneInserisci(const QString& sTabella, const QString& sChiave,

@@ -20,6 +20,8 @@ public:
                                 const QStringList& colonne) const override;
     std::unique_ptr<Caricamento> ApriCaricamento(const QSqlDatabase& db, const QString& sTabella,
                                                  const QStringList& colonne) const override;
+    std::unique_ptr<LetturaTesto> ApriLetturaTesto(const QSqlDatabase& db,
+                                                   const QString& sTabella) const override;
     void Backup(const QSqlDatabase& db, const StringaConnessione& stringa,
                 const QString& sDestinazione) const override;
     void IndiceWeb(const QSqlDatabase& db, const QString& sLingua) const override;
