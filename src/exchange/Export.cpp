@@ -359,7 +359,7 @@ bool DataOraCanonica(QByteArrayView testo) {
     for (qsizetype i = 20; i < testo.size(); ++i)
         if (testo[i] < '0' || testo[i] > '9')
             return false;
-    return DataSqlCanonica(QString::fromLatin1(testo.first(19)));
+    return DataSqlCanonica(testo.first(19));
 }
 
 // A value in the server's text form, as the data file carries it: the forms the server

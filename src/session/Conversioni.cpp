@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <type_traits>
 
 namespace {
 
@@ -367,11 +368,19 @@ QString DataSql(const QString& data) {
     return DataSql(*dataOra);
 }
 
-bool DataSqlCanonica(QStringView s) {
+namespace {
+
+template <typename Testo> bool Canonica(const Testo& s) {
     if (s.size() != 19)
         return false;
+    const auto codice = [&s](qsizetype i) -> char16_t {
+        if constexpr (std::is_same_v<Testo, QStringView>)
+            return s[i].unicode();
+        else
+            return static_cast<unsigned char>(s[i]);
+    };
     for (qsizetype i = 0; i < 19; ++i) {
-        const char16_t c = s[i].unicode();
+        const char16_t c = codice(i);
         switch (i) {
         case 4:
         case 7:
@@ -392,14 +401,24 @@ bool DataSqlCanonica(QStringView s) {
                 return false;
         }
     }
-    const auto numero = [&s](qsizetype i, qsizetype n) {
+    const auto numero = [&codice](qsizetype i, qsizetype n) {
         int v = 0;
         for (qsizetype k = i; k < i + n; ++k)
-            v = v * 10 + (s[k].unicode() - u'0');
+            v = v * 10 + (codice(k) - u'0');
         return v;
     };
-    return s[0] != u'0' && QDate::isValid(numero(0, 4), numero(5, 2), numero(8, 2)) &&
+    return codice(0) != u'0' && QDate::isValid(numero(0, 4), numero(5, 2), numero(8, 2)) &&
            numero(11, 2) < 24 && numero(14, 2) < 60 && numero(17, 2) < 60;
+}
+
+} // namespace
+
+bool DataSqlCanonica(QStringView testo) {
+    return Canonica(testo);
+}
+
+bool DataSqlCanonica(QByteArrayView testo) {
+    return Canonica(testo);
 }
 
 QString DataSql(const QDateTime& data) {

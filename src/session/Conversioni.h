@@ -9,6 +9,7 @@
 //
 // Null is an invalid QVariant, a database Null, or one holding nullptr: see ENull().
 
+#include <QByteArrayView>
 #include <QDate>
 #include <QDateTime>
 #include <QString>
@@ -33,6 +34,7 @@ QString DataSql(const QDateTime& data);
 // True when the text is already what DataSql gives for it: "yyyy-mm-dd hh:mm:ss", a real date
 // and time, a year of four digits from 1000.
 bool DataSqlCanonica(QStringView testo);
+bool DataSqlCanonica(QByteArrayView testo); // the same text in Latin-1 or UTF-8
 QString DataDaNumero(qint64 lData);
 QString DataDaTesto(const QVariant& vData);
 QVariant NumeroDaData(const QString& sData);
