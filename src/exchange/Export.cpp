@@ -19,7 +19,7 @@
 #include <QSqlRecord>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -82,12 +82,41 @@ bool CifreNumero(double valore, char* inizio, char*& fine) {
 // escaped as an XML writer does (&, <, >, " as entities; tab, line feed and carriage return
 // as they stand, as character references in attributes); a character XML cannot carry marks
 // the writing as failed.
+// Bytes gathered in one block of fixed room: appends are plain copies.
+class Accumulo {
+public:
+    explicit Accumulo(qsizetype iSpazio)
+        : blocco(static_cast<size_t>(iSpazio)) {}
+    void append(const char* p, qsizetype n) {
+        if (iUsati + n > static_cast<qsizetype>(blocco.size()))
+            blocco.resize(static_cast<size_t>(2 * (iUsati + n)));
+        std::memcpy(blocco.data() + iUsati, p, static_cast<size_t>(n));
+        iUsati += n;
+    }
+    void append(QByteArrayView testo) { append(testo.data(), testo.size()); }
+    template <size_t N> void append(const char (&testo)[N]) {
+        append(testo, static_cast<qsizetype>(N - 1));
+    }
+    void append(char c) {
+        if (iUsati + 1 > static_cast<qsizetype>(blocco.size()))
+            blocco.resize(2 * blocco.size() + 1);
+        blocco[static_cast<size_t>(iUsati++)] = c;
+    }
+    qsizetype size() const { return iUsati; }
+    bool isEmpty() const { return iUsati == 0; }
+    const char* data() const { return blocco.data(); }
+    void clear() { iUsati = 0; }
+
+private:
+    std::vector<char> blocco;
+    qsizetype iUsati = 0;
+};
+
 class ScritturaDati {
 public:
     explicit ScritturaDati(QIODevice& fileDato)
-        : file(fileDato) {
-        dati.reserve(Soglia + 4096);
-    }
+        : file(fileDato)
+        , dati(Soglia + 4096) {}
 
     void Grezzo(QByteArrayView testo) {
         dati.append(testo);
@@ -130,7 +159,7 @@ public:
                 continue;
             }
             dati.append(corsa, p - corsa);
-            dati.append(sostituto);
+            dati.append(QByteArrayView(sostituto));
             corsa = p + 1;
         }
         dati.append(corsa, fine - corsa);
@@ -138,9 +167,9 @@ public:
             Svuota();
     }
     void Svuota() {
-        if (!dati.isEmpty() && file.write(dati) != dati.size())
+        if (!dati.isEmpty() && file.write(dati.data(), dati.size()) != dati.size())
             bErrore = true;
-        dati.resize(0);
+        dati.clear();
     }
     bool Fallita() const { return bErrore; }
 
@@ -167,13 +196,22 @@ private:
                     dati.append("&quot;");
                     break;
                 case u'\t':
-                    dati.append(bAttributo ? "&#9;" : "\t");
+                    if (bAttributo)
+                        dati.append("&#9;");
+                    else
+                        dati.append('\t');
                     break;
                 case u'\n':
-                    dati.append(bAttributo ? "&#10;" : "\n");
+                    if (bAttributo)
+                        dati.append("&#10;");
+                    else
+                        dati.append('\n');
                     break;
                 case u'\r':
-                    dati.append(bAttributo ? "&#13;" : "\r");
+                    if (bAttributo)
+                        dati.append("&#13;");
+                    else
+                        dati.append('\r');
                     break;
                 default:
                     if (c < 0x20)
@@ -211,7 +249,7 @@ private:
     }
 
     QIODevice& file;
-    QByteArray dati;
+    Accumulo dati;
     bool bErrore = false;
 };
 
@@ -469,10 +507,17 @@ void ApriRecord(ScritturaDati& out) {
 
 // The field's opening, up to its text; Null closes it at once.
 void ApriCampo(ScritturaDati& out, int iCampo, bool bNull) {
-    char testa[64];
-    const int n = std::snprintf(testa, sizeof testa, "\r\n\t\t<field id=\"%d\" null=\"%s", iCampo,
-                                bNull ? "1\"/>" : "0\">");
-    out.Grezzo(QByteArrayView(testa, n));
+    static const std::vector<QByteArray> teste = [] {
+        std::vector<QByteArray> tutte;
+        for (int i = 0; i < 256; ++i)
+            tutte.push_back("\r\n\t\t<field id=\"" + QByteArray::number(i) + "\" null=\"");
+        return tutte;
+    }();
+    if (iCampo < static_cast<int>(teste.size()))
+        out.Grezzo(teste[static_cast<size_t>(iCampo)]);
+    else
+        out.Grezzo("\r\n\t\t<field id=\"" + QByteArray::number(iCampo) + "\" null=\"");
+    out.Grezzo(bNull ? QByteArrayView("1\"/>") : QByteArrayView("0\">"));
 }
 
 void ChiudiRecord(ScritturaDati& out) {
