@@ -33,6 +33,7 @@ private Q_SLOTS:
 
     // Locale of the process
     void leRegoleItalianeValgonoConIlLocaleAmericano();
+    void unaDataGiaNellaFormaDelServerSiRiconosceSenzaRileggerla();
 
     // Date tests
     void riconoscimentoDelleDateGiornoPrima_data();
@@ -748,6 +749,25 @@ void TestConversioni::estremiEnteEFamigliaAggiungonoLeParentesiMancanti() {
     QFETCH(QString, estremi);
     QCOMPARE(EstremiEnte(luogo, date), estremi);
     QCOMPARE(EstremiFamiglia(luogo, date), estremi);
+}
+
+void TestConversioni::unaDataGiaNellaFormaDelServerSiRiconosceSenzaRileggerla() {
+    for (const QString& sData :
+         {QStringLiteral("2001-03-02 12:00:00"), QStringLiteral("2000-02-29 23:59:59"),
+          QStringLiteral("1000-01-01 00:00:00")}) {
+        QVERIFY2(DataSqlCanonica(sData), qPrintable(sData));
+        QVERIFY(DataSqlCanonica(QByteArrayView(sData.toLatin1())));
+        QCOMPARE(DataSql(sData), sData);
+    }
+    for (const QString& sData :
+         {QStringLiteral("2001-02-29 12:00:00"), QStringLiteral("0999-01-01 00:00:00"),
+          QStringLiteral("2001-03-02T12:00:00"), QStringLiteral("2001-03-02 24:00:00"),
+          QStringLiteral("2001-03-02 12:60:00"), QStringLiteral("02/03/2001 12:00:00"),
+          QStringLiteral("2001-03-02 12:00:00.5"), QStringLiteral("2001-3-2 12:00:00"),
+          QString()}) {
+        QVERIFY2(!DataSqlCanonica(sData), qPrintable(sData));
+        QVERIFY(!DataSqlCanonica(QByteArrayView(sData.toLatin1())));
+    }
 }
 
 QTEST_MAIN(TestConversioni)

@@ -31,7 +31,6 @@ namespace Import {
 namespace {
 
 const QString Sorgente = QStringLiteral("Import");
-const QByteArray Crlf = QByteArrayLiteral("\r\n");
 const QByteArray FineTabella = QByteArrayLiteral("</table>");
 
 [[noreturn]] void Fallisci(const QString& sDescrizione) {
@@ -47,15 +46,6 @@ void ControllaNome(const QString& sNome) {
 
 QString PercorsoIn(const QString& sCartella, const QString& sNome) {
     return QDir(sCartella).filePath(sNome);
-}
-
-QByteArray Testo(const QString& s) {
-    QString t = s;
-    t.replace(QLatin1Char('&'), QStringLiteral("&amp;"));
-    t.replace(QLatin1Char('<'), QStringLiteral("&lt;"));
-    t.replace(QLatin1Char('>'), QStringLiteral("&gt;"));
-    t.replace(QLatin1Char('\r'), QStringLiteral("&#13;"));
-    return t.toUtf8();
 }
 
 QByteArray Attributo(const QString& s) {
@@ -82,8 +72,9 @@ public:
     }
 
     void ComandoTabella(const QString& sComando) {
-        attesa += Crlf + '\t' + QByteArrayLiteral("<tablecommand>") + Testo(sComando) +
-                  QByteArrayLiteral("</tablecommand>");
+        attesa += "\r\n\t<tablecommand>";
+        AggiungiTesto(sComando);
+        attesa += "</tablecommand>";
         Scarica();
     }
     // An insert, held until the next Scarica; gives back where the log ends after it.
@@ -110,7 +101,7 @@ public:
             Guasto();
     }
     void Chiudi() {
-        attesa += Crlf;
+        attesa += "\r\n";
         Scarica();
         file.close();
     }
