@@ -1,4 +1,5 @@
 #include "Import.h"
+#include "LetturaDati.h"
 
 #include "session/Conversioni.h"
 #include "session/Errore.h"
@@ -18,24 +19,15 @@
 #include <QSqlRecord>
 #include <QVector>
 #include <QXmlStreamReader>
-#include <condition_variable>
-#include <deque>
 #include <map>
 #include <memory>
-#include <mutex>
-#include <thread>
 #include <vector>
 
 namespace Import {
 
 namespace {
 
-const QString Sorgente = QStringLiteral("Import");
 const QByteArray FineTabella = QByteArrayLiteral("</table>");
-
-[[noreturn]] void Fallisci(const QString& sDescrizione) {
-    throw Errore(Sorgente, sDescrizione);
-}
 
 // A table or column name goes into the statement's text: only plain names are let in.
 void ControllaNome(const QString& sNome) {
@@ -154,14 +146,6 @@ struct Schema {
     QVector<int> tipi;
     QVector<int> pk;
 };
-
-int Intero(QStringView s, const QString& sCosa) {
-    bool ok = false;
-    const int n = s.trimmed().toInt(&ok);
-    if (!ok)
-        Fallisci(QStringLiteral("Valore non numerico in %1: \"%2\"").arg(sCosa, s.toString()));
-    return n;
-}
 
 Schema LeggiSchema(const QString& sTabella) {
     const QString sPercorso = PercorsoIn(Sessione::sParam09, sTabella + QStringLiteral("Sch.xml"));
@@ -298,155 +282,6 @@ void EseguiPreparata(QSqlQuery& query, const QVariantList& valori) {
         Fallisci(TestoErrore(query.lastError()));
 }
 
-// The records of a data file, read on a thread of their own while the server takes the ones
-// before: a record is its fields in the file's order. Blocks of records wait in a short queue,
-// so memory stays flat whatever the file's size.
-struct CampoLetto {
-    int iSlot = 0;
-    bool bNull = false;
-    QString sTesto;
-};
-
-struct BloccoLetto {
-    std::vector<CampoLetto> campi;
-    std::vector<size_t> fineRecord; // where each record's fields end in campi
-    QString sErrore;                // the file is refused here, after the records above
-};
-
-class LettoreDati {
-public:
-    LettoreDati(const QString& sPercorsoDato, qsizetype iSlotDati)
-        : sPercorso(sPercorsoDato)
-        , iSlot(iSlotDati) {
-        thread = std::thread([this] { Leggi(); });
-    }
-    ~LettoreDati() {
-        {
-            const std::lock_guard<std::mutex> blocco(mutex);
-            bFermato = true;
-        }
-        cambiato.notify_all();
-        thread.join();
-    }
-    LettoreDati(const LettoreDati&) = delete;
-    LettoreDati& operator=(const LettoreDati&) = delete;
-
-    // The next block, false when the file is over.
-    bool Prossimo(BloccoLetto& blocco) {
-        std::unique_lock<std::mutex> attesa(mutex);
-        cambiato.wait(attesa, [this] { return !coda.empty() || bFinito; });
-        if (coda.empty())
-            return false;
-        blocco = std::move(coda.front());
-        coda.pop_front();
-        cambiato.notify_all();
-        return true;
-    }
-
-private:
-    static constexpr size_t RecordPerBlocco = 1000;
-    static constexpr size_t BlocchiInCoda = 4;
-
-    bool Consegna(BloccoLetto& blocco) {
-        std::unique_lock<std::mutex> attesa(mutex);
-        cambiato.wait(attesa, [this] { return coda.size() < BlocchiInCoda || bFermato; });
-        if (bFermato)
-            return false;
-        coda.push_back(std::move(blocco));
-        blocco = BloccoLetto();
-        cambiato.notify_all();
-        return true;
-    }
-
-    void Leggi() {
-        BloccoLetto blocco;
-        try {
-            LeggiFile(blocco);
-        } catch (const Errore& errore) {
-            blocco.sErrore = errore.descrizione();
-        } catch (const std::exception& eccezione) {
-            blocco.sErrore = QString::fromLocal8Bit(eccezione.what());
-        }
-        // Only whole records are taken.
-        blocco.campi.resize(blocco.fineRecord.empty() ? 0 : blocco.fineRecord.back());
-        if (!blocco.campi.empty() || !blocco.sErrore.isEmpty())
-            Consegna(blocco);
-        const std::lock_guard<std::mutex> fine(mutex);
-        bFinito = true;
-        cambiato.notify_all();
-    }
-
-    void LeggiFile(BloccoLetto& blocco) {
-        QFile file(sPercorso);
-        if (!file.open(QIODevice::ReadOnly))
-            Fallisci(
-                QStringLiteral("File non trovato: %1").arg(QDir::toNativeSeparators(sPercorso)));
-        QXmlStreamReader xml(&file);
-        while (!xml.atEnd() && xml.readNext() != QXmlStreamReader::StartElement) {
-        }
-        const QString sRecord = QStringLiteral("record");
-        const QString sField = QStringLiteral("field");
-        const QString sId = QStringLiteral("id");
-        const QString sNull = QStringLiteral("null");
-        qint64 lRecord = 0;
-        while (!xml.atEnd()) {
-            xml.readNext();
-            if (xml.isEndElement())
-                break; // the end of table
-            if (!xml.isStartElement())
-                continue;
-            if (xml.name() != sRecord) {
-                xml.skipCurrentElement();
-                continue;
-            }
-            const size_t iInizio = blocco.campi.size();
-            while (xml.readNextStartElement()) {
-                if (xml.name() != sField) {
-                    xml.skipCurrentElement();
-                    continue;
-                }
-                const QXmlStreamAttributes attributi = xml.attributes();
-                const QStringView id = attributi.value(sId);
-                const QStringView null = attributi.value(sNull);
-                if (id.isEmpty() || null.isEmpty())
-                    Fallisci(QStringLiteral("Campo senza attributo id o null nel record %1")
-                                 .arg(lRecord + 1));
-                CampoLetto campo;
-                campo.iSlot = Intero(id, sId) - 1;
-                campo.bNull = Intero(null, sNull) != 0;
-                campo.sTesto = xml.readElementText();
-                if (campo.iSlot < 0 || campo.iSlot >= iSlot)
-                    Fallisci(QStringLiteral("Indice non compreso nell'intervallo"));
-                blocco.campi.push_back(std::move(campo));
-            }
-            if (xml.hasError()) {
-                blocco.campi.resize(iInizio); // a record cut short is not taken
-                break;
-            }
-            blocco.fineRecord.push_back(blocco.campi.size());
-            ++lRecord;
-            if (blocco.fineRecord.size() >= RecordPerBlocco && !Consegna(blocco))
-                return;
-        }
-        // The rest of the file must be well formed too, or nothing of it is taken.
-        while (!xml.atEnd() && !xml.hasError())
-            xml.readNext();
-        if (xml.hasError())
-            Fallisci(QStringLiteral("%1: %2 (riga %3)")
-                         .arg(QDir::toNativeSeparators(sPercorso), xml.errorString())
-                         .arg(xml.lineNumber()));
-    }
-
-    const QString sPercorso;
-    const qsizetype iSlot;
-    std::mutex mutex;
-    std::condition_variable cambiato;
-    std::deque<BloccoLetto> coda;
-    bool bFinito = false;
-    bool bFermato = false;
-    std::thread thread;
-};
-
 // The rows of one set of columns, and the text that opens their logged commands.
 struct Destinazione {
     std::unique_ptr<Caricamento> caricamento;
@@ -531,7 +366,6 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
         const auto invia = [&] {
             if (!attuale || attuale->caricamento->InAttesa() == 0)
                 return;
-            log.Scarica();
             const Caricamento::Rifiuto rifiuto = attuale->caricamento->Invia();
             if (rifiuto.iRiga >= 0) {
                 // The refused command is the log's last one.
@@ -541,7 +375,8 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
             fineLog.clear();
         };
 
-        LettoreDati lettore(sPercorsoDati, schema.nomi.size());
+        LettoreDati lettore(sPercorsoDati, schema.nomi.size(),
+                            LettoreDati::InizioCorpo(sPercorsoDati));
         BloccoLetto blocco;
         qint64 lRecord = 0;
         while (lettore.Prossimo(blocco)) {
@@ -563,6 +398,8 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
                         colonne.append(QStringLiteral("Code"));
                         colonneLog.append(QStringLiteral("\"Code\""));
                         destinazione.caricamento = backend.ApriCaricamento(db, sTabella, colonne);
+                        // Every command is in the log before its row reaches the server.
+                        destinazione.caricamento->PrimaDiInviare([&log] { log.Scarica(); });
                         destinazione.sInizioLog =
                             QStringLiteral("Insert into ") + sTabella + QStringLiteral(" (") +
                             colonneLog.join(QStringLiteral(", ")) + QStringLiteral(") Values (");

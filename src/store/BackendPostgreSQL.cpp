@@ -120,9 +120,7 @@ void BackendPostgreSQL::EliminaDatabase(const StringaConnessione& stringa) const
                        .arg(Identificatore(stringa.Valore(QStringLiteral("Initial Catalog")))));
 }
 
-namespace {
-
-} // namespace
+namespace {} // namespace
 
 void BackendPostgreSQL::SospendiTrigger(const QSqlDatabase& db, const QString& sTabella) const {
     // A statement of the schema cannot be prepared on the server: only the name is joined in.

@@ -62,6 +62,7 @@ Caricamento::Rifiuto CaricamentoInserimenti::Invia() {
     const qsizetype iRighe = InAttesa();
     if (iRighe == 0)
         return {};
+    AvvisaPrimaDiInviare();
     // One savepoint for all the rows held, so that a refused row takes them all away and
     // leaves the transaction usable.
     const bool bPunto = Esegui(db, QStringLiteral("SAVEPOINT ") + Punto);

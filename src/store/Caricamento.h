@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <functional>
 #include <memory>
 #include <span>
 
@@ -26,7 +27,7 @@ public:
     virtual void Aggiungi(std::span<const QVariant> riga) = 0;
     // The rows held and not sent yet.
     virtual qsizetype InAttesa() const = 0;
-    // Enough rows held that sending them now costs least.
+    // Enough rows held that sending them now costs least (some may have gone already).
     virtual bool Pieno() const = 0;
     // Sends the rows held. When the server refuses one, none of them stays in the table and
     // the transaction can go on; the rows held are dropped either way. A batch refused as a
@@ -34,6 +35,19 @@ public:
     virtual Rifiuto Invia() = 0;
     // The path the rows take, in a word ("INSERT", "COPY"), for reports and diagnosis.
     virtual QString Via() const = 0;
+
+    // Called each time rows are about to reach the server (a log of commands is written
+    // then): rows may go before Invia while more are added.
+    void PrimaDiInviare(std::function<void()> avviso) { prima = std::move(avviso); }
+
+protected:
+    void AvvisaPrimaDiInviare() const {
+        if (prima)
+            prima();
+    }
+
+private:
+    std::function<void()> prima;
 };
 
 // The portable path: multi-row INSERT statements, prepared once for a full batch, each batch

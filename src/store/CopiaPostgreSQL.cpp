@@ -42,6 +42,16 @@ public:
                   colonne.join(QStringLiteral(", ")) + QStringLiteral(") FROM STDIN"))
                      .toUtf8();
     }
+    ~CaricamentoCopia() override {
+        // Left in the middle of a send: the server drops what it took of it.
+        if (bInCorso) {
+            PQputCopyEnd(connessione, "caricamento interrotto");
+            while (PGresult* risultato = PQgetResult(connessione))
+                PQclear(risultato);
+            Comando(connessione, "ROLLBACK TO SAVEPOINT tabellion_copia");
+            Comando(connessione, "RELEASE SAVEPOINT tabellion_copia");
+        }
+    }
 
     void Aggiungi(std::span<const QVariant> riga) override {
         const qsizetype iColonne = colonne.size();
@@ -77,21 +87,31 @@ public:
         }
         dati.append('\n');
         ++iRighe;
+        // The rows already go while the next ones are made, so that the server works along.
+        if (dati.size() >= BytePerPezzo)
+            Spingi();
     }
 
     qsizetype InAttesa() const override { return iRighe; }
 
-    bool Pieno() const override { return iRighe >= RighePerGruppo || dati.size() >= BytePerGruppo; }
+    bool Pieno() const override { return iRighe >= RighePerGruppo; }
 
     Rifiuto Invia() override {
         if (iRighe == 0)
             return {};
-        QString sErrore;
-        bool bRiuscito = Comando(connessione, "SAVEPOINT tabellion_copia", &sErrore);
-        if (bRiuscito) {
-            bRiuscito = Copia(sErrore);
+        Spingi();
+        bool bRiuscito = bInCorso && sErrore.isEmpty();
+        if (bInCorso) {
+            bInCorso = false;
+            if (PQputCopyEnd(connessione, bRiuscito ? nullptr : "invio non riuscito") != 1)
+                bRiuscito = false;
+            while (PGresult* risultato = PQgetResult(connessione)) {
+                if (PQresultStatus(risultato) != PGRES_COMMAND_OK)
+                    bRiuscito = false;
+                PQclear(risultato);
+            }
             if (bRiuscito) {
-                bRiuscito = Comando(connessione, "RELEASE SAVEPOINT tabellion_copia", &sErrore);
+                bRiuscito = Comando(connessione, "RELEASE SAVEPOINT tabellion_copia");
             } else {
                 Comando(connessione, "ROLLBACK TO SAVEPOINT tabellion_copia");
                 Comando(connessione, "RELEASE SAVEPOINT tabellion_copia");
@@ -110,34 +130,40 @@ public:
         dati.clear();
         valori.clear();
         iRighe = 0;
+        sErrore.clear();
         return rifiuto;
     }
 
     QString Via() const override { return QStringLiteral("COPY"); }
 
 private:
-    bool Copia(QString& sErrore) {
-        PGresult* risultato = PQexec(connessione, sCopia.constData());
-        if (PQresultStatus(risultato) != PGRES_COPY_IN) {
-            sErrore = Parole(risultato, connessione);
-            PQclear(risultato);
-            return false;
-        }
-        PQclear(risultato);
-        bool bRiuscito = true;
-        if (PQputCopyData(connessione, dati.constData(), static_cast<int>(dati.size())) != 1 ||
-            PQputCopyEnd(connessione, nullptr) != 1) {
-            sErrore = QString::fromUtf8(PQerrorMessage(connessione)).trimmed();
-            bRiuscito = false;
-        }
-        while ((risultato = PQgetResult(connessione)) != nullptr) {
-            if (PQresultStatus(risultato) != PGRES_COMMAND_OK && bRiuscito) {
+    static constexpr qsizetype RighePerGruppo = 20000;
+    static constexpr qsizetype BytePerPezzo = 256 * 1024;
+
+    // What is made so far goes to the server; the first piece of a send opens it: the caller
+    // is told first, then a savepoint and the COPY. A failure is kept for Invia.
+    void Spingi() {
+        if (!sErrore.isEmpty() || dati.isEmpty())
+            return;
+        AvvisaPrimaDiInviare();
+        if (!bInCorso) {
+            if (!Comando(connessione, "SAVEPOINT tabellion_copia", &sErrore))
+                return;
+            PGresult* risultato = PQexec(connessione, sCopia.constData());
+            const bool bAperta = PQresultStatus(risultato) == PGRES_COPY_IN;
+            if (!bAperta)
                 sErrore = Parole(risultato, connessione);
-                bRiuscito = false;
-            }
             PQclear(risultato);
+            if (!bAperta) {
+                Comando(connessione, "ROLLBACK TO SAVEPOINT tabellion_copia");
+                Comando(connessione, "RELEASE SAVEPOINT tabellion_copia");
+                return;
+            }
+            bInCorso = true;
         }
-        return bRiuscito;
+        if (PQputCopyData(connessione, dati.constData(), static_cast<int>(dati.size())) != 1)
+            sErrore = QString::fromUtf8(PQerrorMessage(connessione)).trimmed();
+        dati.clear();
     }
 
     PGconn* connessione;
@@ -145,9 +171,11 @@ private:
     QString sTabellaSql;
     QStringList colonne;
     QByteArray sCopia;
-    QByteArray dati;
-    QVariantList valori;
+    QByteArray dati;     // rows made and not yet sent
+    QVariantList valori; // every row of the send, to run it again row by row
     qsizetype iRighe = 0;
+    bool bInCorso = false; // a COPY is open on the connection
+    QString sErrore;
 };
 
 PGconn* ConnessioneLibpq(const QSqlDatabase& db) {
