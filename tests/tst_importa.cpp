@@ -125,6 +125,8 @@ private Q_SLOTS:
         AggiungiBackend();
     }
     void unRifiutoDelServerAMetaDiUnGruppoDiRecordFaFinireIlLogColComandoRifiutato();
+    void unFileTroncatoDopoMoltiRecordGiaInviatiLasciaLaTabellaComEra_data() { AggiungiBackend(); }
+    void unFileTroncatoDopoMoltiRecordGiaInviatiLasciaLaTabellaComEra();
     void unFileMalFormatoTroncatoOSenzaCodiceNonLasciaNulla_data() { AggiungiBackend(); }
     void unFileMalFormatoTroncatoOSenzaCodiceNonLasciaNulla();
     void leTabelleOfferteSonoQuelleDegliSchemiInMaiuscoloOMinuscolo();
@@ -353,6 +355,30 @@ void TestImporta::unRifiutoDelServerAMetaDiUnGruppoDiRecordFaFinireIlLogColComan
     const QByteArray testo = log.readAll();
     QCOMPARE(testo.count("<insert>"), 1500);
     QVERIFY(testo.endsWith("</record></table>"));
+}
+
+void TestImporta::unFileTroncatoDopoMoltiRecordGiaInviatiLasciaLaTabellaComEra() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    QVERIFY(Prepara());
+    const QStringList prima = Righe();
+    // Far more rows than the server is sent at once, then the file stops short.
+    QByteArray record;
+    const QByteArray nome = "Fascicolo " + QByteArray(80, 'x');
+    for (int i = 1; i <= 6000; ++i)
+        record +=
+            Record(Campo(1, QByteArray::number(1000 + i).constData()) + Campo(2, nome.constData()));
+    Scrivi(Dati(record).chopped(30));
+    QVERIFY(!Import::ImportaTabella(QStringLiteral("Esempio")));
+    QCOMPARE(Righe(), prima);
+    QCOMPARE(TriggerSospesi(tipo), 0);
+    QCOMPARE(piattaforma->Messaggi().size(), 1);
+    QVERIFY(BenFormato(cartella->File(QStringLiteral("EsempioSql.xml"))));
+    // The connection is usable: the same table imports from a whole file.
+    Scrivi(Dati(Record(Campo(1, "7") + Campo(2, "Intera"))));
+    QVERIFY(Import::ImportaTabella(QStringLiteral("Esempio")));
+    QCOMPARE(Righe(), (QStringList{QStringLiteral("7|Intera|NULL|42|AB01"),
+                                   QStringLiteral("100|Nostra|NULL|3|CD02")}));
 }
 
 void TestImporta::unFileMalFormatoTroncatoOSenzaCodiceNonLasciaNulla() {
