@@ -3,26 +3,17 @@
 // The list of the tables the schema folder offers, all checked, and the export of the checked
 // ones, with the table in hand and the records done.
 
-#include <QDialog>
+#include "exchange/frmTabelleScambio.h"
 
-class QLabel;
-class QPushButton;
-class QTreeWidget;
-
-class frmEsporta : public QDialog {
+class frmEsporta : public frmTabelleScambio {
     Q_OBJECT
 public:
     explicit frmEsporta(QWidget* parent = nullptr);
 
-    void cmdEsportaClick();
+    void cmdEsportaClick() { Esegui(); }
 
-private:
-    void Carica();
-    void MostraAvanzamento(const QString& sTabella, qint64 lRecord);
-
-    QTreeWidget* lvwDB;
-    QLabel* lblTabella;
-    QLabel* lblRecord;
-    QPushButton* cmdEsporta;
-    bool bInCorso = false;
+protected:
+    void Inizia() override;
+    void EseguiTabella(const QString& sTabella) override;
+    QString Elenco() const override;
 };

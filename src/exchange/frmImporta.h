@@ -3,30 +3,18 @@
 // The list of the tables the schema folder offers (whatever the case of "SCH"), all checked,
 // and the import of the checked ones, with the table in hand and the records done.
 
-#include <QDialog>
+#include "exchange/frmTabelleScambio.h"
 
-class QLabel;
-class QPushButton;
-class QTreeWidget;
-
-class frmImporta : public QDialog {
+class frmImporta : public frmTabelleScambio {
     Q_OBJECT
 public:
     explicit frmImporta(QWidget* parent = nullptr);
 
-    void cmdImportaClick();
+    void cmdImportaClick() { Esegui(); }
 
 protected:
-    void closeEvent(QCloseEvent* evento) override;
-    void reject() override;
-
-private:
-    void Carica();
-    void MostraAvanzamento(const QString& sTabella, qint64 lRecord);
-
-    QTreeWidget* lvwDB;
-    QLabel* lblTabella;
-    QLabel* lblRecord;
-    QPushButton* cmdImporta;
-    bool bInCorso = false;
+    void Inizia() override;
+    void EseguiTabella(const QString& sTabella) override;
+    void Termina() override;
+    QString Elenco() const override;
 };
