@@ -13,10 +13,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
 #include <QRegularExpression>
 #include <QSqlQuery>
-#include <QSqlRecord>
 #include <QVector>
 #include <QXmlStreamReader>
 #include <map>
