@@ -47,7 +47,7 @@ int main(int argc, char** argv) {
         }
         dati.write("\r\n</table>\r\n");
     }
-    const qint64 lInizio = Import::LettoreDati::InizioCorpo(sPercorso);
+    const qint64 lInizio = Import::LettoreDati::LeggiTesta(sPercorso).lInizioCorpo;
     double dScanner = 0;
     double dGenerale = 0;
     const qint64 lScanner = Leggi(sPercorso, lInizio, dScanner);

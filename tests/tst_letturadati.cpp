@@ -3,6 +3,7 @@
 // reader with the same records and the same error.
 
 #include "exchange/LetturaDati.h"
+#include "session/Errore.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -87,6 +88,7 @@ private Q_SLOTS:
     void ogniCosaCheIlLettoreVeloceNonConosceLaLeggeIlLettoreGeneraleConGliStessiErrori();
     void unaTestaInsolitaLasciaTuttoAlLettoreGenerale_data();
     void unaTestaInsolitaLasciaTuttoAlLettoreGenerale();
+    void unFileSenzaTestaLeggibileVieneRifiutatoInParole();
 };
 
 void TestLetturaDati::
@@ -101,7 +103,7 @@ void TestLetturaDati::
                        Campo(5, testi[(i + 3) % testi.size()]));
     dati += Record("") + "\r\n</table>\r\n";
     const QString sPercorso = Scrivi(dati);
-    const qint64 lInizio = LettoreDati::InizioCorpo(sPercorso);
+    const qint64 lInizio = LettoreDati::LeggiTesta(sPercorso).lInizioCorpo;
     QCOMPARE(lInizio, Testa.size());
     const Lettura veloce = Leggi(sPercorso, lInizio);
     const Lettura generale = Leggi(sPercorso, -1);
@@ -156,7 +158,7 @@ void TestLetturaDati::
         !QByteArray(QTest::currentDataTag()).contains("senza fine"))
         dati += "\r\n</table>";
     const QString sPercorso = Scrivi(dati);
-    const qint64 lInizio = LettoreDati::InizioCorpo(sPercorso);
+    const qint64 lInizio = LettoreDati::LeggiTesta(sPercorso).lInizioCorpo;
     QCOMPARE(lInizio, Testa.size());
     const Lettura veloce = Leggi(sPercorso, lInizio);
     const Lettura generale = Leggi(sPercorso, -1);
@@ -190,14 +192,28 @@ void TestLetturaDati::unaTestaInsolitaLasciaTuttoAlLettoreGenerale_data() {
     QTest::newRow("radice vuota") << "<table version=\"4\" code=\"AB01\"/>" +
                                          QByteArray("</table>");
     QTest::newRow("radice di altro nome") << "<tavola version=\"4\" code=\"AB01\">" + corpo;
-    QTest::newRow("non XML") << QByteArray("non sono XML");
 }
 
 void TestLetturaDati::unaTestaInsolitaLasciaTuttoAlLettoreGenerale() {
     QFETCH(QByteArray, dati);
     const QString sPercorso = Scrivi(dati);
-    QCOMPARE(LettoreDati::InizioCorpo(sPercorso), -1);
-    QCOMPARE(LettoreDati::InizioCorpo(cartella.filePath(QStringLiteral("assente.xml"))), -1);
+    const LettoreDati::Testa testa = LettoreDati::LeggiTesta(sPercorso);
+    QCOMPARE(testa.lInizioCorpo, -1);
+    QCOMPARE(testa.sVersione, QStringLiteral("4"));
+    QCOMPARE(testa.sCode, QStringLiteral("AB01"));
+}
+
+void TestLetturaDati::unFileSenzaTestaLeggibileVieneRifiutatoInParole() {
+    for (const QString& sPercorso : {Scrivi("non sono XML"), Scrivi("<?xml version=\"1.0\"?>"),
+                                     cartella.filePath(QStringLiteral("assente.xml"))}) {
+        try {
+            LettoreDati::LeggiTesta(sPercorso);
+            QFAIL(qPrintable(sPercorso));
+        } catch (const Errore& errore) {
+            QVERIFY2(errore.descrizione().contains(QDir::toNativeSeparators(sPercorso)),
+                     qPrintable(errore.descrizione()));
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(TestLetturaDati)

@@ -295,24 +295,9 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
     const double dVersione = VersioneDatabase(connessione);
 
     const QString sPercorsoDati = PercorsoIn(Sessione::sCartellaImport, schema.sDatafile);
-    QString sCode;
-    int iVersioneFile = 0;
-    {
-        QFile fileDati(sPercorsoDati);
-        if (!fileDati.open(QIODevice::ReadOnly))
-            Fallisci(QStringLiteral("File non trovato: %1")
-                         .arg(QDir::toNativeSeparators(sPercorsoDati)));
-        QXmlStreamReader xml(&fileDati);
-        while (!xml.atEnd() && xml.readNext() != QXmlStreamReader::StartElement) {
-        }
-        if (xml.hasError() || !xml.isStartElement())
-            Fallisci(QStringLiteral("%1: %2").arg(
-                QDir::toNativeSeparators(sPercorsoDati),
-                xml.hasError() ? xml.errorString() : QStringLiteral("documento senza elemento")));
-        sCode = xml.attributes().value(QStringLiteral("code")).toString();
-        iVersioneFile =
-            Intero(xml.attributes().value(QStringLiteral("version")).toString(), "version");
-    }
+    const LettoreDati::Testa testa = LettoreDati::LeggiTesta(sPercorsoDati);
+    const QString sCode = testa.sCode;
+    const int iVersioneFile = Intero(testa.sVersione, QStringLiteral("version"));
 
     if (schema.iVersione != iVersioneFile || dVersione != schema.iVersione) {
         MsgBox(QStringLiteral("Versioni incompatibili tra schema file [%1], Data File [%2] e "
@@ -373,8 +358,7 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
             fineLog.clear();
         };
 
-        LettoreDati lettore(sPercorsoDati, schema.nomi.size(),
-                            LettoreDati::InizioCorpo(sPercorsoDati));
+        LettoreDati lettore(sPercorsoDati, schema.nomi.size(), testa.lInizioCorpo);
         BloccoLetto blocco;
         qint64 lRecord = 0;
         while (lettore.Prossimo(blocco)) {

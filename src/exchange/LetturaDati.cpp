@@ -276,44 +276,52 @@ qint64 LettoreDati::RecordVeloci() const {
     return lVeloci;
 }
 
-qint64 LettoreDati::InizioCorpo(const QString& sPercorso) {
+LettoreDati::Testa LettoreDati::LeggiTesta(const QString& sPercorso) {
     QFile file(sPercorso);
     if (!file.open(QIODevice::ReadOnly))
-        return -1;
+        Fallisci(QStringLiteral("File non trovato: %1").arg(QDir::toNativeSeparators(sPercorso)));
+    Testa testa;
+    bool bVeloce = true;
     qint64 lInizio = -1;
     {
         QXmlStreamReader xml(&file);
         while (!xml.atEnd() && lInizio < 0) {
             switch (xml.readNext()) {
             case QXmlStreamReader::StartDocument:
-                if (!xml.documentEncoding().isEmpty() &&
-                    xml.documentEncoding().compare(QStringLiteral("UTF-8"), Qt::CaseInsensitive))
-                    return -1;
+                bVeloce = xml.documentEncoding().isEmpty() ||
+                          xml.documentEncoding().compare(QStringLiteral("UTF-8"),
+                                                         Qt::CaseInsensitive) == 0;
                 break;
             case QXmlStreamReader::DTD:
-            case QXmlStreamReader::Invalid:
-                return -1;
+                bVeloce = false; // it may declare entities and attribute defaults
+                break;
             case QXmlStreamReader::StartElement:
+                testa.sCode = xml.attributes().value(QStringLiteral("code")).toString();
+                testa.sVersione = xml.attributes().value(QStringLiteral("version")).toString();
                 // The scanner ends the body at "</table>": the root must be that element.
-                if (xml.qualifiedName() != QStringLiteral("table"))
-                    return -1;
+                bVeloce = bVeloce && xml.qualifiedName() == QStringLiteral("table");
                 lInizio = xml.characterOffset();
                 break;
             default:
                 break;
             }
         }
+        if (xml.hasError() || lInizio < 0)
+            Fallisci(QStringLiteral("%1: %2").arg(
+                QDir::toNativeSeparators(sPercorso),
+                xml.hasError() ? xml.errorString() : QStringLiteral("documento senza elemento")));
     }
-    if (lInizio < 2 || !file.seek(0))
-        return -1;
+    if (!bVeloce || !file.seek(0))
+        return testa;
     // Characters are bytes only in plain ASCII; an empty root ("/>") has no body.
-    const QByteArray testa = file.read(lInizio);
-    if (testa.size() != lInizio || !testa.endsWith('>') || testa.endsWith("/>"))
-        return -1;
-    for (const char c : testa)
+    const QByteArray inizio = file.read(lInizio);
+    if (inizio.size() != lInizio || !inizio.endsWith('>') || inizio.endsWith("/>"))
+        return testa;
+    for (const char c : inizio)
         if (static_cast<unsigned char>(c) >= 0x80)
-            return -1;
-    return lInizio;
+            return testa;
+    testa.lInizioCorpo = lInizio;
+    return testa;
 }
 
 bool LettoreDati::Consegna(BloccoLetto& blocco) {

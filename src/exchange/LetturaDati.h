@@ -52,9 +52,15 @@ public:
     // The records the scanner read (the general reader took the rest), once the file is over.
     qint64 RecordVeloci() const;
 
-    // Where the scanner may start in a data file, or -1: reads the head with the general
-    // reader. Raises nothing; a file it cannot read gives -1.
-    static qint64 InizioCorpo(const QString& sPercorso);
+    // The head of a data file, read with the general reader: the root's code and version,
+    // and where the scanner may start (-1: the general reader alone). Raises Errore for a
+    // file missing or not well formed before its root.
+    struct Testa {
+        QString sCode;
+        QString sVersione;
+        qint64 lInizioCorpo = -1;
+    };
+    static Testa LeggiTesta(const QString& sPercorso);
 
 private:
     bool Consegna(BloccoLetto& blocco);
