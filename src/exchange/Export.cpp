@@ -4,6 +4,7 @@
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
+#include "session/Utility.h"
 #include "store/Backend.h"
 #include "store/Connessione.h"
 #include "store/LetturaTesto.h"
@@ -657,8 +658,9 @@ Esito EsportaTabella(const Connessione& cnn, const QString& sTabella,
             esito.bEsportata = true;
             return esito;
         }
-        // Step 2: a missing table stops here, before anything else is done.
-        Interroga(cnn, SelezionaTutto(cnn, sTabella));
+        // Step 2: a missing table stops here, before anything else is done (no row is read:
+        // the rows are read once, when the file is written).
+        Interroga(cnn, SelezionaTutto(cnn, sTabella) + QStringLiteral(" WHERE 1 = 0"));
         // Steps 3 to 5: the schema file.
         const Schema schema =
             LeggiSchema(QDir(sCartellaSchemi).filePath(sTabella + QStringLiteral("Sch.xml")));
@@ -731,10 +733,7 @@ QString TestoNumero(double valore) {
 }
 
 QString ElencoTabelleEsportate() {
-    QString sTesto;
-    for (const QString& sNome : TabelleEsportate)
-        sTesto += sNome + QStringLiteral("\r\n");
-    return sTesto;
+    return RigheMessaggio(TabelleEsportate);
 }
 
 } // namespace Export

@@ -5,6 +5,7 @@
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
+#include "session/Utility.h"
 #include "store/Backend.h"
 #include "store/Caricamento.h"
 #include "store/Connessione.h"
@@ -479,10 +480,7 @@ QStringList TabelleOfferte(const QString& sCartellaSchemi) {
 }
 
 QString ElencoTabelleImportate() {
-    QString sTesto;
-    for (const QString& sTabella : TabelleImportate)
-        sTesto += sTabella + QStringLiteral("\r\n");
-    return sTesto;
+    return RigheMessaggio(TabelleImportate);
 }
 
 } // namespace Import

@@ -140,13 +140,16 @@ void EditoreRecord::CaricaListaUnCarattere(QComboBox* cmb, const QString& sFile)
     cmb->setCurrentIndex(iScelta);
 }
 
-int EditoreRecord::CercaIndice(const QComboBox* cmb, const QString& sCodice) {
-    const long numero = NumeroCodice(sCodice);
+int EditoreRecord::IndiceDelNumero(const QComboBox* cmb, qlonglong numero) {
     for (int i = 0; i < cmb->count(); ++i) {
         if (cmb->itemData(i).toLongLong() == numero)
             return i;
     }
     return -1;
+}
+
+int EditoreRecord::CercaIndice(const QComboBox* cmb, const QString& sCodice) {
+    return IndiceDelNumero(cmb, NumeroCodice(sCodice));
 }
 
 QString EditoreRecord::CercaTesto(const QComboBox* cmb, const QString& sCodice) {

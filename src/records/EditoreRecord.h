@@ -60,6 +60,8 @@ public:
     // of the code; its text ("" if none) or its index (-1 if none).
     static QString CercaTesto(const QComboBox* cmb, const QString& sCodice);
     static int CercaIndice(const QComboBox* cmb, const QString& sCodice);
+    // The index of the first entry whose item data is that number, -1 if none.
+    static int IndiceDelNumero(const QComboBox* cmb, qlonglong numero);
     // The combo's text assigned: the first entry with that text, or none for "" or a text
     // that is not in the list.
     static void ImpostaTesto(QComboBox* cmb, const QString& sTesto);

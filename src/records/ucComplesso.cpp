@@ -23,6 +23,7 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace {
 
@@ -602,20 +603,13 @@ void ucComplesso::CaricaSedi() {
     }
 }
 
+// The entry of the stored key; the first entry when the key is not in the list.
 int ucComplesso::CercaSede(long lId) const {
-    for (int i = 0; i < d->cmbSede->count(); ++i) {
-        if (d->cmbSede->itemData(i).toLongLong() == lId)
-            return i;
-    }
-    return 0;
+    return std::max(0, IndiceDelNumero(d->cmbSede, lId));
 }
 
 int ucComplesso::CercaMagazzino(long lId) const {
-    for (int i = 0; i < d->cmbMagazzino->count(); ++i) {
-        if (d->cmbMagazzino->itemData(i).toLongLong() == lId)
-            return i;
-    }
-    return 0;
+    return std::max(0, IndiceDelNumero(d->cmbMagazzino, lId));
 }
 
 int ucComplesso::CercaTipologiaCD(const QString& sCodice) const {

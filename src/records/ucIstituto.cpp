@@ -213,25 +213,9 @@ void ucIstituto::Mostra(long IDElem) {
 
     // The data combos read their lists again, then show the row of the stored code.
     CaricaProvince();
-    const QString sProvincia = riga.value(5).toString();
-    int iProvincia = -1;
-    for (int i = 0; i < DCProvincia->count(); ++i) {
-        if (DCProvincia->itemData(i).toString() == sProvincia) {
-            iProvincia = i;
-            break;
-        }
-    }
-    DCProvincia->setCurrentIndex(iProvincia);
+    DCProvincia->setCurrentIndex(DCProvincia->findData(riga.value(5).toString()));
     CaricaCodici();
-    const qlonglong idCodice = riga.value(21).toLongLong();
-    int iCodice = -1;
-    for (int i = 0; i < DCCodice->count(); ++i) {
-        if (DCCodice->itemData(i).toLongLong() == idCodice) {
-            iCodice = i;
-            break;
-        }
-    }
-    DCCodice->setCurrentIndex(iCodice);
+    DCCodice->setCurrentIndex(IndiceDelNumero(DCCodice, riga.value(21).toLongLong()));
 
     LeggiStato(true, riga.value(1).toString(), static_cast<long>(riga.value(20).toLongLong()));
     BloccaCampi();

@@ -73,3 +73,10 @@ void SbloccaControlli(const QList<QWidget*>& controlli) {
     for (QWidget* controllo : controlli)
         ImpostaBlocco(controllo, false);
 }
+
+QString RigheMessaggio(const QStringList& righe) {
+    QString sTesto;
+    for (const QString& sRiga : righe)
+        sTesto += sRiga + QStringLiteral("\r\n");
+    return sTesto;
+}

@@ -8,8 +8,12 @@ QString EstremiEnte(const QString& sLuogo, const QString& sDate);
 QString EstremiFamiglia(const QString& sLuogo, const QString& sDate);
 
 #include <QList>
+#include <QStringList>
 
 class QWidget;
+
+// The lines of a message: each text followed by carriage return and line feed ("" for none).
+QString RigheMessaggio(const QStringList& righe);
 
 // Locks the controls of a record editor: a multi-line text box stays enabled and becomes
 // read-only (it can still be scrolled and read); a single-line text box, a combo, a check box

@@ -99,14 +99,10 @@ void BackendPostgreSQL::Backup(const QSqlDatabase& db, const StringaConnessione&
 }
 
 void BackendPostgreSQL::IndiceWeb(const QSqlDatabase& db, const QString& sLingua) const {
-    QSqlDatabase conDb = db;
-    if (!conDb.transaction()) {
-        throw Errore(Sorgente, conDb.lastError().text());
-    }
     // The statements outlive the transaction: a failed one is freed after the rollback.
-    QSqlQuery query(conDb);
-    QSqlQuery testo(conDb);
-    try {
+    QSqlQuery query(db);
+    QSqlQuery testo(db);
+    InTransazione(db, Sorgente, [&] {
         Esegui(query, QStringLiteral("DELETE FROM IndiceWeb"));
         Esegui(query, IstruzioneIndiceWeb());
         // The text search document of each row, in the language asked for; a language the
@@ -121,13 +117,5 @@ void BackendPostgreSQL::IndiceWeb(const QSqlDatabase& db, const QString& sLingua
         if (!testo.exec()) {
             throw Errore(Sorgente, testo.lastError().text());
         }
-    } catch (...) {
-        conDb.rollback();
-        throw;
-    }
-    if (!conDb.commit()) {
-        const QString causa = conDb.lastError().text();
-        conDb.rollback();
-        throw Errore(Sorgente, causa);
-    }
+    });
 }

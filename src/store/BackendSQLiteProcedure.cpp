@@ -53,24 +53,12 @@ void BackendSQLite::Backup(const QSqlDatabase& db, const StringaConnessione&,
 void BackendSQLite::IndiceWeb(const QSqlDatabase& db, const QString&) const {
     // The language is that of the full-text search of the other servers: the index of this
     // one reads every language alike.
-    QSqlDatabase conDb = db;
-    if (!conDb.transaction()) {
-        throw Errore(Sorgente, conDb.lastError().text());
-    }
-    try {
-        QSqlQuery query(conDb);
+    InTransazione(db, Sorgente, [&] {
+        QSqlQuery query(db);
         Esegui(query, QStringLiteral("DELETE FROM IndiceWeb"));
         Esegui(query, IstruzioneIndiceWeb());
         // The full-text index reads IndiceWeb and is built again from it.
         Esegui(query,
                QStringLiteral("INSERT INTO IndiceWebTesto (IndiceWebTesto) VALUES ('rebuild')"));
-    } catch (...) {
-        conDb.rollback();
-        throw;
-    }
-    if (!conDb.commit()) {
-        const QString causa = conDb.lastError().text();
-        conDb.rollback();
-        throw Errore(Sorgente, causa);
-    }
+    });
 }

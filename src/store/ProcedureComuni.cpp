@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSqlError>
 
 // The destination of a copy or a dump: a file that is not there yet, in a folder that is there. A
 // relative path is taken from the program folder.
@@ -77,4 +78,22 @@ QString IstruzioneIndiceWeb() {
         " LEFT JOIN DatiInventariali D ON D.ID_Elemento = E.ID_Elemento"
         " LEFT JOIN Pergamene G ON G.ID_Elemento = E.ID_Elemento"
         " LEFT JOIN Sigilli S ON S.ID_Elemento = E.ID_Elemento");
+}
+
+void InTransazione(const QSqlDatabase& db, const QString& sSorgente,
+                   const std::function<void()>& lavoro) {
+    QSqlDatabase conDb = db;
+    if (!conDb.transaction())
+        throw Errore(sSorgente, conDb.lastError().text());
+    try {
+        lavoro();
+    } catch (...) {
+        conDb.rollback();
+        throw;
+    }
+    if (!conDb.commit()) {
+        const QString causa = conDb.lastError().text();
+        conDb.rollback();
+        throw Errore(sSorgente, causa);
+    }
 }

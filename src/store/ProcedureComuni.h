@@ -2,8 +2,10 @@
 
 // What the backup and the web index share on every server.
 
+#include <QSqlDatabase>
 #include <QString>
 #include <QTemporaryFile>
+#include <functional>
 #include <memory>
 
 // The destination of a copy: a file that is not there yet, in a folder that is there; a
@@ -17,3 +19,8 @@ std::unique_ptr<QTemporaryFile> FileProvvisorio(const QString& sDestinazione,
 
 // The statement that fills IndiceWeb (after it has been emptied) from the published elements.
 QString IstruzioneIndiceWeb();
+
+// The work in one transaction of db: committed when it returns, rolled back when it raises (the
+// exception goes on) or when the commit fails (Errore with the given source and the cause).
+void InTransazione(const QSqlDatabase& db, const QString& sSorgente,
+                   const std::function<void()>& lavoro);
