@@ -33,6 +33,20 @@ QString Prefisso(const char* routine) {
     return QStringLiteral("basGestImgMag.") + QLatin1String(routine) + QStringLiteral(": ");
 }
 
+// A routine's work that does not raise: a failure leaves its words in sErrore after the
+// routine's name, and the routine gives back its value of failure.
+template <typename Risultato, typename Lavoro>
+Risultato Protetto(const char* routine, QString& sErrore, Risultato fallito, Lavoro lavoro) {
+    try {
+        return lavoro();
+    } catch (const Errore& e) {
+        sErrore = Prefisso(routine) + e.descrizione();
+    } catch (const std::exception& e) {
+        sErrore = Prefisso(routine) + QString::fromLocal8Bit(e.what());
+    }
+    return fallito;
+}
+
 // A path written in the form of this platform (POSIX: it begins at the root and holds no
 // backslash); anything else is read as a Windows-style text.
 bool PercorsoPosix(const QString& s) {
@@ -436,7 +450,7 @@ void GetXmlMagNImg(const QString& sFileXml, long& lNumImg, QString& sErrore) {
 }
 
 double dGetImgCounterFromDb(const QString& sPhisicalPath, QString& sErrore) {
-    try {
+    return Protetto("dGetImgCounterFromDb", sErrore, 0.0, [&]() -> double {
         if (!Sessione::cnn)
             throw Errore(QString(), QStringLiteral("Connessione al database non aperta"));
         QSqlQuery query = Sessione::cnn->Esegui(
@@ -445,16 +459,11 @@ double dGetImgCounterFromDb(const QString& sPhisicalPath, QString& sErrore) {
         if (!query.next() || query.value(0).isNull())
             return 1;
         return query.value(0).toDouble() + 1;
-    } catch (const Errore& e) {
-        sErrore = Prefisso("dGetImgCounterFromDb") + e.descrizione();
-    } catch (const std::exception& e) {
-        sErrore = Prefisso("dGetImgCounterFromDb") + QString::fromLocal8Bit(e.what());
-    }
-    return 0;
+    });
 }
 
 bool bAggImgCounterTable(const QString& sPhisicalPath, QString& sErrore) {
-    try {
+    return Protetto("bAggImgCounterTable", sErrore, false, [&]() -> bool {
         if (!Sessione::cnn)
             throw Errore(QString(), QStringLiteral("Connessione al database non aperta"));
         QSqlQuery query = Sessione::cnn->Esegui(
@@ -467,17 +476,12 @@ bool bAggImgCounterTable(const QString& sPhisicalPath, QString& sErrore) {
                 {sPhisicalPath});
         }
         return true;
-    } catch (const Errore& e) {
-        sErrore = Prefisso("bAggImgCounterTable") + e.descrizione();
-    } catch (const std::exception& e) {
-        sErrore = Prefisso("bAggImgCounterTable") + QString::fromLocal8Bit(e.what());
-    }
-    return false;
+    });
 }
 
 double dGetImgCounterFromFile(const QString& sFileContatore, const QString& sPhisicalPath,
                               QString& sErrore) {
-    try {
+    return Protetto("dGetImgCounterFromFile", sErrore, 0.0, [&]() -> double {
         QFile file(sFileContatore);
         if (!QFileInfo(sFileContatore).isFile() || !file.open(QIODevice::ReadOnly))
             return 1;
@@ -505,17 +509,12 @@ double dGetImgCounterFromFile(const QString& sFileContatore, const QString& sPhi
             return d + 1;
         }
         return 1;
-    } catch (const Errore& e) {
-        sErrore = Prefisso("dGetImgCounterFromFile") + e.descrizione();
-    } catch (const std::exception& e) {
-        sErrore = Prefisso("dGetImgCounterFromFile") + QString::fromLocal8Bit(e.what());
-    }
-    return 0;
+    });
 }
 
 bool bAggImgCounterFile(const QString& sFileContatore, const QString& sPhisicalPath,
                         QString& sErrore) {
-    try {
+    return Protetto("bAggImgCounterFile", sErrore, false, [&]() -> bool {
         // 1. Read all, creating the file if missing; errors of the reading are ignored.
         QFile file(sFileContatore);
         if (!file.exists()) {
@@ -559,12 +558,7 @@ bool bAggImgCounterFile(const QString& sFileContatore, const QString& sPhisicalP
             throw Errore(QString(), file.errorString());
         file.close();
         return true;
-    } catch (const Errore& e) {
-        sErrore = Prefisso("bAggImgCounterFile") + e.descrizione();
-    } catch (const std::exception& e) {
-        sErrore = Prefisso("bAggImgCounterFile") + QString::fromLocal8Bit(e.what());
-    }
-    return false;
+    });
 }
 
 QString sGetPhysicalPath(const QString& sPercorsoDoc, const QString& sParam01, QString* sErrore) {
