@@ -7,6 +7,7 @@
 //
 //   bench_albero [elementi]            (default 1000000)
 
+#include "LetturaFile.h"
 #include "session/Errore.h"
 #include "session/Sessione.h"
 #include "store/Backend.h"
@@ -42,15 +43,6 @@ QString GruppoComplessi(const QString& sOrdine) {
            sOrdine;
 }
 const QString Ordine = QStringLiteral("CD_Ordinamento, ELEM_Denominazione");
-
-QString LeggiFile(const QString& percorso) {
-    QFile file(percorso);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw Errore(QStringLiteral("bench"),
-                     QStringLiteral("Impossibile leggere %1").arg(percorso));
-    }
-    return QString::fromUtf8(file.readAll());
-}
 
 QString Stringa(const QString& cartella) {
     return ComponiStringaConnessione(QStringLiteral("Provider=QSQLITE"), cartella,

@@ -9,6 +9,7 @@
 // PostgreSQL needs TABELLION_PG_HOST/PORT/USER/PASSWORD (scripts/test sets them:
 // TABELLION_COMANDO='build/bench/bench_archivio 200000 postgresql' scripts/test).
 
+#include "LetturaFile.h"
 #include "session/Errore.h"
 #include "store/ArchivioElementi.h"
 #include "store/Backend.h"
@@ -83,15 +84,6 @@ void CostruisciIstituto(Costruzione& c, int numero) {
             }
         }
     }
-}
-
-QString LeggiFile(const QString& percorso) {
-    QFile file(percorso);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw Errore(QStringLiteral("bench"),
-                     QStringLiteral("Impossibile leggere %1").arg(percorso));
-    }
-    return QString::fromUtf8(file.readAll());
 }
 
 } // namespace

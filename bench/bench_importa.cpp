@@ -8,6 +8,7 @@
 //
 // PostgreSQL needs TABELLION_PG_HOST/PORT/USER/PASSWORD.
 
+#include "LetturaFile.h"
 #include "RiferimentoMotore.h"
 #include "exchange/Import.h"
 #include "session/Errore.h"
@@ -26,14 +27,6 @@
 #include <QTextStream>
 
 namespace {
-
-QString LeggiFile(const QString& percorso) {
-    QFile file(percorso);
-    if (!file.open(QIODevice::ReadOnly))
-        throw Errore(QStringLiteral("bench"),
-                     QStringLiteral("Impossibile leggere %1").arg(percorso));
-    return QString::fromUtf8(file.readAll());
-}
 
 void Esegui(const Connessione& cnn, const QString& sql) {
     QSqlQuery query(cnn.Db());
