@@ -9,6 +9,7 @@
 #include "session/frmIdicizWeb.h"
 #include "session/frmValore.h"
 #include "store/Backend.h"
+#include "store/BackendPostgreSQL.h"
 #include "store/Connessione.h"
 #include "store/Procedure.h"
 #include "store/StringaConnessione.h"
@@ -20,7 +21,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QCollator>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -30,7 +30,6 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QSqlQuery>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
@@ -124,23 +123,6 @@ QList<qint64> Cerca(const Connessione& connessione, TipoBackend tipo, const QStr
                   QStringLiteral("SELECT ID_Elemento FROM IndiceWeb "
                                  "WHERE Testo @@ plainto_tsquery(CAST(? AS regconfig), ?)"),
                   {QStringLiteral("italian"), sParola});
-}
-
-// A PostgreSQL program: on the PATH, else the newest of the installed versions.
-QString ProgrammaPg(const QString& sNome) {
-    const QString sulPercorso = QStandardPaths::findExecutable(sNome);
-    if (!sulPercorso.isEmpty()) {
-        return sulPercorso;
-    }
-    QStringList versioni =
-        QDir(QStringLiteral("/usr/lib/postgresql")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    QCollator ordine;
-    ordine.setNumericMode(true);
-    std::sort(versioni.begin(), versioni.end(),
-              [&ordine](const QString& a, const QString& b) { return ordine.compare(a, b) > 0; });
-    return versioni.isEmpty()
-               ? QString()
-               : QStringLiteral("/usr/lib/postgresql/%1/bin/%2").arg(versioni.first(), sNome);
 }
 
 // Every file of a folder, hidden ones too.
@@ -680,7 +662,7 @@ void TestManutenzione::laCopiaRipristinataHaTutteLeRighe() {
                  QStringLiteral("Archivio dell'abbazia"));
         QCOMPARE(Cerca(*copia, backend, QStringLiteral("Tranquillini")), QList<qint64>{4});
     } else {
-        const QString pgRestore = ProgrammaPg(QStringLiteral("pg_restore"));
+        const QString pgRestore = ProgrammaPostgreSQL(QStringLiteral("pg_restore"));
         QVERIFY2(!pgRestore.isEmpty(), "pg_restore not found");
         DatabaseRipristino ripristino(banca->Database() + QStringLiteral("_ripristino"));
         QProcess processo;

@@ -31,3 +31,7 @@ private:
                          const QString& sNomeConnessione) const;
     void EseguiSuServer(const StringaConnessione& stringa, const QString& sComando) const;
 };
+
+// A program of the PostgreSQL client (pg_dump, pg_restore): on the PATH, else the newest of the
+// versions installed under /usr/lib/postgresql; "" when there is none.
+QString ProgrammaPostgreSQL(const QString& sNome);

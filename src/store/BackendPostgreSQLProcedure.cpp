@@ -23,8 +23,16 @@ namespace {
 
 const QString Sorgente = QStringLiteral("PostgreSQL");
 
-QString ProgrammaPgDump() {
-    const QString sulPercorso = QStandardPaths::findExecutable(QStringLiteral("pg_dump"));
+void Esegui(QSqlQuery& query, const QString& sSql) {
+    if (!query.exec(sSql)) {
+        throw Errore(Sorgente, query.lastError().text());
+    }
+}
+
+} // namespace
+
+QString ProgrammaPostgreSQL(const QString& sNome) {
+    const QString sulPercorso = QStandardPaths::findExecutable(sNome);
     if (!sulPercorso.isEmpty()) {
         return sulPercorso;
     }
@@ -36,27 +44,22 @@ QString ProgrammaPgDump() {
               [&ordine](const QString& a, const QString& b) { return ordine.compare(a, b) > 0; });
     for (const QString& versione : versioni) {
         const QString programma =
-            QStringLiteral("/usr/lib/postgresql/%1/bin/pg_dump").arg(versione);
+            QStringLiteral("/usr/lib/postgresql/%1/bin/%2").arg(versione, sNome);
         if (QFileInfo(programma).isExecutable()) {
             return programma;
         }
     }
-    throw Errore(Sorgente, QStringLiteral("Il programma pg_dump non è installato (pacchetto "
-                                          "postgresql-client)."));
+    return QString();
 }
-
-void Esegui(QSqlQuery& query, const QString& sSql) {
-    if (!query.exec(sSql)) {
-        throw Errore(Sorgente, query.lastError().text());
-    }
-}
-
-} // namespace
 
 void BackendPostgreSQL::Backup(const QSqlDatabase& db, const StringaConnessione& stringa,
                                const QString& sDestinazione) const {
     const QString destinazione = DestinazioneCopia(sDestinazione, Sorgente);
-    const QString programma = ProgrammaPgDump();
+    const QString programma = ProgrammaPostgreSQL(QStringLiteral("pg_dump"));
+    if (programma.isEmpty()) {
+        throw Errore(Sorgente, QStringLiteral("Il programma pg_dump non è installato (pacchetto "
+                                              "postgresql-client)."));
+    }
     const std::unique_ptr<QTemporaryFile> provvisorio = FileProvvisorio(destinazione, Sorgente);
 
     // The same server, database and login as the connection; the password goes by the
