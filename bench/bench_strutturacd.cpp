@@ -1,35 +1,35 @@
-// The window of institutes and complessi on a large archive: builds an SQLite archive of about
-// N elements (institutes with complessi four levels deep) through the element store, then
-// times, offscreen, the opening of frmStrutturaCD against the bare run of its two queries,
-// the switch of the order option, and a click on a complesso at the bottom of the tree until
-// its record is shown.
+// The window of institutes and complessi on a large archive: builds an archive of about N
+// elements (institutes with complessi four levels deep) on SQLite or PostgreSQL, then times,
+// offscreen and in one run, the bare read of the window's two groups as "SELECT *" (what the
+// tree used to read), the bare read of the columns the tree uses, the opening of
+// frmStrutturaCD, the switch of the order option, and a click on a complesso at the bottom of
+// the tree until its record is shown.
 //
-//   QT_QPA_PLATFORM=offscreen bench_strutturacd [elementi]
+//   QT_QPA_PLATFORM=offscreen bench_strutturacd [elementi] [sqlite|postgresql]
+//
+// PostgreSQL needs TABELLION_PG_HOST/PORT/USER/PASSWORD.
 
+#include "ArchivioBanco.h"
 #include "session/Sessione.h"
-#include "store/ArchivioElementi.h"
-#include "store/Backend.h"
-#include "store/Connessione.h"
-#include "store/EsecuzioneScript.h"
-#include "store/StringaConnessione.h"
 #include "structure/frmStrutturaCD.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
 #include <QRadioButton>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QTreeView>
 
 namespace {
 
+using ArchivioBanco::Secondi;
+
 QTextStream& Uscita() {
     static QTextStream uscita(stdout);
     return uscita;
+}
+
+QString Tempo(double dSecondi) {
+    return QStringLiteral("%1 s").arg(dSecondi, 0, 'f', 3);
 }
 
 } // namespace
@@ -37,112 +37,79 @@ QTextStream& Uscita() {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    const qint64 richiesti = argc > 1 ? QByteArray(argv[1]).toLongLong() : 100000;
+    const QStringList argomenti = app.arguments();
+    const qint64 richiesti = argomenti.size() > 1 ? argomenti[1].toLongLong() : 100000;
+    const bool bPostgreSQL = argomenti.value(2) == QStringLiteral("postgresql");
+    // The program folder of the sources: the panel's pictures and the lookup lists.
+    qputenv("TABELLION_CARTELLA", QByteArrayLiteral(TABELLION_SORGENTI "/site"));
+    try {
+        QTemporaryDir cartella;
+        const QString sStringa =
+            ArchivioBanco::Stringa(bPostgreSQL, cartella.path(), QStringLiteral("bench_strutturacd"));
+        QElapsedTimer orologio;
+        orologio.start();
+        Sessione::cnn = ArchivioBanco::Crea(bPostgreSQL, sStringa);
+        Sessione::bIstituto = true;
+        qint64 lProfondo = 0;
+        const qint64 elementi =
+            ArchivioBanco::CostruisciComplessi(*Sessione::cnn, richiesti, lProfondo);
+        Uscita() << (bPostgreSQL ? "PostgreSQL" : "SQLite") << ", archivio: " << elementi
+                 << " elementi in " << Tempo(Secondi(orologio)) << "\n";
 
-    QTemporaryDir cartella;
-    QDir().mkpath(cartella.filePath(QStringLiteral("Bitmap")));
-    const QDir bitmap(QStringLiteral(TABELLION_SORGENTI "/site/Bitmap"));
-    for (const QString& nome : bitmap.entryList(QDir::Files)) {
-        QFile::copy(bitmap.filePath(nome), cartella.filePath(QStringLiteral("Bitmap/") + nome));
-    }
-    for (const char* lista : {"TipologiaIST.txt", "TipologiaCD.txt"}) {
-        QFile::copy(QStringLiteral(TABELLION_SORGENTI "/site/") + QLatin1String(lista),
-                    cartella.filePath(QLatin1String(lista)));
-    }
-    qputenv("TABELLION_CARTELLA", QFile::encodeName(cartella.path()));
-
-    const QString stringa =
-        ComponiStringaConnessione(QStringLiteral("Provider=QSQLITE"), cartella.path(),
-                                  QStringLiteral("banco"), QString(), QString());
-    const StringaConnessione letta = StringaConnessione::Leggi(stringa);
-    Connessione::BackendDi(letta).CreaDatabase(letta);
-    Sessione::cnn = Connessione::Apri(stringa);
-    {
-        const QString schema = QStringLiteral(TABELLION_SORGENTI "/db/sqlite/schema.sql");
-        QFile file(schema);
-        file.open(QIODevice::ReadOnly);
-        EseguiScript(*Sessione::cnn, QString::fromUtf8(file.readAll()), schema);
-    }
-    Sessione::bIstituto = true;
-    const Connessione& cnn = *Sessione::cnn;
-
-    // The archive: institutes, each with complessi of fan-out 8 four levels deep (4,680 each).
-    QElapsedTimer orologio;
-    orologio.start();
-    QSqlDatabase db = cnn.Db();
-    qint64 elementi = 0;
-    long profondo = 0;
-    db.transaction();
-    int istituti = 0;
-    while (elementi < richiesti) {
-        const long ist = ArchivioElementi::Crea(cnn, QStringLiteral("01"),
-                                                QStringLiteral("Istituto %1").arg(++istituti), 0);
-        ++elementi;
-        QList<long> livello{ist};
-        for (int l = 0; l < 4 && elementi < richiesti; ++l) {
-            QList<long> prossimo;
-            for (long padre : livello) {
-                for (int i = 0; i < 8 && elementi < richiesti; ++i) {
-                    prossimo.append(ArchivioElementi::Crea(
-                        cnn, QStringLiteral("02"), QStringLiteral("Complesso %1").arg(elementi),
-                        padre));
-                    ++elementi;
-                    if (elementi % 1000 == 0) {
-                        db.commit();
-                        db.transaction();
-                    }
-                }
-            }
-            livello = prossimo;
+        QStringList tutte;
+        QStringList usate;
+        for (const GruppoAlbero& gruppo :
+             frmStrutturaCD::Gruppi(frmStrutturaCD::OrdineArchivistico())) {
+            tutte.append(QStringLiteral("SELECT * FROM %1 WHERE %2 ORDER BY %3")
+                             .arg(gruppo.sVista, gruppo.sCondizione, gruppo.sOrdine));
+            usate.append(gruppo.Sql());
         }
-        if (!livello.isEmpty()) {
-            profondo = livello.last();
+        const ArchivioBanco::Lettura nudaTutte = ArchivioBanco::LetturaNuda(*Sessione::cnn, tutte);
+        Uscita() << "lettura nuda dei due gruppi, SELECT *: " << nudaTutte.righe << " righe in "
+                 << Tempo(nudaTutte.dSecondi) << "\n";
+        const ArchivioBanco::Lettura nudaUsate = ArchivioBanco::LetturaNuda(*Sessione::cnn, usate);
+        Uscita() << "lettura nuda dei due gruppi, colonne usate: " << nudaUsate.righe
+                 << " righe in " << Tempo(nudaUsate.dSecondi) << "\n";
+
+        orologio.restart();
+        auto* finestra = new frmStrutturaCD;
+        finestra->show();
+        QApplication::processEvents();
+        const double dApertura = Secondi(orologio);
+        Uscita() << "apertura di frmStrutturaCD: " << finestra->Modello().Nodi() << " nodi in "
+                 << Tempo(dApertura)
+                 << QStringLiteral(" (rapporto %1 sulla lettura delle colonne usate, %2 su "
+                                   "quella di SELECT *)\n")
+                        .arg(dApertura / nudaUsate.dSecondi, 0, 'f', 2)
+                        .arg(dApertura / nudaTutte.dSecondi, 0, 'f', 2);
+
+        orologio.restart();
+        finestra->Ord[0]->setChecked(true);
+        QApplication::processEvents();
+        Uscita() << "opzione Alfabetico: " << Tempo(Secondi(orologio)) << "\n";
+        orologio.restart();
+        finestra->Ord[1]->setChecked(true);
+        QApplication::processEvents();
+        Uscita() << "opzione Archivistico: " << Tempo(Secondi(orologio)) << "\n";
+
+        orologio.restart();
+        const QModelIndex nodo = finestra->Modello().Trova(lProfondo);
+        finestra->tvwDB->setCurrentIndex(nodo);
+        QApplication::processEvents();
+        Uscita() << "clic su un complesso al quarto livello (" << lProfondo << ", mostrato "
+                 << finestra->lIdCorrente << "): "
+                 << QStringLiteral("%1 ms\n").arg(Secondi(orologio) * 1000, 0, 'f', 2);
+
+        delete finestra;
+        Sessione::cnn->Chiudi();
+        Sessione::cnn.reset();
+        if (bPostgreSQL) {
+            const StringaConnessione letta = StringaConnessione::Leggi(sStringa);
+            Connessione::BackendDi(letta).EliminaDatabase(letta);
         }
+        return 0;
+    } catch (const Errore& errore) {
+        Uscita() << errore.testo() << '\n';
+        return 1;
     }
-    db.commit();
-    Uscita() << "archivio: " << elementi << " elementi in " << orologio.elapsed() << " ms\n";
-
-    orologio.restart();
-    qint64 righe = 0;
-    for (const QString& sql : {QStringLiteral("SELECT * FROM AlberoGlobale WHERE "
-                                              "ELEM_Tipologia='01' ORDER BY ELEM_ID_ElementoPadre, "
-                                              "ELEM_Denominazione"),
-                               QStringLiteral("SELECT * FROM AlberoGlobale WHERE "
-                                              "ELEM_Tipologia='02' ORDER BY ELEM_ID_ElementoPadre, "
-                                              "CD_Ordinamento, ELEM_Denominazione")}) {
-        QSqlQuery query = cnn.Esegui(sql);
-        while (query.next()) {
-            ++righe;
-        }
-    }
-    Uscita() << "query nude dei due gruppi: " << righe << " righe in " << orologio.elapsed()
-             << " ms\n";
-
-    orologio.restart();
-    auto* finestra = new frmStrutturaCD;
-    finestra->show();
-    QApplication::processEvents();
-    Uscita() << "apertura di frmStrutturaCD: " << finestra->Modello().Nodi() << " nodi in "
-             << orologio.elapsed() << " ms\n";
-
-    orologio.restart();
-    finestra->Ord[0]->setChecked(true);
-    QApplication::processEvents();
-    Uscita() << "opzione Alfabetico: " << orologio.elapsed() << " ms\n";
-    orologio.restart();
-    finestra->Ord[1]->setChecked(true);
-    QApplication::processEvents();
-    Uscita() << "opzione Archivistico: " << orologio.elapsed() << " ms\n";
-
-    orologio.restart();
-    const QModelIndex nodo = finestra->Modello().Trova(profondo);
-    finestra->tvwDB->setCurrentIndex(nodo);
-    QApplication::processEvents();
-    Uscita() << "clic su un complesso al quarto livello (" << profondo << ", mostrato "
-             << finestra->lIdCorrente << "): " << orologio.elapsed() << " ms\n";
-
-    delete finestra;
-    Sessione::cnn->Chiudi();
-    Sessione::cnn.reset();
-    return 0;
 }

@@ -8,6 +8,7 @@
 #include "store/Connessione.h"
 #include "store/ModelloAlbero.h"
 #include "structure/FinestraStruttura.h"
+#include "structure/frmStrutturaCD.h"
 
 #include "BancaDatiProva.h"
 #include "CartellaProva.h"
@@ -57,14 +58,7 @@ public:
 protected:
     void CaricaAlbero(const QString& sOrdine) override {
         ordini.append(sOrdine);
-        const QList<GruppoAlbero> gruppi = {
-            {QStringLiteral("SELECT * FROM AlberoGlobale WHERE ELEM_Tipologia='01' "
-                            "ORDER BY ELEM_ID_ElementoPadre, ELEM_Denominazione"),
-             QStringLiteral("istituto"), true, false, false},
-            {QStringLiteral("SELECT * FROM AlberoGlobale WHERE ELEM_Tipologia='02' "
-                            "ORDER BY ELEM_ID_ElementoPadre, ") +
-                 sOrdine,
-             QStringLiteral("nolink"), false, true, false}};
+        const QList<GruppoAlbero> gruppi = frmStrutturaCD::Gruppi(sOrdine);
         if (CaricaGruppi(gruppi, true)) {
             ++caricamentiRiusciti;
         }
@@ -163,6 +157,9 @@ private Q_SLOTS:
     void ogniChiaveDImmagineHaLaSuaFigura();
 
     // The loading from the database.
+    void leIstruzioniDellAlberoLeggonoSoloLeColonneDeiNodi();
+    void unGruppoConValoriLiLegaAllaCondizione_data() { AggiungiBackend(); }
+    void unGruppoConValoriLiLegaAllaCondizione();
     void unDatabaseVuotoMostraLaSolaRadice_data() { AggiungiBackend(); }
     void unDatabaseVuotoMostraLaSolaRadice();
     void igruppiSiCaricanoSottoLaRadiceConIFigliDellaRadiceInOrdine_data() { AggiungiBackend(); }
@@ -371,6 +368,46 @@ void TestAlbero::unDatabaseVuotoMostraLaSolaRadice() {
     QCOMPARE(finestra.tvwDB->currentIndex(), modello.Radice());
     QCOMPARE(finestra.mostrati, QStringList({QStringLiteral("00 0")}));
     QVERIFY(MessaggiCon(a.piattaforma, QStringLiteral("Errore U5")).isEmpty());
+}
+
+void TestAlbero::leIstruzioniDellAlberoLeggonoSoloLeColonneDeiNodi() {
+    const QList<GruppoAlbero> gruppi =
+        frmStrutturaCD::Gruppi(QStringLiteral("CD_Ordinamento, ELEM_Denominazione"));
+    QCOMPARE(gruppi.size(), 2);
+    QCOMPARE(gruppi[0].Sql(),
+             QStringLiteral("SELECT ELEM_ID_Elemento, ELEM_ID_ElementoPadre, ELEM_Denominazione, "
+                            "ELEM_Tipologia FROM AlberoGlobale WHERE ELEM_Tipologia='01' "
+                            "ORDER BY ELEM_ID_ElementoPadre, ELEM_Denominazione"));
+    QCOMPARE(gruppi[1].Sql(),
+             QStringLiteral("SELECT ELEM_ID_Elemento, ELEM_ID_ElementoPadre, ELEM_Denominazione, "
+                            "ELEM_Tipologia, CD_NumeroInventari FROM AlberoGlobale "
+                            "WHERE ELEM_Tipologia='02' ORDER BY ELEM_ID_ElementoPadre, "
+                            "CD_Ordinamento, ELEM_Denominazione"));
+    for (const GruppoAlbero& gruppo : gruppi) {
+        QVERIFY(!gruppo.Sql().contains(u'*'));
+    }
+}
+
+void TestAlbero::unGruppoConValoriLiLegaAllaCondizione() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long istituto = a.Crea("01", QStringLiteral("Istituto"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo dell'Abbazia"), istituto);
+    a.Crea("02", QStringLiteral("Altro fondo"), istituto);
+    GruppoAlbero istituti;
+    istituti.sCondizione = QStringLiteral("ELEM_Tipologia='01'");
+    istituti.sImmagine = QStringLiteral("istituto");
+    istituti.bPadreNulloERadice = true;
+    GruppoAlbero unFondo;
+    unFondo.sCondizione = QStringLiteral("ELEM_Tipologia='02' AND ELEM_Denominazione = ?");
+    unFondo.valori = {QStringLiteral("Fondo dell'Abbazia")};
+    unFondo.sImmagine = QStringLiteral("nolink");
+    ModelloAlbero modello;
+    CaricamentoAlbero::Carica(modello, a.cnn(), {istituti, unFondo}, false);
+    QCOMPARE(modello.Nodi(), 3);
+    QVERIFY(modello.Contiene(fondo));
+    QCOMPARE(modello.Testo(modello.Trova(fondo)), QStringLiteral("Fondo dell'Abbazia"));
 }
 
 void TestAlbero::igruppiSiCaricanoSottoLaRadiceConIFigliDellaRadiceInOrdine() {

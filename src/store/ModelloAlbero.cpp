@@ -1,6 +1,7 @@
 #include "ModelloAlbero.h"
 
 #include "Connessione.h"
+#include "OrdineItaliano.h"
 #include "TestoErrore.h"
 #include "session/Errore.h"
 
@@ -9,7 +10,6 @@
 #include <QPainterPath>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QSqlRecord>
 #include <algorithm>
 
 namespace {
@@ -203,8 +203,8 @@ QString ModelloAlbero::TestoDi(qint32 nodo) const {
 
 int ModelloAlbero::ConfrontaTesti(qint32 a, qint32 b) const {
     const QStringView vista(pool);
-    return vista.mid(inizioTesto[a], lunghezzaTesto[a])
-        .compare(vista.mid(inizioTesto[b], lunghezzaTesto[b]), Qt::CaseInsensitive);
+    return ConfrontaItaliano(vista.mid(inizioTesto[a], lunghezzaTesto[a]),
+                             vista.mid(inizioTesto[b], lunghezzaTesto[b]));
 }
 
 qint32 ModelloAlbero::NuovoNodo(qint64 lId, qint32 padre, const QString& sTesto, quint8 iImmagine,
@@ -230,9 +230,8 @@ int ModelloAlbero::PosizioneOrdinata(qint32 padre, const QString& sTesto) const 
     // After the brothers of equal text: the first one whose text is greater.
     const auto dopo = std::upper_bound(
         elenco.cbegin(), elenco.cend(), sTesto, [&](const QString& testo, qint32 fratello) {
-            return QStringView(testo).compare(
-                       vista.mid(inizioTesto[fratello], lunghezzaTesto[fratello]),
-                       Qt::CaseInsensitive) < 0;
+            return ConfrontaItaliano(QStringView(testo), vista.mid(inizioTesto[fratello],
+                                                                   lunghezzaTesto[fratello])) < 0;
         });
     return static_cast<int>(dopo - elenco.cbegin());
 }
@@ -719,47 +718,60 @@ QImage Pannello(const QString& sNomeFile) {
 // ---------------------------------------------------------------------------------------------
 // The loading
 
+QString GruppoAlbero::Sql() const {
+    QString sSql = QStringLiteral("SELECT ELEM_ID_Elemento, ELEM_ID_ElementoPadre, ") +
+                   sColonnaTesto + QStringLiteral(", ELEM_Tipologia");
+    if (!sColonnaLink.isEmpty()) {
+        sSql += QStringLiteral(", ") + sColonnaLink;
+    }
+    sSql += QStringLiteral(" FROM ") + sVista;
+    if (!sCondizione.isEmpty()) {
+        sSql += QStringLiteral(" WHERE ") + sCondizione;
+    }
+    if (!sOrdine.isEmpty()) {
+        sSql += QStringLiteral(" ORDER BY ") + sOrdine;
+    }
+    return sSql;
+}
+
 namespace CaricamentoAlbero {
 
 namespace {
 
 const QString SorgenteCaricamento = QStringLiteral("CaricaAlbero");
 
-QSqlQuery Esegui(const Connessione& connessione, const QString& sSql) {
+// Forward only: the rows are read once and not kept by the driver.
+QSqlQuery Esegui(const Connessione& connessione, const QString& sSql,
+                 const QVariantList& valori = {}) {
     QSqlQuery query(connessione.Db());
-    // Forward only: the rows are read once and not kept by the driver.
     query.setForwardOnly(true);
-    if (!query.exec(sSql)) {
+    bool bFatto = false;
+    if (valori.isEmpty()) {
+        bFatto = query.exec(sSql);
+    } else if (query.prepare(sSql)) {
+        for (int i = 0; i < valori.size(); ++i) {
+            query.bindValue(i, valori[i]);
+        }
+        bFatto = query.exec();
+    }
+    if (!bFatto) {
         throw Errore(SorgenteCaricamento, TestoErrore(query.lastError()));
     }
     return query;
 }
 
-int Colonna(const QSqlQuery& query, const QString& sNome) {
-    const int i = query.record().indexOf(sNome);
-    if (i < 0) {
-        throw Errore(SorgenteCaricamento,
-                     QStringLiteral("Colonna non trovata nel risultato: %1.").arg(sNome));
-    }
-    return i;
-}
+// The columns of a group's statement, in the order of GruppoAlbero::Sql.
+enum ColonnaGruppo { ColonnaId, ColonnaPadre, ColonnaTesto, ColonnaTag, ColonnaLink };
 
 void CaricaGruppo(ModelloAlbero& modello, const Connessione& connessione,
                   const GruppoAlbero& gruppo) {
-    QSqlQuery query = Esegui(connessione, gruppo.sSql);
-    const int cId = Colonna(query, QStringLiteral("ELEM_ID_Elemento"));
-    const int cPadre = Colonna(query, QStringLiteral("ELEM_ID_ElementoPadre"));
-    const int cTesto = Colonna(query, QStringLiteral("ELEM_Denominazione"));
-    const int cTag = Colonna(query, QStringLiteral("ELEM_Tipologia"));
-    const int cLink = gruppo.bLinkComplessi ? Colonna(query, QStringLiteral("CD_NumeroInventari"))
-                      : gruppo.bLinkInventari
-                          ? Colonna(query, QStringLiteral("INV_NumeroComplessi"))
-                          : -1;
+    QSqlQuery query = Esegui(connessione, gruppo.Sql(), gruppo.valori);
+    const bool bLink = !gruppo.sColonnaLink.isEmpty();
     const QString silink = QStringLiteral("silink");
     // A Null parent in a group that does not hang on the root has no parent in the tree.
     constexpr qint64 PadreAssente = -1;
     while (query.next()) {
-        const QVariant padre = query.value(cPadre);
+        const QVariant padre = query.value(ColonnaPadre);
         qint64 lIdPadre = PadreAssente;
         if (!padre.isNull()) {
             lIdPadre = padre.toLongLong();
@@ -767,9 +779,10 @@ void CaricaGruppo(ModelloAlbero& modello, const Connessione& connessione,
             lIdPadre = ModelloAlbero::IdRadice;
         }
         const QString& immagine =
-            cLink >= 0 && query.value(cLink).toLongLong() > 0 ? silink : gruppo.sImmagine;
-        modello.Aggiungi(lIdPadre, query.value(cId).toLongLong(), query.value(cTesto).toString(),
-                         immagine, query.value(cTag).toString());
+            bLink && query.value(ColonnaLink).toLongLong() > 0 ? silink : gruppo.sImmagine;
+        modello.Aggiungi(lIdPadre, query.value(ColonnaId).toLongLong(),
+                         query.value(ColonnaTesto).toString(), immagine,
+                         query.value(ColonnaTag).toString());
     }
     if (query.lastError().isValid()) {
         throw Errore(SorgenteCaricamento, TestoErrore(query.lastError()));

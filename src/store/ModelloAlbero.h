@@ -16,6 +16,7 @@
 #include <QPixmap>
 #include <QString>
 #include <QStringList>
+#include <QVariantList>
 #include <QVector>
 
 class Connessione;
@@ -150,20 +151,30 @@ QPixmap Immagine(const QString& sChiave, int iLato = 16);
 QImage Pannello(const QString& sNomeFile);
 } // namespace ImmaginiAlbero
 
-// The loading of a tree from flat ordered results, group by group.
+// One group of a tree's load: the rows of one view that become nodes, ordered by the parent
+// first. The statement reads only what a node is made of (its id, its parent, its text, its
+// kind, and the count that decides a link image), never the view's other columns: the views
+// join five tables and carry long notes that a tree never shows.
 struct GruppoAlbero {
-    // One statement on AlberoGlobale (or another view) giving ELEM_ID_Elemento,
-    // ELEM_ID_ElementoPadre, ELEM_Denominazione, ELEM_Tipologia, ordered by the parent first.
-    QString sSql;
+    // The view, the condition (values as "?", bound from valori in order) and the ORDER BY.
+    QString sVista = QStringLiteral("AlberoGlobale");
+    QString sCondizione;
+    QString sOrdine = QStringLiteral("ELEM_ID_ElementoPadre, ELEM_Denominazione");
+    QVariantList valori;
     // The image of the group's nodes.
     QString sImmagine;
     // A Null parent means the root (the first group of a window); otherwise such a row has no
     // parent in the tree.
     bool bPadreNulloERadice = false;
-    // The images of complessi: "nolink", or "silink" when CD_NumeroInventari is above 0.
-    bool bLinkComplessi = false;
-    // The images of inventari: "nolink", or "silink" when INV_NumeroComplessi is above 0.
-    bool bLinkInventari = false;
+    // A count of the view (CD_NumeroInventari for complessi, INV_NumeroComplessi for inventari)
+    // that gives "silink" when above 0; empty, every node has sImmagine.
+    QString sColonnaLink;
+    // What the node shows: a column of the view or an expression on its columns.
+    QString sColonnaTesto = QStringLiteral("ELEM_Denominazione");
+
+    // The statement: "SELECT ELEM_ID_Elemento, ELEM_ID_ElementoPadre, <text>, ELEM_Tipologia
+    // [, <count>] FROM <view> WHERE <condition> ORDER BY <order>".
+    QString Sql() const;
 };
 
 namespace CaricamentoAlbero {
