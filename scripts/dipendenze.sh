@@ -4,6 +4,7 @@
 PACCHETTI_BASE=(
     build-essential cmake ninja-build ccache pkg-config
     qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6sql6-psql libpq-dev
+    libicu-dev libsqlite3-dev
     libgl-dev libxkbcommon-dev fonts-dejavu-core sqlite3
 )
 
