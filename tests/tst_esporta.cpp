@@ -23,6 +23,7 @@
 #include <QtTest>
 #include <cmath>
 #include <random>
+#include <stdexcept>
 
 namespace {
 
@@ -431,6 +432,65 @@ private Q_SLOTS:
         QCOMPARE(box.last().sTesto, QStringLiteral("Esempio\r\n"));
         QVERIFY(finestra.findChild<QLabel*>(QStringLiteral("lblRecord")));
         QVERIFY(QFile::exists(scena.File()));
+    }
+
+    void unaFallitaDiOgniGenereDaIlSuoBoxELaCorsaProsegue_data() {
+        QTest::addColumn<TipoBackend>("backend");
+        QTest::addColumn<QString>("genere");
+        for (const auto& [nome, tipo] : {std::pair{"sqlite", TipoBackend::SQLite},
+                                         std::pair{"postgresql", TipoBackend::PostgreSQL}}) {
+            for (const char* genere : {"logic_error", "runtime_error", "senza nome"})
+                QTest::addRow("%s, %s", nome, genere) << tipo << QString::fromLatin1(genere);
+        }
+    }
+    void unaFallitaDiOgniGenereDaIlSuoBoxELaCorsaProsegue() {
+        QFETCH(TipoBackend, backend);
+        QFETCH(QString, genere);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        scena.Riga(1, QStringLiteral("Roma"), Nullo);
+        // A second table, after the first in the list, that exports.
+        scena.cnn->Esegui(QStringLiteral("CREATE TABLE Seconda (ID INTEGER, Code VARCHAR(10))"));
+        scena.cnn->Esegui(QStringLiteral("INSERT INTO Seconda (ID) VALUES (3)"));
+        Scrivi(scena.sSchemi + QStringLiteral("/SecondaSch.xml"),
+               "<schema datafile=\"Seconda.xml\" version=\"5\"><stru fieldcount=\"1\">"
+               "<field type=\"3\">ID</field></stru></schema>");
+        Sessione::cnn = scena.cnn;
+        Sessione::sParam09 = scena.sSchemi;
+        Sessione::sCartellaExport = scena.sDestinazione;
+        PiattaformaScriptata piattaforma;
+        frmEsporta finestra;
+        finestra.show();
+        // A failure of another kind than the program's own, as a library would raise it, while
+        // Esempio is in hand.
+        bool bLanciata = false;
+        finestra.alProgresso = [&](const QString& sTabella, qint64) {
+            if (bLanciata || sTabella != QLatin1String("Esempio"))
+                return;
+            bLanciata = true;
+            if (genere == QLatin1String("logic_error"))
+                throw std::logic_error("indice fuori dai limiti");
+            if (genere == QLatin1String("runtime_error"))
+                throw std::runtime_error("risorsa esaurita");
+            throw 42;
+        };
+        finestra.cmdEsportaClick();
+        QVERIFY(bLanciata);
+        const QString sTesto =
+            genere == QLatin1String("logic_error")     ? QStringLiteral("indice fuori dai limiti")
+            : genere == QLatin1String("runtime_error") ? QStringLiteral("risorsa esaurita")
+                                                       : QStringLiteral("Errore interno");
+        const QList<Messaggio> box = piattaforma.Messaggi();
+        QCOMPARE(box.size(), 2);
+        // The box of a failed table: the platform's number of an internal error and the words.
+        QCOMPARE(box.at(0).sTitolo, Sessione::TitoloProgramma);
+        QCOMPARE(box.at(0).icona, Icona::Nessuna);
+        QCOMPARE(box.at(0).sTesto, QStringLiteral("51\r\n") + sTesto);
+        QCOMPARE(box.at(1).sTitolo, QStringLiteral("Tabelle esportate"));
+        QCOMPARE(box.at(1).sTesto, QStringLiteral("Seconda\r\n"));
+        QVERIFY(!QFile::exists(scena.File()));
+        QVERIFY(QFile::exists(scena.sDestinazione + QStringLiteral("/Seconda.xml")));
+        QVERIFY(!finestra.isVisible());
     }
 
     void ogniColonnaDegliSchemiDelSitoEsisteNelDatabase_data() { AggiungiBackend(); }

@@ -11,15 +11,19 @@
 #include "CartellaProva.h"
 #include "PiattaformaScriptata.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QXmlStreamReader>
 #include <QtTest>
+#include <stdexcept>
 
 namespace {
 
@@ -79,15 +83,56 @@ bool BenFormato(const QString& percorso, QString* ultimoInsert = nullptr) {
     return !xml.hasError();
 }
 
-int TriggerSospesi(TipoBackend tipo) {
+// The triggers of a table switched off: on SQLite its row in TriggerSospesi, on PostgreSQL its
+// own triggers disabled.
+int TriggerSospesi(TipoBackend tipo, const QString& tabella = QStringLiteral("Esempio")) {
     QSqlQuery query(Sessione::cnn->Db());
     if (tipo == TipoBackend::SQLite)
-        query.exec(QStringLiteral("SELECT COUNT(*) FROM TriggerSospesi"));
+        query.prepare(
+            QStringLiteral("SELECT COUNT(*) FROM TriggerSospesi WHERE lower(Tabella) = lower(?)"));
     else
-        query.exec(QStringLiteral("SELECT COUNT(*) FROM pg_trigger WHERE tgrelid = "
-                                  "'esempio'::regclass AND NOT tgisinternal AND tgenabled = 'D'"));
-    query.next();
+        query.prepare(QStringLiteral("SELECT COUNT(*) FROM pg_trigger WHERE tgrelid = "
+                                     "to_regclass(lower(?)) AND NOT tgisinternal AND "
+                                     "tgenabled = 'D'"));
+    query.addBindValue(tabella);
+    if (!query.exec() || !query.next())
+        return -1;
     return query.value(0).toInt();
+}
+
+// The triggers of a table's own that fire: on SQLite those that look at TriggerSospesi, on
+// PostgreSQL the enabled ones.
+int TriggerAttivi(TipoBackend tipo, const QString& tabella) {
+    QSqlQuery query(Sessione::cnn->Db());
+    if (tipo == TipoBackend::SQLite)
+        query.prepare(QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type = 'trigger' "
+                                     "AND lower(tbl_name) = lower(?)"));
+    else
+        query.prepare(QStringLiteral("SELECT COUNT(*) FROM pg_trigger WHERE tgrelid = "
+                                     "to_regclass(lower(?)) AND NOT tgisinternal AND "
+                                     "tgenabled <> 'D'"));
+    query.addBindValue(tabella);
+    if (!query.exec() || !query.next())
+        return -1;
+    return query.value(0).toInt();
+}
+
+// A failure of another kind than the program's own, as a library would raise it.
+[[noreturn]] void Lancia(const QString& genere) {
+    if (genere == QLatin1String("logic_error"))
+        throw std::logic_error("indice fuori dai limiti");
+    if (genere == QLatin1String("runtime_error"))
+        throw std::runtime_error("risorsa esaurita");
+    throw 42;
+}
+
+// The words of its box.
+QString TestoDi(const QString& genere) {
+    if (genere == QLatin1String("logic_error"))
+        return QStringLiteral("indice fuori dai limiti");
+    if (genere == QLatin1String("runtime_error"))
+        return QStringLiteral("risorsa esaurita");
+    return QStringLiteral("Errore interno");
 }
 
 } // namespace
@@ -136,6 +181,10 @@ private Q_SLOTS:
     void laFinestraImportaLeTabelleScelteEMostraIlProgresso_data() { AggiungiBackend(); }
     void laFinestraImportaLeTabelleScelteEMostraIlProgresso();
     void laSceltaDellaCartellaPartedallaRadiceDiImportazione();
+    void unLinkAlPostoDelLogVieneSostituitoENonSeguito_data();
+    void unLinkAlPostoDelLogVieneSostituitoENonSeguito();
+    void unaFallitaDiOgniGenereDaIlSuoBoxELaCorsaProsegue_data();
+    void unaFallitaDiOgniGenereDaIlSuoBoxELaCorsaProsegue();
 };
 
 bool TestImporta::Prepara() {
@@ -196,7 +245,7 @@ void TestImporta::unFileSostituisceLeRigheDelSitoERegistraIComandi() {
     QVERIFY(log.open(QIODevice::ReadOnly));
     const QByteArray atteso =
         QStringLiteral(
-            "<?xml version=\"1.0\" encoding=\"UTF-8\"?><table name=\"Esempio\">"
+            "<?xml version = \"1.0\" encoding=\"UTF-8\"?><table name=\"Esempio\">"
             "\r\n\t<tablecommand>SET IDENTITY_INSERT Esempio ON</tablecommand>"
             "\r\n\t<tablecommand>ALTER TABLE Esempio DISABLE TRIGGER ALL</tablecommand>"
             "\r\n\t<tablecommand>Delete From Esempio Where \"Code\" = 'AB01'</tablecommand>"
@@ -268,6 +317,19 @@ void TestImporta::unaTabellaSenzaCodeFallisceAllaCancellazioneEVieneAnnullata() 
     RICHIEDI_BACKEND(backend);
     QVERIFY(Prepara());
     Esegui(QStringLiteral("CREATE TABLE Altro (ID INTEGER)"));
+    // A trigger of the table's own, switched off by the import and on again by the rollback.
+    if (tipo == TipoBackend::PostgreSQL) {
+        Esegui(QStringLiteral("CREATE FUNCTION altro_nulla() RETURNS trigger LANGUAGE plpgsql "
+                              "AS $$ BEGIN RETURN NEW; END $$"));
+        Esegui(QStringLiteral("CREATE TRIGGER altro_nulla BEFORE INSERT ON Altro FOR EACH ROW "
+                              "EXECUTE FUNCTION altro_nulla()"));
+    } else {
+        Esegui(QStringLiteral("CREATE TRIGGER altro_nulla BEFORE INSERT ON Altro WHEN NOT EXISTS "
+                              "(SELECT 1 FROM TriggerSospesi WHERE Tabella = 'Altro') BEGIN "
+                              "SELECT 1; END"));
+    }
+    Esegui(QStringLiteral("INSERT INTO Altro (ID) VALUES (5), (6)"));
+    QCOMPARE(TriggerAttivi(tipo, QStringLiteral("Altro")), 1);
     cartella->Scrivi(QStringLiteral("AltroSch.xml"),
                      "<s datafile=\"Altro.xml\" version=\"4\"><stru fieldcount=\"1\">"
                      "<field type=\"3\" pk=\"1\">ID</field></stru></s>");
@@ -277,11 +339,16 @@ void TestImporta::unaTabellaSenzaCodeFallisceAllaCancellazioneEVieneAnnullata() 
     QVERIFY(!Import::ImportaTabella(QStringLiteral("Altro")));
     QCOMPARE(piattaforma->Messaggi().size(), 1);
     QCOMPARE(piattaforma->Messaggi().first().icona, Icona::Critica);
+    // The switch of the failed table itself was undone with its rows.
+    QCOMPARE(TriggerSospesi(tipo, QStringLiteral("Altro")), 0);
+    QCOMPARE(TriggerAttivi(tipo, QStringLiteral("Altro")), 1);
     QCOMPARE(TriggerSospesi(tipo), 0);
     QSqlQuery query(Sessione::cnn->Db());
-    QVERIFY(query.exec(QStringLiteral("SELECT COUNT(*) FROM Altro")));
-    QVERIFY(query.next());
-    QCOMPARE(query.value(0).toInt(), 0);
+    QVERIFY(query.exec(QStringLiteral("SELECT ID FROM Altro ORDER BY ID")));
+    QStringList righe;
+    while (query.next())
+        righe.append(query.value(0).toString());
+    QCOMPARE(righe, (QStringList{QStringLiteral("5"), QStringLiteral("6")}));
     QString ultimo;
     QVERIFY(BenFormato(cartella->File(QStringLiteral("AltroSql.xml")), &ultimo));
     QVERIFY(ultimo.isEmpty());
@@ -485,6 +552,120 @@ void TestImporta::unInterruttoreDeiTriggerRifiutatoVieneIgnoratoELImportProsegue
     QVERIFY(Import::ImportaTabella(QStringLiteral("Esempio")));
     QCOMPARE(piattaforma->Messaggi().size(), 0);
     QCOMPARE(Righe().first(), QStringLiteral("7|Roma|NULL|42|AB01"));
+}
+
+void TestImporta::unLinkAlPostoDelLogVieneSostituitoENonSeguito_data() {
+    QTest::addColumn<TipoBackend>("backend");
+    QTest::addColumn<bool>("bBersaglioEsiste");
+    for (const auto& [nome, backend] : {std::pair{"sqlite", TipoBackend::SQLite},
+                                        std::pair{"postgresql", TipoBackend::PostgreSQL}}) {
+        QTest::addRow("%s, verso un file", nome) << backend << true;
+        QTest::addRow("%s, verso un file che non c'è", nome) << backend << false;
+    }
+}
+
+void TestImporta::unLinkAlPostoDelLogVieneSostituitoENonSeguito() {
+    QFETCH(TipoBackend, backend);
+    QFETCH(bool, bBersaglioEsiste);
+    RICHIEDI_BACKEND(backend);
+    QVERIFY(Prepara());
+    // The link points out of the chosen folder.
+    QTemporaryDir altrove;
+    const QString bersaglio = altrove.filePath(QStringLiteral("bersaglio.txt"));
+    if (bBersaglioEsiste) {
+        QFile file(bersaglio);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("da non toccare");
+    }
+    const QString log = cartella->File(QStringLiteral("EsempioSql.xml"));
+    QVERIFY(QFile::link(bersaglio, log));
+    Scrivi(Dati(Record(Campo(1, "7") + Campo(2, "Roma"))));
+
+    QVERIFY2(Import::ImportaTabella(QStringLiteral("Esempio")),
+             qPrintable(piattaforma->Messaggi().value(0).sTesto));
+    QCOMPARE(piattaforma->Messaggi().size(), 0);
+    QCOMPARE(Righe().first(), QStringLiteral("7|Roma|NULL|42|AB01"));
+    if (bBersaglioEsiste) {
+        QFile file(bersaglio);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("da non toccare"));
+    } else {
+        QVERIFY(!QFileInfo::exists(bersaglio));
+    }
+    const QFileInfo info(log);
+    QVERIFY(!info.isSymLink());
+    QVERIFY(info.isFile());
+    QString ultimo;
+    QVERIFY(BenFormato(log, &ultimo));
+    QVERIFY2(ultimo.contains(QStringLiteral("'Roma'")), qPrintable(ultimo));
+}
+
+void TestImporta::unaFallitaDiOgniGenereDaIlSuoBoxELaCorsaProsegue_data() {
+    QTest::addColumn<TipoBackend>("backend");
+    QTest::addColumn<QString>("genere");
+    QTest::addColumn<bool>("bNellaTabella");
+    for (const auto& [nome, backend] : {std::pair{"sqlite", TipoBackend::SQLite},
+                                        std::pair{"postgresql", TipoBackend::PostgreSQL}}) {
+        for (const char* genere : {"logic_error", "runtime_error", "senza nome"}) {
+            QTest::addRow("%s, %s, nella tabella", nome, genere)
+                << backend << QString::fromLatin1(genere) << true;
+            QTest::addRow("%s, %s, nella finestra", nome, genere)
+                << backend << QString::fromLatin1(genere) << false;
+        }
+    }
+}
+
+void TestImporta::unaFallitaDiOgniGenereDaIlSuoBoxELaCorsaProsegue() {
+    QFETCH(TipoBackend, backend);
+    QFETCH(QString, genere);
+    QFETCH(bool, bNellaTabella);
+    RICHIEDI_BACKEND(backend);
+    QVERIFY(Prepara());
+    const QStringList prima = Righe();
+    Scrivi(Dati(Record(Campo(1, "7") + Campo(2, "Nuova"))));
+    // A second table, after the first in the list, that imports.
+    Esegui(QStringLiteral("CREATE TABLE Seconda (ID INTEGER, Code VARCHAR(10))"));
+    cartella->Scrivi(QStringLiteral("SecondaSch.xml"),
+                     "<s datafile=\"Seconda.xml\" version=\"4\"><stru fieldcount=\"1\">"
+                     "<field type=\"3\" pk=\"1\">ID</field></stru></s>");
+    cartella->Scrivi(QStringLiteral("Seconda.xml"),
+                     "<table name=\"Seconda\" version=\"4\" code=\"AB01\"><record><field id=\"1\" "
+                     "null=\"0\">3</field></record></table>");
+
+    frmImporta finestra;
+    finestra.show();
+    // The failure comes while the rows of Esempio are in the table's transaction, or in the
+    // window before the table starts.
+    bool bLanciata = false;
+    finestra.alProgresso = [&](const QString& sTabella, qint64 lRecord) {
+        if (bLanciata || sTabella != QLatin1String("Esempio") || bNellaTabella != (lRecord > 0))
+            return;
+        bLanciata = true;
+        Lancia(genere);
+    };
+    auto* cmdImporta = finestra.findChild<QPushButton*>(QStringLiteral("cmdImporta"));
+    cmdImporta->click();
+    QVERIFY(bLanciata);
+
+    const QList<Messaggio> box = piattaforma->Messaggi();
+    QCOMPARE(box.size(), 2);
+    QCOMPARE(box.at(0).icona, Icona::Critica);
+    QCOMPARE(box.at(0).pulsanti, Pulsanti::Ok);
+    QCOMPARE(box.at(0).sTitolo, Sessione::TitoloProgramma);
+    QCOMPARE(box.at(0).sTesto, TestoDi(genere));
+    QCOMPARE(box.at(1).sTitolo, QStringLiteral("Tabelle importate"));
+    QCOMPARE(box.at(1).sTesto, QStringLiteral("Seconda\r\n"));
+    // The failed table is as it was, switch and rows; the next one came in.
+    QCOMPARE(Righe(), prima);
+    QCOMPARE(TriggerSospesi(tipo), 0);
+    QSqlQuery query(Sessione::cnn->Db());
+    QVERIFY(query.exec(QStringLiteral("SELECT ID FROM Seconda")));
+    QVERIFY(query.next());
+    QCOMPARE(query.value(0).toInt(), 3);
+    // The pointer is back and the window closed.
+    QVERIFY(QApplication::overrideCursor() == nullptr);
+    QVERIFY(cmdImporta->isEnabled());
+    QVERIFY(!finestra.isVisible());
 }
 
 QTEST_MAIN(TestImporta)

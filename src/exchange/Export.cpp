@@ -536,7 +536,8 @@ qint64 Scrivi(const Connessione& cnn, const QString& sTabella, const Schema& sch
         Fallisci(ErroreAccesso, QStringLiteral("Errore di accesso al percorso/file"));
     }
     ScritturaDati out(file);
-    out.Grezzo("<?xml version = \"1.0\" encoding=\"UTF-8\"?><table name=\"");
+    out.Grezzo(DichiarazioneXml);
+    out.Grezzo("<table name=\"");
     out.Attributo(sTabella);
     out.Grezzo("\"");
     qint64 lRecord = 0;
@@ -693,7 +694,9 @@ Esito EsportaTabella(const Connessione& cnn, const QString& sTabella,
         if (progresso)
             progresso(sTabella, esito.lRecord);
         esito.bEsportata = true;
-    } catch (const Errore& errore) {
+    } catch (...) {
+        // Whatever the failure, the program's own or a library's: its number and its words.
+        const Errore errore = ErroreDi(std::current_exception(), Sorgente);
         esito = Esito{};
         esito.sMessaggio =
             QString::number(errore.numero()) + QStringLiteral("\r\n") + errore.descrizione();

@@ -14,6 +14,10 @@ class Connessione;
 
 namespace Export {
 
+// The processing instruction that heads every file the exchange writes, with the blanks around
+// the equals sign of its version.
+inline constexpr char DichiarazioneXml[] = "<?xml version = \"1.0\" encoding=\"UTF-8\"?>";
+
 // The tables done in the current run, in order (NumeroTabelle is their count).
 inline QStringList TabelleEsportate;
 inline short NumeroTabelle = 0;

@@ -1,4 +1,5 @@
 #include "Import.h"
+#include "Export.h"
 #include "LetturaDati.h"
 
 #include "session/Conversioni.h"
@@ -54,10 +55,14 @@ class LogComandi {
 public:
     LogComandi(const QString& sPercorso, const QString& sTabella)
         : file(sPercorso) {
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        // Whatever stands under the log's name goes, a link included, which is removed and
+        // never followed: the log is always a new file of its own, and a name taken again
+        // meanwhile fails the table.
+        QFile::remove(sPercorso);
+        if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
             Fallisci(QStringLiteral("Impossibile scrivere il file %1: %2")
                          .arg(QDir::toNativeSeparators(sPercorso), file.errorString()));
-        attesa = QByteArrayLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?><table name=\"") +
+        attesa = QByteArray(Export::DichiarazioneXml) + QByteArrayLiteral("<table name=\"") +
                  Attributo(sTabella) + QByteArrayLiteral("\">");
         Scarica();
     }
@@ -287,7 +292,8 @@ struct Destinazione {
     QString sInizioLog;
 };
 
-void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
+// False when the versions differ: their box is shown and nothing is touched.
+bool Importa(const QString& sTabella, const Avanzamento& avanzamento) {
     ControllaNome(sTabella);
     const Schema schema = LeggiSchema(sTabella);
     if (!Sessione::cnn || !Sessione::cnn->Aperta())
@@ -307,7 +313,7 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
                    .arg(iVersioneFile)
                    .arg(QString::number(dVersione)),
                Pulsanti::Ok, Icona::Critica, QStringLiteral("Attenzione"));
-        throw std::logic_error("versioni"); // handled by the caller: not listed, no box
+        return false;
     }
     if (sCode.isEmpty())
         Fallisci(QStringLiteral("Il file %1 non indica il codice del sito")
@@ -444,6 +450,7 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
         throw;
     }
     log.Chiudi();
+    return true;
 }
 
 } // namespace
@@ -451,11 +458,13 @@ void Importa(const QString& sTabella, const Avanzamento& avanzamento) {
 bool ImportaTabella(const QString& sTabella, const Avanzamento& avanzamento) {
     if (!sTabella.isEmpty()) {
         try {
-            Importa(sTabella, avanzamento);
-        } catch (const Errore& errore) {
-            MsgBox(errore.descrizione(), Pulsanti::Ok, Icona::Critica);
-            return false;
-        } catch (const std::logic_error&) {
+            if (!Importa(sTabella, avanzamento))
+                return false;
+        } catch (...) {
+            // Whatever the failure, the program's own or a library's: its box, and the table
+            // is not listed.
+            MsgBox(ErroreDi(std::current_exception(), QStringLiteral("Import")).descrizione(),
+                   Pulsanti::Ok, Icona::Critica);
             return false;
         }
     }

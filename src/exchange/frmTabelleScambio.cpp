@@ -70,7 +70,23 @@ void frmTabelleScambio::MostraAvanzamento(const QString& sTabella, qint64 lRecor
     lblTabella->setText(sTabella);
     lblRecord->setText(QString::number(lRecord));
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    if (alProgresso)
+        alProgresso(sTabella, lRecord);
 }
+
+namespace {
+
+// The run's last handler: a failure of any kind gives its words in a critical box.
+void Protetto(const std::function<void()>& passo) {
+    try {
+        passo();
+    } catch (...) {
+        MsgBox(ErroreDi(std::current_exception(), QString()).descrizione(), Pulsanti::Ok,
+               Icona::Critica);
+    }
+}
+
+} // namespace
 
 void frmTabelleScambio::Esegui() {
     if (bInCorso)
@@ -78,14 +94,17 @@ void frmTabelleScambio::Esegui() {
     bInCorso = true;
     cmdEsegui->setEnabled(false);
     lvwDB->setEnabled(false);
-    Inizia();
+    Protetto([this] { Inizia(); });
     for (int i = 0; i < lvwDB->topLevelItemCount(); ++i) {
         const QTreeWidgetItem* voce = lvwDB->topLevelItem(i);
-        if (voce->checkState(0) == Qt::Checked)
-            EseguiTabella(voce->text(0));
+        if (voce->checkState(0) == Qt::Checked) {
+            const QString sTabella = voce->text(0);
+            Protetto([this, &sTabella] { EseguiTabella(sTabella); });
+        }
     }
-    Termina();
-    MsgBox(Elenco(), Pulsanti::Ok, Icona::Informazione, impostazioni.sTitoloFine);
+    Protetto([this] { Termina(); });
+    Protetto(
+        [this] { MsgBox(Elenco(), Pulsanti::Ok, Icona::Informazione, impostazioni.sTitoloFine); });
     cmdEsegui->setEnabled(true);
     bInCorso = false;
     accept();

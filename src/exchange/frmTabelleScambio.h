@@ -24,8 +24,14 @@ public:
         std::function<QStringList(const QString& sCartellaSchemi)> tabelle;
     };
 
-    // The button's click: the run over the checked tables.
+    // The button's click: the run over the checked tables. Whatever fails in a table, the
+    // program's own failure or another, is told in a critical box and the run goes on with the
+    // next table; the closing message and the pointer come back in every case.
     void Esegui();
+
+    // Told of every progress of the run once the window shows it: the table in hand and the
+    // records done. Whoever follows the run (a test) hooks here.
+    std::function<void(const QString& sTabella, qint64 lRecord)> alProgresso;
 
 protected:
     frmTabelleScambio(Impostazioni impostazioni, QWidget* parent);

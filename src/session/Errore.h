@@ -32,7 +32,24 @@ private:
 // The platform's own error numbers and texts that the program's routines raise.
 namespace ErroriPiattaforma {
 inline constexpr long TipoNonCorrispondente = 13;
+inline constexpr long ErroreInterno = 51;
 inline constexpr long FileNonTrovato = 53;
 inline constexpr long ErroreIO = 57;
 inline constexpr long PercorsoNonTrovato = 76;
 } // namespace ErroriPiattaforma
+
+// What a last handler knows of a failure of any kind: the program's own keeps its words and
+// number; one of a library gives its own words under the number of an internal error; one that
+// says nothing of itself gives the words of that number.
+inline Errore ErroreDi(const std::exception_ptr& eccezione, const QString& sSorgente) {
+    try {
+        std::rethrow_exception(eccezione);
+    } catch (const Errore& errore) {
+        return errore;
+    } catch (const std::exception& altra) {
+        return Errore(sSorgente, QString::fromLocal8Bit(altra.what()),
+                      ErroriPiattaforma::ErroreInterno);
+    } catch (...) {
+    }
+    return Errore(sSorgente, QStringLiteral("Errore interno"), ErroriPiattaforma::ErroreInterno);
+}
