@@ -1,6 +1,6 @@
 // The button cmdImmagine and CheckImmagine as the records offer them: captions, tool tip,
-// colours, Tag, the file choice with its filter, the question before removal and the error
-// shown as a critical box.
+// colours, Tag, the file choice with its filters and the one in force, the question before
+// removal and the error shown as a critical box.
 
 #include "images/ImmagineRecord.h"
 #include "images/basGestImgMag.h"
@@ -136,8 +136,10 @@ void TestImmagine::ilClicSenzaCollegamentoSceglieUnDocumentoXmlELoImporta() {
     r.cmdImmagine.click();
     const QList<Chiamata> file = p.Chiamate(QStringLiteral("file"));
     QCOMPARE(file.size(), 1);
+    // All Files first, Xml Files in force.
     QCOMPARE(file.constFirst().sceltaFile.sFiltro,
-             QStringLiteral("Xml Files(*.xml);;All Files(*.*)"));
+             QStringLiteral("All Files(*.*);;Xml Files(*.xml)"));
+    QCOMPARE(file.constFirst().sceltaFile.sFiltroScelto, QStringLiteral("Xml Files(*.xml)"));
     QVERIFY(file.constFirst().sceltaFile.sCartella.isEmpty());
     QVERIFY(!file.constFirst().sceltaFile.bSalva);
     QVERIFY(p.Messaggi().isEmpty());
@@ -200,6 +202,7 @@ void TestImmagine::ilClicConCollegamentoChiedeConfermaERimuove() {
     QCOMPARE(m.constFirst().sTitolo, QStringLiteral("Cancella Immagini. "));
     QCOMPARE(m.constFirst().sTesto, QStringLiteral("Sei sicuro di voler cancellare le immagini?"));
     QCOMPARE(m.constFirst().pulsanti, Pulsanti::SiNo);
+    QCOMPARE(m.constFirst().icona, Icona::Domanda);
     QVERIFY(p.Chiamate(QStringLiteral("file")).isEmpty());
     QVERIFY(r.md5.text().isEmpty());
     QVERIFY(s.Md5Link().isNull());
@@ -229,6 +232,7 @@ void TestImmagine::iDatiInventarialiChiedonoSenzaPuntoFinale() {
     r.cmdImmagine.click();
     QCOMPARE(p.Messaggi().size(), 1);
     QCOMPARE(p.Messaggi().constFirst().sTitolo, QStringLiteral("Cancella Immagini"));
+    QCOMPARE(p.Messaggi().constFirst().icona, Icona::Domanda);
 }
 
 QTEST_MAIN(TestImmagine)

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDirIterator>
 #include <QFile>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void escapeSuUnaDomandaRispondeNo();
     void ilPulsantePremutoEDatoComeRisposta();
     void nessunAltroCodiceChiamaBoxDialoghiOMenuDiQt();
+    void laSceltaDiUnFileOffreIFiltriNellOrdineConQuelloScelto();
 };
 
 void TestPiattaforma::ilBoxHaTitoloTestoIconaEPulsantiChiesti() {
@@ -128,6 +130,28 @@ void TestPiattaforma::nessunAltroCodiceChiamaBoxDialoghiOMenuDiQt() {
         }
     }
     QVERIFY2(trovati.isEmpty(), qPrintable(trovati.join(QLatin1Char('\n'))));
+}
+
+void TestPiattaforma::laSceltaDiUnFileOffreIFiltriNellOrdineConQuelloScelto() {
+    QStringList filtri;
+    QString scelto;
+    QTimer::singleShot(0, [&] {
+        QWidget* modale = QApplication::activeModalWidget();
+        if (auto* dialogo = qobject_cast<QFileDialog*>(modale)) {
+            filtri = dialogo->nameFilters();
+            scelto = dialogo->selectedNameFilter();
+        }
+        if (modale != nullptr) {
+            modale->close();
+        }
+    });
+    SceltaFile scelta;
+    scelta.sFiltro = QStringLiteral("All Files(*.*);;Xml Files(*.xml)");
+    scelta.sFiltroScelto = QStringLiteral("Xml Files(*.xml)");
+    QCOMPARE(piattaforma().ScegliFile(scelta), QString());
+    QCOMPARE(filtri,
+             (QStringList{QStringLiteral("All Files(*.*)"), QStringLiteral("Xml Files(*.xml)")}));
+    QCOMPARE(scelto, QStringLiteral("Xml Files(*.xml)"));
 }
 
 QTEST_MAIN(TestPiattaforma)

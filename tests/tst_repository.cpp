@@ -15,6 +15,13 @@
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <chrono>
+#include <condition_variable>
+#include <fcntl.h>
+#include <mutex>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
 
 using namespace basGestImgMag;
 
@@ -127,6 +134,41 @@ Esito Gestisci(const QString& sDoc, const QString& s01, const QString& s12,
     return e;
 }
 
+// Frees whoever would open a pipe to read it: if the test is still running after a while, the
+// pipe's other end is opened and closed, so that a reading ends with an empty file instead of
+// waiting for ever and the test fails on what it finds.
+class SbloccoPipe {
+public:
+    explicit SbloccoPipe(const QString& sPipe)
+        : percorso(QFile::encodeName(sPipe)) {
+        guardia = std::thread([this] {
+            std::unique_lock<std::mutex> blocco(mutex);
+            if (!attesa.wait_for(blocco, std::chrono::seconds(10), [this] { return bFinito; })) {
+                const int fd = ::open(percorso.constData(), O_WRONLY | O_NONBLOCK);
+                if (fd >= 0)
+                    ::close(fd);
+            }
+        });
+    }
+    ~SbloccoPipe() {
+        {
+            const std::lock_guard<std::mutex> blocco(mutex);
+            bFinito = true;
+        }
+        attesa.notify_all();
+        guardia.join();
+    }
+    SbloccoPipe(const SbloccoPipe&) = delete;
+    SbloccoPipe& operator=(const SbloccoPipe&) = delete;
+
+private:
+    QByteArray percorso;
+    std::mutex mutex;
+    std::condition_variable attesa;
+    bool bFinito = false;
+    std::thread guardia;
+};
+
 } // namespace
 
 class TestRepository : public QObject {
@@ -175,6 +217,11 @@ private Q_SLOTS:
     void unaRadiceNonScrivibileEUnErrore_data() { AggiungiBackend(); }
     void unaRadiceNonScrivibileEUnErrore();
     void ogniRoutineDaIlSuoPrefissoDiErrore();
+    void unContatoreNelFileNonAggiornatoDaUnSoloPrefissoELaCausa();
+    void unContatoreNellaTabellaNonAggiornatoDaUnSoloPrefissoELaCausa_data() { AggiungiBackend(); }
+    void unContatoreNellaTabellaNonAggiornatoDaUnSoloPrefissoELaCausa();
+    void unRiferimentoACioCheNonEUnFileEUnaImmagineMancanteMaiLetta_data();
+    void unRiferimentoACioCheNonEUnFileEUnaImmagineMancanteMaiLetta();
 };
 
 void TestRepository::laCartellaFisicaPerdeLUnitaEConservaLAlbero_data() {
@@ -626,6 +673,98 @@ void TestRepository::ogniRoutineDaIlSuoPrefissoDiErrore() {
     QCOMPARE(e.lNumImg, 0L);
     QVERIFY(QFileInfo(s.Fisica()).isDir());
     QVERIFY(QDir(s.Fisica()).isEmpty());
+}
+
+void TestRepository::unContatoreNelFileNonAggiornatoDaUnSoloPrefissoELaCausa() {
+    Scena s;
+    // A counter file that is a folder: the next number is 1, the update fails at the end.
+    QVERIFY(QDir().mkdir(s.Contatore()));
+    const Esito e = Gestisci(s.sDoc, s.sRadice, s.sRadiceLogica, s.Contatore(), false);
+    QVERIFY(e.bRiuscito);
+    QString sCausa;
+    QVERIFY(!bAggImgCounterFile(s.Contatore(), s.Fisica(), sCausa));
+    const QString sPrefissoAgg = QStringLiteral("basGestImgMag.bAggImgCounterFile: ");
+    QVERIFY2(sCausa.startsWith(sPrefissoAgg), qPrintable(sCausa));
+    sCausa.remove(0, sPrefissoAgg.size());
+    QVERIFY(!sCausa.isEmpty());
+    QCOMPARE(e.sErrore, QStringLiteral("basGestImgMag.ImportXmlMag: ") + sCausa);
+    // The import itself was done.
+    QCOMPARE(e.lNumImg, 2L);
+    QVERIFY(QFileInfo(s.Fisica() + QStringLiteral("1.xml")).isFile());
+}
+
+void TestRepository::unContatoreNellaTabellaNonAggiornatoDaUnSoloPrefissoELaCausa() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Banca b(backend);
+    Scena s;
+    if (backend == TipoBackend::PostgreSQL) {
+        Sessione::cnn->Esegui(QStringLiteral(
+            "CREATE FUNCTION blocca_contatore() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN "
+            "RAISE EXCEPTION 'contatore bloccato'; END $$"));
+        Sessione::cnn->Esegui(
+            QStringLiteral("CREATE TRIGGER blocca_contatore BEFORE INSERT OR UPDATE ON ImgCounter "
+                           "FOR EACH ROW EXECUTE FUNCTION blocca_contatore()"));
+    } else {
+        Sessione::cnn->Esegui(
+            QStringLiteral("CREATE TRIGGER blocca_contatore BEFORE INSERT ON ImgCounter BEGIN "
+                           "SELECT RAISE(ABORT, 'contatore bloccato'); END"));
+    }
+    const Esito e = Gestisci(s.sDoc, s.sRadice, s.sRadiceLogica, s.Contatore());
+    QVERIFY(e.bRiuscito);
+    const QString sPrefisso = QStringLiteral("basGestImgMag.ImportXmlMag: ");
+    QVERIFY2(e.sErrore.startsWith(sPrefisso), qPrintable(e.sErrore));
+    QVERIFY2(e.sErrore.contains(QStringLiteral("contatore bloccato")), qPrintable(e.sErrore));
+    QVERIFY2(e.sErrore.indexOf(QStringLiteral("basGestImgMag."), 1) < 0, qPrintable(e.sErrore));
+    QCOMPARE(b.Righe(), 0);
+    QVERIFY(QFileInfo(s.Fisica() + QStringLiteral("1.xml")).isFile());
+}
+
+void TestRepository::unRiferimentoACioCheNonEUnFileEUnaImmagineMancanteMaiLetta_data() {
+    QTest::addColumn<TipoBackend>("backend");
+    QTest::addColumn<QString>("genere");
+    for (const auto& [nome, tipo] : {std::pair{"sqlite", TipoBackend::SQLite},
+                                     std::pair{"postgresql", TipoBackend::PostgreSQL}}) {
+        for (const char* genere : {"cartella", "dispositivo", "pipe"})
+            QTest::addRow("%s, %s", nome, genere) << tipo << QString::fromLatin1(genere);
+    }
+}
+
+void TestRepository::unRiferimentoACioCheNonEUnFileEUnaImmagineMancanteMaiLetta() {
+    QFETCH(TipoBackend, backend);
+    QFETCH(QString, genere);
+    RICHIEDI_BACKEND(backend);
+    Banca b(backend);
+    Scena s;
+    QString sBersaglio;
+    if (genere == QLatin1String("cartella")) {
+        sBersaglio = s.sSorgente + QStringLiteral("tiff");
+    } else if (genere == QLatin1String("dispositivo")) {
+        sBersaglio = QStringLiteral("/dev/zero");
+    } else {
+        sBersaglio = s.sSorgente + QStringLiteral("tiff/0003.tif");
+        QCOMPARE(::mkfifo(QFile::encodeName(sBersaglio).constData(), 0600), 0);
+    }
+    QVERIFY(QFileInfo::exists(sBersaglio));
+    Scrivi(s.sDoc,
+           Mag({{QStringLiteral("1"), QStringLiteral("c. 1r"), QStringLiteral("./tiff/0001.tif")},
+                {QStringLiteral("2"), QStringLiteral("c. 1v"), sBersaglio}}));
+    Esito e;
+    {
+        const SbloccoPipe sblocco(sBersaglio);
+        e = Gestisci(s.sDoc, s.sRadice, s.sRadiceLogica, s.Contatore());
+    }
+    QVERIFY(e.bRiuscito);
+    QCOMPARE(e.sErrore,
+             QStringLiteral("basGestImgMag.ImportXmlMag: File non trovato: ") + sBersaglio);
+    // What an image that is missing leaves: the copies made before it, no index, the counter
+    // where it was.
+    QCOMPARE(e.lNumImg, 1L);
+    QCOMPARE(QDir(s.Fisica() + QStringLiteral("1"))
+                 .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System | QDir::Hidden),
+             QStringList{QStringLiteral("0001.tif")});
+    QVERIFY(!QFileInfo::exists(s.Fisica() + QStringLiteral("1.xml")));
+    QCOMPARE(b.Righe(), 0);
 }
 
 QTEST_MAIN(TestRepository)

@@ -156,6 +156,8 @@ private Q_SLOTS:
     void unNumeroDiSequenzaConZeriInTestaRestaComE();
     void unRiferimentoDiReteConBarreRestaIntero_data() { AggiungiBackend(); }
     void unRiferimentoDiReteConBarreRestaIntero();
+    void unRiferimentoDiReteConBarreRovesciateRestaIntero_data() { AggiungiBackend(); }
+    void unRiferimentoDiReteConBarreRovesciateRestaIntero();
     void loStessoDocumentoDueVolteDaDueCartelleELUltimaPosizione_data() { AggiungiBackend(); }
     void loStessoDocumentoDueVolteDaDueCartelleELUltimaPosizione();
     void unPercorsoConApostrofoSiImporta_data() { AggiungiBackend(); }
@@ -184,6 +186,8 @@ private Q_SLOTS:
     void unaRimozioneConLaCartellaGiaSparitaSegnaComunqueLoStatoTre();
     void unaRimozioneSenzaDigestPulisceSoloIlRecord_data() { AggiungiBackend(); }
     void unaRimozioneSenzaDigestPulisceSoloIlRecord();
+    void unaRimozioneDiUnDigestSenzaPosizionePulisceComunqueIlRecord_data() { AggiungiBackend(); }
+    void unaRimozioneDiUnDigestSenzaPosizionePulisceComunqueIlRecord();
 
     void daImagElencaLePagineConIlLoroNumero();
     void aImagElencaLePagineDopoQuellaScelta();
@@ -266,10 +270,22 @@ void TestXmlMag::unRiferimentoDiReteConBarreRestaIntero() {
     s.Documento({{QStringLiteral("1"), QStringLiteral("a"),
                   QStringLiteral("//server/archivio/vol1/0001.tif")}});
     const Esito e = Importa(s);
-    QVERIFY2(e.sErrore.startsWith(QStringLiteral("basGestImgMag.ImportXmlMag: ")),
-             qPrintable(e.sErrore));
-    QVERIFY2(e.sErrore.contains(QStringLiteral("//server/archivio/vol1/0001.tif")),
-             qPrintable(e.sErrore));
+    QCOMPARE(e.sErrore, QStringLiteral("basGestImgMag.ImportXmlMag: File non trovato: "
+                                       "//server/archivio/vol1/0001.tif"));
+}
+
+void TestXmlMag::unRiferimentoDiReteConBarreRovesciateRestaIntero() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Scena s(backend);
+    // The backslashes of a network reference turn into this platform's separators; the server
+    // and its tree stay whole, and nothing of the document's folder comes before them.
+    s.Documento({{QStringLiteral("1"), QStringLiteral("a"),
+                  QStringLiteral("\\\\server\\archivio\\vol1\\0001.tif")}});
+    const Esito e = Importa(s);
+    QCOMPARE(e.sErrore, QStringLiteral("basGestImgMag.ImportXmlMag: File non trovato: "
+                                       "//server/archivio/vol1/0001.tif"));
+    QCOMPARE(s.Campo(QStringLiteral("PaginaEnd")).toInt(), 0);
 }
 
 void TestXmlMag::loStessoDocumentoDueVolteDaDueCartelleELUltimaPosizione() {
@@ -469,6 +485,27 @@ void TestXmlMag::unaRimozioneSenzaDigestPulisceSoloIlRecord() {
     QVERIFY(s.Campo(QStringLiteral("Md5Link")).isNull());
     QCOMPARE(s.Posizione(e.sMd5).value(2).toInt(), 0);
     QVERIFY(QFileInfo(s.Fisica() + QStringLiteral("1.xml")).isFile());
+}
+
+void TestXmlMag::unaRimozioneDiUnDigestSenzaPosizionePulisceComunqueIlRecord() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Scena s(backend);
+    // A record linked to a digest that MD5Location does not know.
+    const QString sMd5 = QStringLiteral("0123456789abcdef0123456789abcdef");
+    Sessione::cnn->Esegui(QStringLiteral("UPDATE Elementi SET Md5Link = ?, PaginaStart = 1, "
+                                         "PaginaEnd = 3, StruProg = 0 WHERE ID_Elemento = ?"),
+                          {sMd5, qlonglong(s.lId)});
+    QCOMPARE(s.Campo(QStringLiteral("Md5Link")).toString(), sMd5);
+    QString sErrore;
+    XmlMag::DeleteXmlMag(s.lId, sMd5, sErrore);
+    QVERIFY2(sErrore.isEmpty(), qPrintable(sErrore));
+    QVERIFY(s.Campo(QStringLiteral("Md5Link")).isNull());
+    QCOMPARE(s.Campo(QStringLiteral("PaginaStart")).toInt(), 0);
+    QCOMPARE(s.Campo(QStringLiteral("PaginaEnd")).toInt(), 0);
+    QVERIFY(s.Campo(QStringLiteral("StruProg")).isNull());
+    // No row is made for it.
+    QCOMPARE(s.RighePosizione(), 0);
 }
 
 void TestXmlMag::daImagElencaLePagineConIlLoroNumero() {

@@ -40,7 +40,7 @@ void ImmagineRecord::cmdImmagine_Click() {
         return;
     const long lId = c.idElemento ? c.idElemento() : 0;
     if (pulsante->property("Tag").toString() == QStringLiteral("1")) {
-        if (MsgBox(TestoDomanda, Pulsanti::SiNo, Icona::Nessuna,
+        if (MsgBox(TestoDomanda, Pulsanti::SiNo, Icona::Domanda,
                    c.bTitoloBreve ? TitoloDomandaBreve : TitoloDomanda) == Risposta::Si) {
             QString sErrore;
             XmlMag::DeleteXmlMag(lId, c.leggiMd5 ? c.leggiMd5() : QString(), sErrore);
@@ -52,6 +52,7 @@ void ImmagineRecord::cmdImmagine_Click() {
     } else {
         SceltaFile scelta;
         scelta.sFiltro = FiltroFile;
+        scelta.sFiltroScelto = FiltroScelto;
         const QString sFile = piattaforma().ScegliFile(scelta);
         if (!sFile.isEmpty()) {
             QString sMd5;

@@ -23,8 +23,9 @@ public:
     static inline const QString TitoloDomandaBreve = QStringLiteral("Cancella Immagini");
     static inline const QString TestoDomanda =
         QStringLiteral("Sei sicuro di voler cancellare le immagini?");
-    // The filter of the file choice, All Files and Xml Files, with Xml Files in force.
-    static inline const QString FiltroFile = QStringLiteral("Xml Files(*.xml);;All Files(*.*)");
+    // The filters of the file choice, All Files first, and Xml Files in force.
+    static inline const QString FiltroFile = QStringLiteral("All Files(*.*);;Xml Files(*.xml)");
+    static inline const QString FiltroScelto = QStringLiteral("Xml Files(*.xml)");
 
     struct Collegamento {
         std::function<long()> idElemento;  // the record's element

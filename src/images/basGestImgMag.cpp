@@ -268,6 +268,68 @@ private:
     std::unique_ptr<QProgressDialog> dialogo;
 };
 
+// The counter of a folder raised by 1 in the table, or added with 1; a failure raises its
+// cause.
+void AggiornaContatoreTabella(const QString& sPhisicalPath) {
+    if (!Sessione::cnn)
+        throw Errore(QString(), QStringLiteral("Connessione al database non aperta"));
+    QSqlQuery query = Sessione::cnn->Esegui(
+        QStringLiteral("UPDATE ImgCounter SET Counter = (SELECT (Counter + 1) FROM ImgCounter "
+                       "WHERE PhisicalPath = ?) WHERE PhisicalPath = ?"),
+        {sPhisicalPath, sPhisicalPath});
+    if (query.numRowsAffected() <= 0) {
+        Sessione::cnn->Esegui(
+            QStringLiteral("INSERT INTO ImgCounter (PhisicalPath, Counter) VALUES (?, 1)"),
+            {sPhisicalPath});
+    }
+}
+
+// The same in the counter file, by plain text work; a failure raises its cause.
+void AggiornaContatoreFile(const QString& sFileContatore, const QString& sPhisicalPath) {
+    // 1. Read all, creating the file if missing; errors of the reading are ignored.
+    QFile file(sFileContatore);
+    if (!file.exists()) {
+        if (!file.open(QIODevice::WriteOnly))
+            throw Errore(QString(), file.errorString());
+        file.close();
+    }
+    QString sTesto;
+    if (file.open(QIODevice::ReadOnly)) {
+        sTesto = QString::fromUtf8(file.readAll());
+        file.close();
+    }
+    // 2. An empty file starts with the processing instruction.
+    if (sTesto.isEmpty())
+        sTesto = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>") + CrLf;
+    // 3. The folder's entry, sought case sensitive, gets its number raised.
+    const QString sTesta = TestaLocation + sPhisicalPath;
+    const qsizetype trovato = sTesto.indexOf(sTesta);
+    if (trovato >= 0) {
+        const QString sAttributo = QStringLiteral("counter=\"");
+        const qsizetype contatore = sTesto.indexOf(sAttributo, trovato);
+        QString sVecchio;
+        if (contatore >= 0) {
+            const qsizetype inizio = contatore + sAttributo.size();
+            const qsizetype fine = sTesto.indexOf(QLatin1Char('"'), inizio);
+            sVecchio = fine < 0 ? sTesto.mid(inizio) : sTesto.mid(inizio, fine - inizio);
+        }
+        const QString sPrima = sTesta + QStringLiteral("\" counter=\"");
+        sTesto.replace(sPrima + sVecchio + QLatin1Char('"'),
+                       sPrima + Numero(ValNumero(sVecchio) + 1) + QLatin1Char('"'));
+    } else {
+        // 4. Else a new entry at the end, its closing tag on the next line.
+        sTesto += CrLf + sTesta + QStringLiteral("\" counter=\"1\" >") + CrLf +
+                  QStringLiteral("</location>");
+    }
+    // 5. The whole text written back.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        throw Errore(QString(), file.errorString());
+    const QByteArray byte = sTesto.toUtf8();
+    if (file.write(byte) != byte.size())
+        throw Errore(QString(), file.errorString());
+    file.close();
+}
+
 } // namespace
 
 QString sCalculateMd5(const QString& sFile, QString& sErrore) {
@@ -418,14 +480,13 @@ void ImportXmlMag(const QString& sFileXml, const QString& sMd5, const QString& s
         }
         file.close();
 
-        // 9. The counter moves only now.
-        QString sErroreAgg;
+        // 9. The counter moves only now; its failure is this routine's, told by its cause.
         if (bUseDb)
-            bAggImgCounterTable(sFisica, sErroreAgg);
+            AggiornaContatoreTabella(sFisica);
         else
-            bAggImgCounterFile(sFileContatore, sFisica, sErroreAgg);
-        if (!sErroreAgg.isEmpty())
-            sErrore = sPrefisso + sErroreAgg;
+            AggiornaContatoreFile(sFileContatore, sFisica);
+    } catch (const Errore& e) {
+        sErrore = sPrefisso + e.descrizione();
     } catch (const std::exception& e) {
         sErrore = sPrefisso + QString::fromLocal8Bit(e.what());
     }
@@ -464,17 +525,7 @@ double dGetImgCounterFromDb(const QString& sPhisicalPath, QString& sErrore) {
 
 bool bAggImgCounterTable(const QString& sPhisicalPath, QString& sErrore) {
     return Protetto("bAggImgCounterTable", sErrore, false, [&]() -> bool {
-        if (!Sessione::cnn)
-            throw Errore(QString(), QStringLiteral("Connessione al database non aperta"));
-        QSqlQuery query = Sessione::cnn->Esegui(
-            QStringLiteral("UPDATE ImgCounter SET Counter = (SELECT (Counter + 1) FROM ImgCounter "
-                           "WHERE PhisicalPath = ?) WHERE PhisicalPath = ?"),
-            {sPhisicalPath, sPhisicalPath});
-        if (query.numRowsAffected() <= 0) {
-            Sessione::cnn->Esegui(
-                QStringLiteral("INSERT INTO ImgCounter (PhisicalPath, Counter) VALUES (?, 1)"),
-                {sPhisicalPath});
-        }
+        AggiornaContatoreTabella(sPhisicalPath);
         return true;
     });
 }
@@ -515,48 +566,7 @@ double dGetImgCounterFromFile(const QString& sFileContatore, const QString& sPhi
 bool bAggImgCounterFile(const QString& sFileContatore, const QString& sPhisicalPath,
                         QString& sErrore) {
     return Protetto("bAggImgCounterFile", sErrore, false, [&]() -> bool {
-        // 1. Read all, creating the file if missing; errors of the reading are ignored.
-        QFile file(sFileContatore);
-        if (!file.exists()) {
-            if (!file.open(QIODevice::WriteOnly))
-                throw Errore(QString(), file.errorString());
-            file.close();
-        }
-        QString sTesto;
-        if (file.open(QIODevice::ReadOnly)) {
-            sTesto = QString::fromUtf8(file.readAll());
-            file.close();
-        }
-        // 2. An empty file starts with the processing instruction.
-        if (sTesto.isEmpty())
-            sTesto = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>") + CrLf;
-        // 3. The folder's entry, sought case sensitive, gets its number raised.
-        const QString sTesta = TestaLocation + sPhisicalPath;
-        const qsizetype trovato = sTesto.indexOf(sTesta);
-        if (trovato >= 0) {
-            const QString sAttributo = QStringLiteral("counter=\"");
-            const qsizetype contatore = sTesto.indexOf(sAttributo, trovato);
-            QString sVecchio;
-            if (contatore >= 0) {
-                const qsizetype inizio = contatore + sAttributo.size();
-                const qsizetype fine = sTesto.indexOf(QLatin1Char('"'), inizio);
-                sVecchio = fine < 0 ? sTesto.mid(inizio) : sTesto.mid(inizio, fine - inizio);
-            }
-            const QString sPrima = sTesta + QStringLiteral("\" counter=\"");
-            sTesto.replace(sPrima + sVecchio + QLatin1Char('"'),
-                           sPrima + Numero(ValNumero(sVecchio) + 1) + QLatin1Char('"'));
-        } else {
-            // 4. Else a new entry at the end, its closing tag on the next line.
-            sTesto += CrLf + sTesta + QStringLiteral("\" counter=\"1\" >") + CrLf +
-                      QStringLiteral("</location>");
-        }
-        // 5. The whole text written back.
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            throw Errore(QString(), file.errorString());
-        const QByteArray byte = sTesto.toUtf8();
-        if (file.write(byte) != byte.size())
-            throw Errore(QString(), file.errorString());
-        file.close();
+        AggiornaContatoreFile(sFileContatore, sPhisicalPath);
         return true;
     });
 }

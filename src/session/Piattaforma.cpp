@@ -158,6 +158,9 @@ QString PiattaformaQt::ScegliFile(const SceltaFile& scelta) {
     QFileDialog dialogo(Proprietario(), scelta.sTitolo, scelta.sCartella, scelta.sFiltro);
     dialogo.setAcceptMode(scelta.bSalva ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialogo.setFileMode(scelta.bSalva ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (!scelta.sFiltroScelto.isEmpty()) {
+        dialogo.selectNameFilter(scelta.sFiltroScelto);
+    }
     if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) {
         return QString();
     }

@@ -25,8 +25,9 @@ struct Messaggio {
 
 struct SceltaFile {
     QString sTitolo;
-    QString sCartella; // where the choice starts
-    QString sFiltro;   // e.g. "Documenti MAG (*.xml)"
+    QString sCartella;     // where the choice starts
+    QString sFiltro;       // e.g. "Tutti (*.*);;Documenti MAG (*.xml)"
+    QString sFiltroScelto; // the one of sFiltro in force when the choice opens; "" the first
     bool bSalva = false;
 };
 
