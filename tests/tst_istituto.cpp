@@ -155,6 +155,8 @@ private Q_SLOTS:
     void unMagazzinoNascondeIlTelefonoMaIlSalvaNeScriveIlTesto();
     void unMagazzinoNonChiedeIlTelefonoMaIndirizzoCittaCapEProvinciaSi_data() { AggiungiBackend(); }
     void unMagazzinoNonChiedeIlTelefonoMaIndirizzoCittaCapEProvinciaSi();
+    void unIstitutoEUnaSedeChiedonoIndirizzoCittaCapEProvincia_data();
+    void unIstitutoEUnaSedeChiedonoIndirizzoCittaCapEProvincia();
     void unCodiceSenzaRigaInCodiciIstitutoSiMostraVuotoESiCancellaAlSalva_data() {
         AggiungiBackend();
     }
@@ -471,6 +473,61 @@ void TestIstituto::unMagazzinoNonChiedeIlTelefonoMaIndirizzoCittaCapEProvinciaSi
     tipologia->setCurrentIndex(2);
     QVERIFY(!editore.CheckMandatoryFields());
     QCOMPARE(ambiente.seam.Messaggi().last().sTesto, QStringLiteral("Inserire l'orario"));
+}
+
+void TestIstituto::unIstitutoEUnaSedeChiedonoIndirizzoCittaCapEProvincia_data() {
+    QTest::addColumn<TipoBackend>("backend");
+    QTest::addColumn<int>("tipologia");
+    for (const auto& [nome, tipo] : {std::pair{"sqlite", TipoBackend::SQLite},
+                                     std::pair{"postgresql", TipoBackend::PostgreSQL}}) {
+        QTest::addRow("%s, istituto", nome) << tipo << 0;
+        QTest::addRow("%s, sede", nome) << tipo << 2;
+    }
+}
+
+void TestIstituto::unIstitutoEUnaSedeChiedonoIndirizzoCittaCapEProvincia() {
+    QFETCH(TipoBackend, backend);
+    QFETCH(int, tipologia);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    Sessione::bIstituto = true;
+    ucIstituto editore;
+    editore.Init();
+    editore.show();
+    editore.Nuovo();
+    Combo(&editore, "cmbTipologiaIS")->setCurrentIndex(tipologia);
+    CompilaIstituto(editore);
+    QVERIFY(editore.CheckMandatoryFields());
+
+    // Each of the four, emptied alone, is asked for with its message.
+    const QList<QPair<QWidget*, QString>> obbligatori = {
+        {Riga(&editore, 2), QStringLiteral("Inserire l'indirizzo")},
+        {Riga(&editore, 3), QStringLiteral("Inserire la città")},
+        {Riga(&editore, 4), QStringLiteral("Inserire il Cap")},
+        {Combo(&editore, "DCProvincia"), QStringLiteral("Inserire la Provincia")}};
+    for (const auto& [campo, messaggio] : obbligatori) {
+        auto* riga = qobject_cast<QLineEdit*>(campo);
+        auto* combo = qobject_cast<QComboBox*>(campo);
+        const QString prima = riga ? riga->text() : QString();
+        const int iPrima = combo ? combo->currentIndex() : -1;
+        if (riga)
+            riga->clear();
+        else
+            combo->setCurrentIndex(-1);
+        ambiente.seam.Svuota();
+        QVERIFY(!editore.CheckMandatoryFields());
+        QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+        QCOMPARE(ambiente.seam.Messaggi().at(0).sTesto, messaggio);
+        QCOMPARE(ambiente.seam.Messaggi().at(0).sTitolo, QStringLiteral("Attenzione"));
+        QCOMPARE(editore.focusWidget(), campo);
+        if (riga)
+            riga->setText(prima);
+        else
+            combo->setCurrentIndex(iPrima);
+    }
+    ambiente.seam.Svuota();
+    QVERIFY(editore.CheckMandatoryFields());
+    QVERIFY(ambiente.seam.Messaggi().isEmpty());
 }
 
 void TestIstituto::unCodiceSenzaRigaInCodiciIstitutoSiMostraVuotoESiCancellaAlSalva() {
