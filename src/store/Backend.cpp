@@ -14,7 +14,7 @@ QString Backend::Identificatore(const QString& sNome) const {
 std::unique_ptr<Caricamento> Backend::ApriCaricamento(const QSqlDatabase& db,
                                                       const QString& sTabella,
                                                       const QStringList& colonne) const {
-    return std::make_unique<CaricamentoInserimenti>(db, sTabella, colonne);
+    return std::make_unique<CaricamentoInserimenti>(db, sTabella, colonne, this);
 }
 
 std::unique_ptr<LetturaTesto> Backend::ApriLetturaTesto(const QSqlDatabase&, const QString&) const {

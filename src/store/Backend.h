@@ -34,6 +34,19 @@ public:
     // An identifier as the server reads it whatever its spelling.
     virtual QString Identificatore(const QString& sNome) const;
 
+    // A term of ORDER BY that puts a text in the order an Italian reader expects (case and
+    // accents: OrdineItaliano.h). PostgreSQL: the expression itself, since the program creates
+    // its databases with that collation; SQLite, whose NOCASE knows neither accents nor the
+    // case of accented letters: the expression with the collation the program gives each of
+    // its connections. Statements that sort names take their term from here.
+    virtual QString InOrdineAlfabetico(const QString& sEspressione) const { return sEspressione; }
+
+    // A value as it is bound into a statement. A date (QDate) or a date and time (QDateTime)
+    // goes to SQLite, which has no date type, as the one text its own date functions read,
+    // "yyyy-MM-dd HH:mm:ss", whatever its Qt type; PostgreSQL takes it as it is, into its
+    // timestamp columns. Dates are bound as such, never as text of another form.
+    virtual QVariant ValoreDaLegare(const QVariant& valore) const { return valore; }
+
     // A table's triggers off and on again, inside the caller's transaction, so that a failed
     // import rolls the switch back with its rows.
     virtual void SospendiTrigger(const QSqlDatabase& db, const QString& sTabella) const = 0;

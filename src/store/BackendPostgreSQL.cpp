@@ -109,9 +109,13 @@ void BackendPostgreSQL::EseguiSuServer(const StringaConnessione& stringa,
 }
 
 void BackendPostgreSQL::CreaDatabase(const StringaConnessione& stringa) const {
-    EseguiSuServer(stringa,
-                   QStringLiteral("CREATE DATABASE %1 ENCODING 'UTF8' TEMPLATE template0")
-                       .arg(Identificatore(stringa.Valore(QStringLiteral("Initial Catalog")))));
+    // Names sort in the Italian order (case and accents) by the database's own collation, ICU's
+    // Italian; the server's locale stays for the rest (the character classes of text search).
+    EseguiSuServer(
+        stringa,
+        QStringLiteral("CREATE DATABASE %1 ENCODING 'UTF8' TEMPLATE template0 "
+                       "LOCALE_PROVIDER icu ICU_LOCALE '%2'")
+            .arg(Identificatore(stringa.Valore(QStringLiteral("Initial Catalog"))), LocaleIcu()));
 }
 
 void BackendPostgreSQL::EliminaDatabase(const StringaConnessione& stringa) const {

@@ -26,6 +26,9 @@ public:
                 const QString& sDestinazione) const override;
     void IndiceWeb(const QSqlDatabase& db, const QString& sLingua) const override;
 
+    // The ICU locale of the collation that CreaDatabase gives a new database.
+    static QString LocaleIcu() { return QStringLiteral("it-IT"); }
+
 private:
     QSqlDatabase Prepara(const StringaConnessione& stringa, const QString& sDatabase,
                          const QString& sNomeConnessione) const;

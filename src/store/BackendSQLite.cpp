@@ -1,16 +1,22 @@
 #include "BackendSQLite.h"
+#include "OrdineItaliano.h"
 #include "TestoErrore.h"
 
 #include "StringaConnessione.h"
 #include "session/Errore.h"
 #include "session/Sessione.h"
 
+#include <QDate>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QVariant>
+
+#include <sqlite3.h>
 
 namespace {
 
@@ -21,6 +27,25 @@ void VerificaDriver() {
         throw Errore(Sorgente, QStringLiteral("Il driver SQLite di Qt non è installato "
                                               "(pacchetto libqt6sql6-sqlite)."));
     }
+}
+
+int ConfrontoItaliano(void*, int iLunghezzaA, const void* a, int iLunghezzaB, const void* b) {
+    return ConfrontaItaliano(
+        std::string_view(static_cast<const char*>(a), static_cast<size_t>(iLunghezzaA)),
+        std::string_view(static_cast<const char*>(b), static_cast<size_t>(iLunghezzaB)));
+}
+
+// The Italian order on the connection, under the name that InOrdineAlfabetico writes. Qt's
+// driver hands out SQLite's own handle, of the same library that the program links.
+bool RegistraCollazione(const QSqlDatabase& db) {
+    const QVariant maniglia = db.driver()->handle();
+    if (!maniglia.isValid() || qstrcmp(maniglia.typeName(), "sqlite3*") != 0)
+        return false;
+    sqlite3* connessione = *static_cast<sqlite3* const*>(maniglia.constData());
+    return connessione != nullptr &&
+           sqlite3_create_collation_v2(
+               connessione, BackendSQLite::CollazioneItaliana().toUtf8().constData(), SQLITE_UTF8,
+               nullptr, ConfrontoItaliano, nullptr) == SQLITE_OK;
 }
 
 } // namespace
@@ -76,7 +101,43 @@ QSqlDatabase BackendSQLite::Apri(const StringaConnessione& stringa,
     }
     // The database's duties carry changes up and down the tree, trigger by trigger.
     prova.exec(QStringLiteral("PRAGMA recursive_triggers = ON"));
+    if (!RegistraCollazione(db)) {
+        prova = QSqlQuery();
+        db.close();
+        db = QSqlDatabase();
+        QSqlDatabase::removeDatabase(sNomeConnessione);
+        throw Errore(Sorgente, QStringLiteral("Impossibile dare al database %1 l'ordine "
+                                              "alfabetico italiano (collazione %2).")
+                                   .arg(file, CollazioneItaliana()));
+    }
     return db;
+}
+
+QString BackendSQLite::InOrdineAlfabetico(const QString& sEspressione) const {
+    return sEspressione + QStringLiteral(" COLLATE ") + CollazioneItaliana();
+}
+
+QVariant BackendSQLite::ValoreDaLegare(const QVariant& valore) const {
+    QDate giorno;
+    QTime ora(0, 0);
+    switch (valore.metaType().id()) {
+    case QMetaType::QDate:
+        giorno = valore.toDate();
+        break;
+    case QMetaType::QDateTime: {
+        const QDateTime data = valore.toDateTime();
+        giorno = data.date();
+        ora = data.time();
+        break;
+    }
+    default:
+        return valore;
+    }
+    if (valore.isNull() || !giorno.isValid() || !ora.isValid())
+        return QVariant(QMetaType::fromType<QString>());
+    // Seconds whole: the milliseconds of a QDateTime are dropped.
+    return QString::asprintf("%04d-%02d-%02d %02d:%02d:%02d", giorno.year(), giorno.month(),
+                             giorno.day(), ora.hour(), ora.minute(), ora.second());
 }
 
 namespace {

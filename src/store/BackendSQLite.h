@@ -12,6 +12,8 @@ public:
     QSqlDatabase Apri(const StringaConnessione& stringa,
                       const QString& sNomeConnessione) const override;
     void CreaDatabase(const StringaConnessione& stringa) const override;
+    QString InOrdineAlfabetico(const QString& sEspressione) const override;
+    QVariant ValoreDaLegare(const QVariant& valore) const override;
     void EliminaDatabase(const StringaConnessione& stringa) const override;
     void SospendiTrigger(const QSqlDatabase& db, const QString& sTabella) const override;
     void RiattivaTrigger(const QSqlDatabase& db, const QString& sTabella) const override;
@@ -24,4 +26,8 @@ public:
 
     // The file of the database that the string names.
     static QString FileDatabase(const StringaConnessione& stringa);
+
+    // The collation of Italian order that each connection of the program carries (a name of
+    // the program's, unknown to the sqlite3 shell: the schema never names it).
+    static QString CollazioneItaliana() { return QStringLiteral("ITALIANO"); }
 };

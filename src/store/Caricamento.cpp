@@ -1,5 +1,6 @@
 #include "Caricamento.h"
 
+#include "Backend.h"
 #include "TestoErrore.h"
 
 #include <QSqlError>
@@ -16,8 +17,9 @@ bool Esegui(const QSqlDatabase& db, const QString& sComando) {
 } // namespace
 
 CaricamentoInserimenti::CaricamentoInserimenti(const QSqlDatabase& dbDato, const QString& sTabella,
-                                               const QStringList& colonne)
+                                               const QStringList& colonne, const Backend* backend)
     : db(dbDato)
+    , pBackend(backend)
     , iColonne(colonne.size()) {
     sIntestazione = QStringLiteral("INSERT INTO ") + sTabella + QStringLiteral(" (") +
                     colonne.join(QStringLiteral(", ")) + QStringLiteral(") VALUES ");
@@ -43,7 +45,7 @@ QString CaricamentoInserimenti::Istruzione(qsizetype iRighe) const {
 
 void CaricamentoInserimenti::Aggiungi(std::span<const QVariant> riga) {
     for (const QVariant& valore : riga)
-        valori.append(valore);
+        valori.append(pBackend != nullptr ? pBackend->ValoreDaLegare(valore) : valore);
     // A short row is filled with Null, a long one cut: the columns were fixed at the start.
     for (qsizetype i = static_cast<qsizetype>(riga.size()); i < iColonne; ++i)
         valori.append(QVariant());

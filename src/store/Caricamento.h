@@ -50,12 +50,15 @@ private:
     std::function<void()> prima;
 };
 
+class Backend;
+
 // The portable path: multi-row INSERT statements, prepared once for a full batch, each batch
-// within a savepoint; a refused batch is run again row by row to find the row refused.
+// within a savepoint; a refused batch is run again row by row to find the row refused. Given a
+// backend, values are bound in its form (Backend::ValoreDaLegare).
 class CaricamentoInserimenti : public Caricamento {
 public:
     CaricamentoInserimenti(const QSqlDatabase& db, const QString& sTabella,
-                           const QStringList& colonne);
+                           const QStringList& colonne, const Backend* backend = nullptr);
 
     void Aggiungi(std::span<const QVariant> riga) override;
     qsizetype InAttesa() const override;
@@ -69,6 +72,7 @@ private:
     QString Istruzione(qsizetype iRighe) const;
 
     QSqlDatabase db;
+    const Backend* pBackend;
     QString sIntestazione; // INSERT INTO t (a, b) VALUES
     QString sGruppo;       // (?, ?)
     qsizetype iColonne;

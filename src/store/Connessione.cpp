@@ -91,12 +91,16 @@ QSqlQuery Connessione::Esegui(const QString& sSql, std::initializer_list<QVarian
     }
     int i = 0;
     for (const QVariant& valore : valori) {
-        query.bindValue(i++, valore);
+        query.bindValue(i++, pBackend->ValoreDaLegare(valore));
     }
     if (!query.exec()) {
         throw Errore(sorgente, TestoErrore(query.lastError()));
     }
     return query;
+}
+
+QString Connessione::InOrdineAlfabetico(const QString& sEspressione) const {
+    return pBackend->InOrdineAlfabetico(sEspressione);
 }
 
 QSqlQuery& Connessione::Preparata(const QString& sSql) const {
@@ -119,7 +123,7 @@ qint64 Connessione::Inserisci(const QString& sTabella, const QString& sChiave,
     }
     QSqlQuery& query = Preparata(pBackend->IstruzioneInserisci(sTabella, sChiave, colonne));
     for (qsizetype i = 0; i < valori.size(); ++i) {
-        query.bindValue(static_cast<int>(i), valori[i]);
+        query.bindValue(static_cast<int>(i), pBackend->ValoreDaLegare(valori[i]));
     }
     if (!query.exec()) {
         throw Errore(pBackend->Descrizione(), TestoErrore(query.lastError()));

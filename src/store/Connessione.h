@@ -33,9 +33,13 @@ public:
     void Chiudi();
 
     // A statement with its values bound in order ("?" placeholders), executed; raises Errore
-    // with the server's words when it fails.
+    // with the server's words when it fails. Dates are bound in the backend's form
+    // (Backend::ValoreDaLegare), here and in Inserisci.
     QSqlQuery Esegui(const QString& sSql, std::initializer_list<QVariant> valori = {},
                      const QString& sSorgente = QString()) const;
+
+    // A term of ORDER BY that puts a text in the Italian order (Backend::InOrdineAlfabetico).
+    QString InOrdineAlfabetico(const QString& sEspressione) const;
 
     // Inserts one row and gives back its generated key, within the site's key range.
     qint64 Inserisci(const QString& sTabella, const QString& sChiave, const QStringList& colonne,
