@@ -194,7 +194,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Diplomatico');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Diplomatico';
 
@@ -222,7 +222,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Pergamene di Altopascio');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Pergamene di Altopascio';
 
@@ -250,7 +250,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Pergamene di San Frediano');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Pergamene di San Frediano';
 
@@ -279,7 +279,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Archivio dei notari');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Archivio dei notari';
 
@@ -306,7 +306,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Atti dei notai');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Atti dei notai';
 
@@ -333,7 +333,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Notai del secolo XIV');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Notai del secolo XIV';
 
@@ -360,7 +360,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Notai del secolo XV');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Notai del secolo XV';
 
@@ -387,7 +387,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Testamenti');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Testamenti';
 
@@ -417,7 +417,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Archivio Guinigi');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Archivio Guinigi';
 
@@ -444,7 +444,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Carteggio Guinigi');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Carteggio Guinigi';
 
@@ -471,7 +471,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Amministrazione patrimoniale Guinigi');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Amministrazione patrimoniale Guinigi';
 
@@ -498,7 +498,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Libri di entrata e uscita');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Libri di entrata e uscita';
 
@@ -525,7 +525,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Contratti e locazioni');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '02' AND Denominazione = 'Contratti e locazioni';
 
@@ -554,7 +554,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Opera di San Jacopo');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '02' AND Denominazione = 'Opera di San Jacopo';
 
@@ -581,7 +581,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Deliberazioni degli operai');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '02' AND Denominazione = 'Deliberazioni degli operai';
 
@@ -608,7 +608,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Amministrazione dell''Opera');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '02' AND Denominazione = 'Amministrazione dell''Opera';
 
@@ -635,7 +635,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Entrate e uscite dell''Opera');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '02' AND Denominazione = 'Entrate e uscite dell''Opera';
 
@@ -662,7 +662,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Inventari del tesoro');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '02' AND Denominazione = 'Inventari del tesoro';
 
@@ -691,7 +691,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Ufficio tecnico erariale di Pistoia');
 UPDATE Elementi SET
     Pubblicato = 'N',
-    DataRedazione = '2024-05-06',
+    DataRedazione = '2024-05-06 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '02' AND Denominazione = 'Ufficio tecnico erariale di Pistoia';
 
@@ -718,7 +718,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Catasto terreni');
 UPDATE Elementi SET
     Pubblicato = 'N',
-    DataRedazione = '2024-05-06',
+    DataRedazione = '2024-05-06 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '02' AND Denominazione = 'Catasto terreni';
 
@@ -745,7 +745,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Mappe catastali');
 UPDATE Elementi SET
     Pubblicato = 'N',
-    DataRedazione = '2024-05-06',
+    DataRedazione = '2024-05-06 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '02' AND Denominazione = 'Mappe catastali';
 
@@ -772,7 +772,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Registri delle partite');
 UPDATE Elementi SET
     Pubblicato = 'N',
-    DataRedazione = '2024-05-06',
+    DataRedazione = '2024-05-06 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '02' AND Denominazione = 'Registri delle partite';
 
@@ -800,7 +800,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Vicariato di Pescia');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2023-11-14',
+    DataRedazione = '2023-11-14 00:00:00',
     Redattore = 'Marco Ghilardi'
   WHERE Tipologia = '02' AND Denominazione = 'Vicariato di Pescia';
 
@@ -827,7 +827,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Atti civili del Vicariato');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2023-11-14',
+    DataRedazione = '2023-11-14 00:00:00',
     Redattore = 'Marco Ghilardi'
   WHERE Tipologia = '02' AND Denominazione = 'Atti civili del Vicariato';
 
@@ -854,7 +854,7 @@ UPDATE ComplessiDoc SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '02' AND Denominazione = 'Atti criminali del Vicariato');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2023-11-14',
+    DataRedazione = '2023-11-14 00:00:00',
     Redattore = 'Marco Ghilardi'
   WHERE Tipologia = '02' AND Denominazione = 'Atti criminali del Vicariato';
 
@@ -881,7 +881,7 @@ UPDATE Inventari SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '03' AND Denominazione = 'Regesto delle pergamene di Altopascio');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '03' AND Denominazione = 'Regesto delle pergamene di Altopascio';
 
@@ -903,7 +903,7 @@ UPDATE Inventari SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '03' AND Denominazione = 'Inventario dell''Archivio dei notari');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '03' AND Denominazione = 'Inventario dell''Archivio dei notari';
 
@@ -925,7 +925,7 @@ UPDATE Inventari SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '03' AND Denominazione = 'Inventario dell''Archivio Guinigi');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '03' AND Denominazione = 'Inventario dell''Archivio Guinigi';
 
@@ -947,7 +947,7 @@ UPDATE Inventari SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '03' AND Denominazione = 'Inventario del Regio Archivio di Stato in Lucca');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '03' AND Denominazione = 'Inventario del Regio Archivio di Stato in Lucca';
 
@@ -969,7 +969,7 @@ UPDATE Inventari SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '03' AND Denominazione = 'Inventario dell''Opera di San Jacopo');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '03' AND Denominazione = 'Inventario dell''Opera di San Jacopo';
 
@@ -992,7 +992,7 @@ UPDATE Inventari SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '03' AND Denominazione = 'Elenco di versamento dell''Ufficio tecnico erariale');
 UPDATE Elementi SET
     Pubblicato = 'N',
-    DataRedazione = '2024-05-06',
+    DataRedazione = '2024-05-06 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '03' AND Denominazione = 'Elenco di versamento dell''Ufficio tecnico erariale';
 
@@ -1014,7 +1014,7 @@ UPDATE Inventari SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '03' AND Denominazione = 'Inventario del Vicariato di Pescia');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2023-11-14',
+    DataRedazione = '2023-11-14 00:00:00',
     Redattore = 'Marco Ghilardi'
   WHERE Tipologia = '03' AND Denominazione = 'Inventario del Vicariato di Pescia';
 
@@ -1062,7 +1062,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Protocolli dei notai del Trecento');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Protocolli dei notai del Trecento';
 
@@ -1085,7 +1085,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Protocollo di ser Iacopo di Puccino (1352-1360)');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Protocollo di ser Iacopo di Puccino (1352-1360)';
 
@@ -1108,7 +1108,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Protocollo di ser Iacopo di Puccino (1361-1368)');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Protocollo di ser Iacopo di Puccino (1361-1368)';
 
@@ -1135,7 +1135,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Protocolli dei notai del Quattrocento');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Protocolli dei notai del Quattrocento';
 
@@ -1160,7 +1160,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Busta 15 - Protocolli sciolti di ser Domenico Lupardi');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Busta 15 - Protocolli sciolti di ser Domenico Lupardi';
 
@@ -1182,7 +1182,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Testamenti rogati da ser Domenico Lupardi (1441-1450)');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Testamenti rogati da ser Domenico Lupardi (1441-1450)';
 
@@ -1208,7 +1208,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Lettere e carteggi della famiglia Guinigi');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Lettere e carteggi della famiglia Guinigi';
 
@@ -1230,7 +1230,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Lettere di Paolo Guinigi');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Lettere di Paolo Guinigi';
 
@@ -1252,7 +1252,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Lettere da Bruges alla compagnia Guinigi');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Lettere da Bruges alla compagnia Guinigi';
 
@@ -1278,7 +1278,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Libri di commercio della compagnia Guinigi');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Libri di commercio della compagnia Guinigi';
 
@@ -1299,7 +1299,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Libro grande segnato A');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Libro grande segnato A';
 
@@ -1321,7 +1321,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Libro dei debitori e creditori segnato B');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-12',
+    DataRedazione = '2024-02-12 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '07' AND Denominazione = 'Libro dei debitori e creditori segnato B';
 
@@ -1347,7 +1347,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Deliberazioni degli operai di San Jacopo');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '07' AND Denominazione = 'Deliberazioni degli operai di San Jacopo';
 
@@ -1369,7 +1369,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Libro dei partiti degli operai (1379-1402)');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '07' AND Denominazione = 'Libro dei partiti degli operai (1379-1402)';
 
@@ -1390,7 +1390,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Libro dei partiti degli operai (1403-1431)');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '07' AND Denominazione = 'Libro dei partiti degli operai (1403-1431)';
 
@@ -1415,7 +1415,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Pergamene dell''Opera di San Jacopo');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '07' AND Denominazione = 'Pergamene dell''Opera di San Jacopo';
 
@@ -1437,7 +1437,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Inventario delle reliquie e degli arredi della cappella (1340)');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '07' AND Denominazione = 'Inventario delle reliquie e degli arredi della cappella (1340)';
 
@@ -1463,7 +1463,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Catasto terreni del comune censuario di Pistoia');
 UPDATE Elementi SET
     Pubblicato = 'N',
-    DataRedazione = '2024-05-06',
+    DataRedazione = '2024-05-06 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '07' AND Denominazione = 'Catasto terreni del comune censuario di Pistoia';
 
@@ -1484,7 +1484,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Mappe di impianto, fogli 1-74');
 UPDATE Elementi SET
     Pubblicato = 'N',
-    DataRedazione = '2024-05-06',
+    DataRedazione = '2024-05-06 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '07' AND Denominazione = 'Mappe di impianto, fogli 1-74';
 
@@ -1505,7 +1505,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Registri delle partite, volumi 1-12');
 UPDATE Elementi SET
     Pubblicato = 'N',
-    DataRedazione = '2024-05-06',
+    DataRedazione = '2024-05-06 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '07' AND Denominazione = 'Registri delle partite, volumi 1-12';
 
@@ -1531,7 +1531,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Atti criminali del Vicariato di Pescia');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2023-11-14',
+    DataRedazione = '2023-11-14 00:00:00',
     Redattore = 'Marco Ghilardi'
   WHERE Tipologia = '07' AND Denominazione = 'Atti criminali del Vicariato di Pescia';
 
@@ -1553,7 +1553,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Processi criminali (1590-1594)');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2023-11-14',
+    DataRedazione = '2023-11-14 00:00:00',
     Redattore = 'Marco Ghilardi'
   WHERE Tipologia = '07' AND Denominazione = 'Processi criminali (1590-1594)';
 
@@ -1574,7 +1574,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Processi criminali (1595-1599)');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2023-11-14',
+    DataRedazione = '2023-11-14 00:00:00',
     Redattore = 'Marco Ghilardi'
   WHERE Tipologia = '07' AND Denominazione = 'Processi criminali (1595-1599)';
 
@@ -1600,7 +1600,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Atti civili del Vicariato di Pescia');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2023-11-14',
+    DataRedazione = '2023-11-14 00:00:00',
     Redattore = 'Marco Ghilardi'
   WHERE Tipologia = '07' AND Denominazione = 'Atti civili del Vicariato di Pescia';
 
@@ -1622,7 +1622,7 @@ UPDATE DatiInventariali SET
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '07' AND Denominazione = 'Cause civili (1601-1605)');
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2023-11-14',
+    DataRedazione = '2023-11-14 00:00:00',
     Redattore = 'Marco Ghilardi'
   WHERE Tipologia = '07' AND Denominazione = 'Cause civili (1601-1605)';
 
@@ -1663,7 +1663,7 @@ UPDATE PGNoteStoriche SET
   WHERE ID_Pergamena = (SELECT ID_Pergamena FROM Pergamene WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '05' AND Denominazione = 'Altopascio, 1098 marzo 5'));
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-03-04',
+    DataRedazione = '2024-03-04 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '05' AND Denominazione = 'Altopascio, 1098 marzo 5';
 
@@ -1698,7 +1698,7 @@ UPDATE PGNoteStoriche SET
   WHERE ID_Pergamena = (SELECT ID_Pergamena FROM Pergamene WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '05' AND Denominazione = 'Altopascio, 1143 gennaio 12'));
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-03-04',
+    DataRedazione = '2024-03-04 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '05' AND Denominazione = 'Altopascio, 1143 gennaio 12';
 
@@ -1737,7 +1737,7 @@ UPDATE PGNoteStoriche SET
   WHERE ID_Pergamena = (SELECT ID_Pergamena FROM Pergamene WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '05' AND Denominazione = 'Altopascio, 1228 novembre 20'));
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-03-04',
+    DataRedazione = '2024-03-04 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '05' AND Denominazione = 'Altopascio, 1228 novembre 20';
 
@@ -1775,7 +1775,7 @@ UPDATE PGNoteStoriche SET NoteStoriche = 'Copia fatta per essere prodotta in giu
   WHERE ID_Pergamena = (SELECT ID_Pergamena FROM Pergamene WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '05' AND Denominazione = 'Altopascio, 1228 novembre 20 (copia)'));
 UPDATE Elementi SET
     Pubblicato = 'N',
-    DataRedazione = '2024-03-04',
+    DataRedazione = '2024-03-04 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '05' AND Denominazione = 'Altopascio, 1228 novembre 20 (copia)';
 
@@ -1811,7 +1811,7 @@ UPDATE PGNoteStoriche SET
   WHERE ID_Pergamena = (SELECT ID_Pergamena FROM Pergamene WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '05' AND Denominazione = 'Altopascio, 1345 settembre 8'));
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-03-04',
+    DataRedazione = '2024-03-04 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '05' AND Denominazione = 'Altopascio, 1345 settembre 8';
 
@@ -1857,7 +1857,7 @@ UPDATE SGTipo SET
   WHERE ID_Sigillo = (SELECT ID_Sigillo FROM Sigilli WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '06' AND Denominazione = 'Bolla plumbea di Gregorio IX'));
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-03-04',
+    DataRedazione = '2024-03-04 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '06' AND Denominazione = 'Bolla plumbea di Gregorio IX';
 
@@ -1893,7 +1893,7 @@ UPDATE SGTipo SET
   WHERE ID_Sigillo = (SELECT ID_Sigillo FROM Sigilli WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '06' AND Denominazione = 'Sigillo dello Spedale di Altopascio'));
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-03-04',
+    DataRedazione = '2024-03-04 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '06' AND Denominazione = 'Sigillo dello Spedale di Altopascio';
 
@@ -1928,7 +1928,7 @@ UPDATE SGTipo SET
   WHERE ID_Sigillo = (SELECT ID_Sigillo FROM Sigilli WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '06' AND Denominazione = 'Sigillo del capitolo di Altopascio'));
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-03-04',
+    DataRedazione = '2024-03-04 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Tipologia = '06' AND Denominazione = 'Sigillo del capitolo di Altopascio';
 
@@ -1963,7 +1963,7 @@ UPDATE PGNoteStoriche SET
   WHERE ID_Pergamena = (SELECT ID_Pergamena FROM Pergamene WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '05' AND Denominazione = 'Opera di San Jacopo, 1287 luglio 2'));
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '05' AND Denominazione = 'Opera di San Jacopo, 1287 luglio 2';
 
@@ -1998,7 +1998,7 @@ UPDATE SGTipo SET
   WHERE ID_Sigillo = (SELECT ID_Sigillo FROM Sigilli WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '06' AND Denominazione = 'Sigillo del Comune di Pistoia'));
 UPDATE Elementi SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '06' AND Denominazione = 'Sigillo del Comune di Pistoia';
 
@@ -2034,12 +2034,12 @@ INSERT INTO DICoseNotevoli (ID_DatoInventariale, Descrizione)
 INSERT INTO Elementi (ID_ElementoPadre, Tipologia, Denominazione)
   VALUES ((SELECT ID_Elemento FROM Elementi WHERE Tipologia = '01' AND Denominazione = 'Archivio di Stato di Pistoia'), '04', '15/03/2024 - 12');
 UPDATE Versamenti SET
-    Data = '2024-03-15',
+    Data = '2024-03-15 00:00:00',
     Note = 'Versamento della documentazione catastale non più occorrente alle attività correnti dell''ufficio, accompagnato da elenco di consistenza.',
     NumeroRPC = 12,
     SogVersatore = 'Agenzia delle Entrate - Ufficio provinciale di Pistoia',
     TipoAcquisizione = '01',
-    DataAcquisizione = '2024-03-12',
+    DataAcquisizione = '2024-03-12 00:00:00',
     NoteDirezione = 'Materiale collocato provvisoriamente nel deposito di Sant''Agostino.'
   WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '04' AND Denominazione = '15/03/2024 - 12');
 INSERT INTO RigheVersamento (Denominazione, Quantita, MetriLineari, Classificazione, DescrizioneEstremi, DataInizio, DataFine, Note, ID_ComplessoDoc, ID_Versamento)
@@ -2068,7 +2068,7 @@ UPDATE Persone SET
   WHERE ID_Soggetto = (SELECT ID_Soggetto FROM Soggetti WHERE Denominazione = 'Guinigi Paolo');
 UPDATE Soggetti SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-20',
+    DataRedazione = '2024-02-20 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Denominazione = 'Guinigi Paolo';
 INSERT INTO PersoneDenominazioni (ID_Persona, AltraDenominazione)
@@ -2091,7 +2091,7 @@ UPDATE Persone SET
   WHERE ID_Soggetto = (SELECT ID_Soggetto FROM Soggetti WHERE Denominazione = 'Bardelli Ugo');
 UPDATE Soggetti SET
     Pubblicato = 'N',
-    DataRedazione = '2024-05-06',
+    DataRedazione = '2024-05-06 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Denominazione = 'Bardelli Ugo';
 
@@ -2107,7 +2107,7 @@ UPDATE Famiglie SET
   WHERE ID_Soggetto = (SELECT ID_Soggetto FROM Soggetti WHERE Denominazione = 'Guinigi');
 UPDATE Soggetti SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-20',
+    DataRedazione = '2024-02-20 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Denominazione = 'Guinigi';
 INSERT INTO FamiglieDenominazioni (ID_Famiglia, AltraDenominazione)
@@ -2126,7 +2126,7 @@ UPDATE Enti SET
   WHERE ID_Soggetto = (SELECT ID_Soggetto FROM Soggetti WHERE Denominazione = 'Spedale di San Jacopo di Altopascio');
 UPDATE Soggetti SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-20',
+    DataRedazione = '2024-02-20 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Denominazione = 'Spedale di San Jacopo di Altopascio';
 INSERT INTO EntiDenominazioni (ID_Ente, AltraDenominazione)
@@ -2147,7 +2147,7 @@ UPDATE Enti SET
   WHERE ID_Soggetto = (SELECT ID_Soggetto FROM Soggetti WHERE Denominazione = 'Collegio dei notai di Lucca');
 UPDATE Soggetti SET
     Pubblicato = 'S',
-    DataRedazione = '2024-02-20',
+    DataRedazione = '2024-02-20 00:00:00',
     Redattore = 'Chiara Bertolucci'
   WHERE Denominazione = 'Collegio dei notai di Lucca';
 
@@ -2164,7 +2164,7 @@ UPDATE Enti SET
   WHERE ID_Soggetto = (SELECT ID_Soggetto FROM Soggetti WHERE Denominazione = 'Opera di San Jacopo di Pistoia');
 UPDATE Soggetti SET
     Pubblicato = 'S',
-    DataRedazione = '2024-04-18',
+    DataRedazione = '2024-04-18 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Denominazione = 'Opera di San Jacopo di Pistoia';
 INSERT INTO EntiDenominazioni (ID_Ente, AltraDenominazione)
@@ -2183,7 +2183,7 @@ UPDATE Enti SET
   WHERE ID_Soggetto = (SELECT ID_Soggetto FROM Soggetti WHERE Denominazione = 'Ufficio tecnico erariale di Pistoia');
 UPDATE Soggetti SET
     Pubblicato = 'N',
-    DataRedazione = '2024-05-06',
+    DataRedazione = '2024-05-06 00:00:00',
     Redattore = 'Giulia Bartolini'
   WHERE Denominazione = 'Ufficio tecnico erariale di Pistoia';
 INSERT INTO EntiDenominazioni (ID_Ente, AltraDenominazione)
@@ -2202,7 +2202,7 @@ UPDATE Enti SET
   WHERE ID_Soggetto = (SELECT ID_Soggetto FROM Soggetti WHERE Denominazione = 'Vicariato di Pescia');
 UPDATE Soggetti SET
     Pubblicato = 'S',
-    DataRedazione = '2023-11-14',
+    DataRedazione = '2023-11-14 00:00:00',
     Redattore = 'Marco Ghilardi'
   WHERE Denominazione = 'Vicariato di Pescia';
 INSERT INTO EntiDenominazioni (ID_Ente, AltraDenominazione)
