@@ -22,6 +22,7 @@
 #include <QSqlQuery>
 #include <QTreeView>
 #include <QtTest>
+#include <map>
 
 namespace {
 
@@ -157,6 +158,7 @@ private Q_SLOTS:
     void ogniChiaveDImmagineHaLaSuaFigura();
 
     // The loading from the database.
+    void lIndiceDelleChiaviTrovaInserisceERimuoveComeUnaMappa();
     void leIstruzioniDellAlberoLeggonoSoloLeColonneDeiNodi();
     void unGruppoConValoriLiLegaAllaCondizione_data() { AggiungiBackend(); }
     void unGruppoConValoriLiLegaAllaCondizione();
@@ -368,6 +370,56 @@ void TestAlbero::unDatabaseVuotoMostraLaSolaRadice() {
     QCOMPARE(finestra.tvwDB->currentIndex(), modello.Radice());
     QCOMPARE(finestra.mostrati, QStringList({QStringLiteral("00 0")}));
     QVERIFY(MessaggiCon(a.piattaforma, QStringLiteral("Errore U5")).isEmpty());
+}
+
+void TestAlbero::lIndiceDelleChiaviTrovaInserisceERimuoveComeUnaMappa() {
+    // Keys in runs (two sites' ranges), far apart, strided and negative, with removals in
+    // between, against a std::map that does the same.
+    IndiceChiavi indice;
+    std::map<qint64, qint32> attesa;
+    QCOMPARE(indice.Trova(1), IndiceChiavi::Assente);
+    indice.Rimuovi(1);
+    QList<qint64> chiavi;
+    for (qint64 k = 1; k <= 40000; ++k) {
+        chiavi.append(k);
+        chiavi.append(1'000'000'000 + k);
+    }
+    for (qint64 k = 0; k < 5000; ++k) {
+        chiavi.append(k * 4096 + 7);
+        chiavi.append(-k * 31 - 1);
+    }
+    qint32 nodo = 0;
+    for (const qint64 chiave : chiavi) {
+        const bool bNuova = attesa.find(chiave) == attesa.end();
+        QCOMPARE(indice.Inserisci(chiave, nodo), bNuova);
+        if (bNuova) {
+            attesa[chiave] = nodo;
+        }
+        ++nodo;
+        // Every seventh key goes away again at once, every eleventh an older one.
+        if (nodo % 7 == 0) {
+            indice.Rimuovi(chiave);
+            attesa.erase(chiave);
+        }
+        if (nodo % 11 == 0) {
+            const qint64 vecchia = chiavi[nodo / 2];
+            indice.Rimuovi(vecchia);
+            attesa.erase(vecchia);
+        }
+    }
+    QCOMPARE(indice.Quante(), static_cast<qsizetype>(attesa.size()));
+    for (const qint64 chiave : chiavi) {
+        const auto trovata = attesa.find(chiave);
+        QCOMPARE(indice.Trova(chiave),
+                 trovata == attesa.end() ? IndiceChiavi::Assente : trovata->second);
+    }
+    // A key already there is refused and keeps its node.
+    const auto prima = *attesa.begin();
+    QVERIFY(!indice.Inserisci(prima.first, 12345));
+    QCOMPARE(indice.Trova(prima.first), prima.second);
+    indice.Svuota();
+    QCOMPARE(indice.Quante(), qsizetype(0));
+    QCOMPARE(indice.Trova(prima.first), IndiceChiavi::Assente);
 }
 
 void TestAlbero::leIstruzioniDellAlberoLeggonoSoloLeColonneDeiNodi() {

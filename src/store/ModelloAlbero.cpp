@@ -80,7 +80,7 @@ QModelIndex ModelloAlbero::index(int riga, int colonna, const QModelIndex& padre
     if (colonna != 0 || riga < 0) {
         return QModelIndex();
     }
-    const QVector<qint32>& elenco = padre.isValid() ? figli[Nodo(padre)] : cima;
+    const QVector<qint32>& elenco = padre.isValid() ? Figli(Nodo(padre)) : cima;
     if (riga >= elenco.size()) {
         return QModelIndex();
     }
@@ -102,7 +102,7 @@ int ModelloAlbero::rowCount(const QModelIndex& padre) const {
     if (padre.column() != 0) {
         return 0;
     }
-    return static_cast<int>(figli[Nodo(padre)].size());
+    return static_cast<int>(Figli(Nodo(padre)).size());
 }
 
 int ModelloAlbero::columnCount(const QModelIndex&) const {
@@ -153,10 +153,12 @@ void ModelloAlbero::Svuota() {
     immagini.clear();
     tags.clear();
     ordinati.clear();
-    figli.clear();
+    listaFigli.clear();
+    liste.clear();
+    ultimoPadre = Nessuno;
     pool.clear();
     tabellaTag.clear();
-    mappa.clear();
+    mappa.Svuota();
     attesi.clear();
     ordineAttesi.clear();
     cima.clear();
@@ -197,6 +199,20 @@ void ModelloAlbero::ScriviTesto(qint32 nodo, const QString& sTesto) {
     lunghezzaTesto[nodo] = static_cast<qint32>(sTesto.size());
 }
 
+const QVector<qint32>& ModelloAlbero::Figli(qint32 nodo) const {
+    static const QVector<qint32> nessuno;
+    const qint32 lista = listaFigli[nodo];
+    return lista == Nessuno ? nessuno : liste[lista];
+}
+
+QVector<qint32>& ModelloAlbero::FigliDa(qint32 nodo) {
+    if (listaFigli[nodo] == Nessuno) {
+        listaFigli[nodo] = static_cast<qint32>(liste.size());
+        liste.append(QVector<qint32>());
+    }
+    return liste[listaFigli[nodo]];
+}
+
 QString ModelloAlbero::TestoDi(qint32 nodo) const {
     return pool.mid(inizioTesto[nodo], lunghezzaTesto[nodo]);
 }
@@ -219,13 +235,12 @@ qint32 ModelloAlbero::NuovoNodo(qint64 lId, qint32 padre, const QString& sTesto,
     immagini.append(iImmagine);
     tags.append(iTag);
     ordinati.append(0);
-    figli.append(QVector<qint32>());
-    mappa.insert(lId, nodo);
+    listaFigli.append(Nessuno);
     return nodo;
 }
 
 int ModelloAlbero::PosizioneOrdinata(qint32 padre, const QString& sTesto) const {
-    const QVector<qint32>& elenco = figli[padre];
+    const QVector<qint32>& elenco = Figli(padre);
     const QStringView vista(pool);
     // After the brothers of equal text: the first one whose text is greater.
     const auto dopo = std::upper_bound(
@@ -237,7 +252,7 @@ int ModelloAlbero::PosizioneOrdinata(qint32 padre, const QString& sTesto) const 
 }
 
 void ModelloAlbero::Rinumera(qint32 padre, int daRiga) {
-    QVector<qint32>& elenco = padre == Nessuno ? cima : figli[padre];
+    QVector<qint32>& elenco = padre == Nessuno ? cima : FigliDa(padre);
     for (int riga = daRiga; riga < elenco.size(); ++riga) {
         righe[elenco[riga]] = riga;
     }
@@ -246,7 +261,7 @@ void ModelloAlbero::Rinumera(qint32 padre, int daRiga) {
 QModelIndex ModelloAlbero::AggiungiRadice() {
     const quint8 iImmagine = IndiceImmagine(QStringLiteral("root"));
     const quint8 iTag = IndiceTag(QStringLiteral("00"));
-    if (mappa.contains(IdRadice)) {
+    if (mappa.Contiene(IdRadice)) {
         throw Errore(SorgenteAlbero,
                      QStringLiteral("La chiave non è univoca: %1.").arg(ChiaveDi(IdRadice)),
                      ErroreChiaveNonUnivoca);
@@ -256,6 +271,7 @@ QModelIndex ModelloAlbero::AggiungiRadice() {
         beginInsertRows(QModelIndex(), riga, riga);
     }
     const qint32 nodo = NuovoNodo(IdRadice, Nessuno, TestoRadice(), iImmagine, iTag);
+    mappa.Inserisci(IdRadice, nodo);
     righe[nodo] = riga;
     cima.append(nodo);
     if (!bCaricamento) {
@@ -277,13 +293,21 @@ QModelIndex ModelloAlbero::Aggiungi(qint64 lIdPadre, qint64 lId, const QString& 
                                     const QString& sImmagine, const QString& sTag) {
     const quint8 iImmagine = IndiceImmagine(sImmagine);
     const quint8 iTag = IndiceTag(sTag);
-    if (mappa.contains(lId)) {
-        throw Errore(SorgenteAlbero,
-                     QStringLiteral("La chiave non è univoca: %1.").arg(ChiaveDi(lId)),
-                     ErroreChiaveNonUnivoca);
+    const auto chiaveDoppia = [lId]() {
+        return Errore(SorgenteAlbero,
+                      QStringLiteral("La chiave non è univoca: %1.").arg(ChiaveDi(lId)),
+                      ErroreChiaveNonUnivoca);
+    };
+    // A load gives the sons of one parent one after the other: the parent found for the last
+    // row is asked of the hash only when it changes.
+    qint32 padre = ultimoPadre != Nessuno && ids[ultimoPadre] == lIdPadre ? ultimoPadre : Nessuno;
+    if (padre == Nessuno) {
+        padre = mappa.Trova(lIdPadre);
     }
-    const auto trovato = mappa.constFind(lIdPadre);
-    if (trovato == mappa.cend()) {
+    if (padre == Nessuno) {
+        if (mappa.Contiene(lId)) {
+            throw chiaveDoppia();
+        }
         if (bCaricamento) {
             // The parent may come later in this load.
             auto attesa = attesi.find(lIdPadre);
@@ -300,14 +324,18 @@ QModelIndex ModelloAlbero::Aggiungi(qint64 lIdPadre, qint64 lId, const QString& 
                          .arg(ChiaveDi(lId), ChiaveDi(lIdPadre)),
                      ErroreElementoNonTrovato);
     }
-    const qint32 padre = trovato.value();
+    ultimoPadre = padre;
+    // The key taken, or found taken, in one step: it names the node made below.
+    if (!mappa.Inserisci(lId, static_cast<qint32>(ids.size()))) {
+        throw chiaveDoppia();
+    }
     const int riga =
-        ordinati[padre] ? PosizioneOrdinata(padre, sTesto) : static_cast<int>(figli[padre].size());
+        ordinati[padre] ? PosizioneOrdinata(padre, sTesto) : static_cast<int>(Figli(padre).size());
     if (!bCaricamento) {
         beginInsertRows(IndiceDi(padre), riga, riga);
     }
     const qint32 nodo = NuovoNodo(lId, padre, sTesto, iImmagine, iTag);
-    figli[padre].insert(riga, nodo);
+    FigliDa(padre).insert(riga, nodo);
     Rinumera(padre, riga);
     if (!bCaricamento) {
         endInsertRows();
@@ -328,19 +356,20 @@ void ModelloAlbero::SistemaAttesi(qint64 lId) {
         }
         const QList<Attesa> figliAttesi = std::move(attesa.value());
         attesi.erase(attesa);
-        const qint32 nodoPadre = mappa.value(padre);
+        const qint32 nodoPadre = mappa.Trova(padre);
         for (const Attesa& figlio : figliAttesi) {
-            if (mappa.contains(figlio.lId)) {
+            if (mappa.Contiene(figlio.lId)) {
                 throw Errore(
                     SorgenteAlbero,
                     QStringLiteral("La chiave non è univoca: %1.").arg(ChiaveDi(figlio.lId)),
                     ErroreChiaveNonUnivoca);
             }
             const int riga = ordinati[nodoPadre] ? PosizioneOrdinata(nodoPadre, figlio.sTesto)
-                                                 : static_cast<int>(figli[nodoPadre].size());
+                                                 : static_cast<int>(Figli(nodoPadre).size());
             const qint32 nodo =
                 NuovoNodo(figlio.lId, nodoPadre, figlio.sTesto, figlio.iImmagine, figlio.iTag);
-            figli[nodoPadre].insert(riga, nodo);
+            mappa.Inserisci(figlio.lId, nodo);
+            FigliDa(nodoPadre).insert(riga, nodo);
             Rinumera(nodoPadre, riga);
             if (attesi.contains(figlio.lId)) {
                 daFare.append(figlio.lId);
@@ -385,26 +414,28 @@ void ModelloAlbero::RimuoviSottoalbero(qint32 nodo) {
     QVector<qint32> daFare{nodo};
     while (!daFare.isEmpty()) {
         const qint32 n = daFare.takeLast();
-        daFare.append(figli[n]);
-        mappa.remove(ids[n]);
+        daFare.append(Figli(n));
+        mappa.Rimuovi(ids[n]);
+        ultimoPadre = Nessuno;
         ids[n] = -1;
-        figli[n] = QVector<qint32>();
+        if (listaFigli[n] != Nessuno) {
+            liste[listaFigli[n]] = QVector<qint32>();
+        }
         lunghezzaTesto[n] = 0;
     }
 }
 
 void ModelloAlbero::Rimuovi(qint64 lId) {
-    const auto trovato = mappa.constFind(lId);
-    if (trovato == mappa.cend()) {
+    const qint32 nodo = mappa.Trova(lId);
+    if (nodo == Nessuno) {
         return;
     }
-    const qint32 nodo = trovato.value();
     const qint32 padre = padri[nodo];
     const int riga = righe[nodo];
     if (!bCaricamento) {
         beginRemoveRows(IndiceDi(padre), riga, riga);
     }
-    QVector<qint32>& elenco = padre == Nessuno ? cima : figli[padre];
+    QVector<qint32>& elenco = padre == Nessuno ? cima : FigliDa(padre);
     elenco.removeAt(riga);
     Rinumera(padre, riga);
     RimuoviSottoalbero(nodo);
@@ -414,8 +445,8 @@ void ModelloAlbero::Rimuovi(qint64 lId) {
 }
 
 QModelIndex ModelloAlbero::Trova(qint64 lId) const {
-    const auto trovato = mappa.constFind(lId);
-    return trovato == mappa.cend() ? QModelIndex() : IndiceDi(trovato.value());
+    const qint32 nodo = mappa.Trova(lId);
+    return nodo == Nessuno ? QModelIndex() : IndiceDi(nodo);
 }
 
 QString ModelloAlbero::Chiave(const QModelIndex& indice) const {
@@ -487,8 +518,11 @@ void ModelloAlbero::ImpostaOrdinato(const QModelIndex& indice, bool bOrdinato) {
         return;
     }
     ordinati[nodo] = bOrdinato ? 1 : 0;
-    QVector<qint32>& elenco = figli[nodo];
-    if (!bOrdinato || elenco.size() < 2) {
+    if (!bOrdinato || Figli(nodo).size() < 2) {
+        return;
+    }
+    QVector<qint32>& elenco = FigliDa(nodo);
+    if (elenco.size() < 2) {
         return;
     }
     const auto minore = [this](qint32 a, qint32 b) {

@@ -9,6 +9,8 @@
 // of node numbers, a hash from the key's number to the node), so that a tree of a million
 // elements loads in little more than the time of reading its rows and stays small.
 
+#include "IndiceChiavi.h"
+
 #include <QAbstractItemModel>
 #include <QHash>
 #include <QIcon>
@@ -68,9 +70,9 @@ public:
     QModelIndex Trova(qint64 lId) const;
     QModelIndex Trova(const QString& sChiave) const { return Trova(IdDi(sChiave)); }
     QModelIndex Radice() const { return Trova(IdRadice); }
-    bool Contiene(qint64 lId) const { return mappa.contains(lId); }
+    bool Contiene(qint64 lId) const { return mappa.Contiene(lId); }
     // How many nodes the tree holds.
-    int Nodi() const { return static_cast<int>(mappa.size()); }
+    int Nodi() const { return static_cast<int>(mappa.Quante()); }
 
     // The four values of a node.
     QString Chiave(const QModelIndex& indice) const;
@@ -116,6 +118,8 @@ private:
     void Rinumera(qint32 padre, int daRiga);
     void ScriviTesto(qint32 nodo, const QString& sTesto);
     QString TestoDi(qint32 nodo) const;
+    const QVector<qint32>& Figli(qint32 nodo) const;
+    QVector<qint32>& FigliDa(qint32 nodo); // the node's list, made when it has none
     quint8 IndiceImmagine(const QString& sImmagine) const;
     quint8 IndiceTag(const QString& sTag);
     void SistemaAttesi(qint64 lId);
@@ -131,10 +135,13 @@ private:
     QVector<quint8> immagini; // index into ChiaviImmagine()
     QVector<quint8> tags;     // index into tabellaTag
     QVector<quint8> ordinati;
-    QVector<QVector<qint32>> figli;
-    QString pool; // the texts, one after the other
+    // The sons of a node: its list in liste, or Nessuno for a leaf (most nodes are leaves).
+    QVector<qint32> listaFigli;
+    QVector<QVector<qint32>> liste;
+    qint32 ultimoPadre = Nessuno; // the parent of the node added last
+    QString pool;                 // the texts, one after the other
     QStringList tabellaTag;
-    QHash<qint64, qint32> mappa;         // the key's number to the node
+    IndiceChiavi mappa;                  // the key's number to the node
     QHash<qint64, QList<Attesa>> attesi; // by the parent's key's number, during a load
     QList<qint64> ordineAttesi;          // the parents waited for, in the order of the rows
     bool bCaricamento = false;
