@@ -209,6 +209,10 @@ private Q_SLOTS:
     void istitutiEComplessiConLeImmaginiDeiLegami();
     void lOrdineArchivisticoSeguoCDOrdinamentoELAlfabeticoIlNome_data() { AggiungiBackend(); }
     void lOrdineArchivisticoSeguoCDOrdinamentoELAlfabeticoIlNome();
+    void iFratelliSiOrdinanoComeLiLeggeUnItalianoInEntrambeLeOpzioni_data() { AggiungiBackend(); }
+    void iFratelliSiOrdinanoComeLiLeggeUnItalianoInEntrambeLeOpzioni();
+    void iFigliDellaRadiceEUnNuovoIstitutoSiOrdinanoAllItaliana_data() { AggiungiBackend(); }
+    void iFigliDellaRadiceEUnNuovoIstitutoSiOrdinanoAllItaliana();
     void unOrfanoDaErroreU5ELasciaIlCaricato_data() { AggiungiBackend(); }
     void unOrfanoDaErroreU5ELasciaIlCaricato();
     void unNuovoIstitutoSottoLaRadiceSiSalvaESiMostra_data() { AggiungiBackend(); }
@@ -335,6 +339,66 @@ void TestStrutturaCD::lOrdineArchivisticoSeguoCDOrdinamentoELAlfabeticoIlNome() 
     QCOMPARE(Selezionato(f), qint64(0));
     f.Ord[1]->setChecked(true);
     QCOMPARE(TestiFigli(m, m.Trova(ist)).first(), QStringLiteral("Zecca"));
+}
+
+// Names an Italian reader finds in this order: accents and case after the letters, a blank
+// before any letter.
+const QStringList NomiInOrdineItaliano{QStringLiteral("ancora"),
+                                       QStringLiteral("àncora"),
+                                       QStringLiteral("archivio"),
+                                       QStringLiteral("Archivio"),
+                                       QStringLiteral("Città di Lucca"),
+                                       QStringLiteral("Cittadella"),
+                                       QStringLiteral("Elia"),
+                                       QStringLiteral("erba"),
+                                       QStringLiteral("Èrba"),
+                                       QStringLiteral("Fondo"),
+                                       QStringLiteral("Zeta")};
+
+void TestStrutturaCD::iFratelliSiOrdinanoComeLiLeggeUnItalianoInEntrambeLeOpzioni() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = a.Crea("01", QStringLiteral("Istituto"));
+    QHash<QString, long> ids;
+    for (qsizetype i = NomiInOrdineItaliano.size() - 1; i >= 0; --i) {
+        ids.insert(NomiInOrdineItaliano[i], a.Crea("02", NomiInOrdineItaliano[i], ist));
+    }
+    // Two numbered: in "Archivistico" after all those without a number, by their numbers.
+    a.Ordinamento(ids.value(QStringLiteral("Zeta")), 1);
+    a.Ordinamento(ids.value(QStringLiteral("ancora")), 2);
+    QStringList archivistico = NomiInOrdineItaliano;
+    archivistico.removeAll(QStringLiteral("Zeta"));
+    archivistico.removeAll(QStringLiteral("ancora"));
+    archivistico << QStringLiteral("Zeta") << QStringLiteral("ancora");
+
+    frmStrutturaCD f;
+    const ModelloAlbero& m = f.Modello();
+    QVERIFY(f.Ord[1]->isChecked());
+    QCOMPARE(TestiFigli(m, m.Trova(ist)), archivistico);
+    f.Ord[0]->setChecked(true);
+    QCOMPARE(TestiFigli(m, m.Trova(ist)), NomiInOrdineItaliano);
+    f.Ord[1]->setChecked(true);
+    QCOMPARE(TestiFigli(m, m.Trova(ist)), archivistico);
+}
+
+void TestStrutturaCD::iFigliDellaRadiceEUnNuovoIstitutoSiOrdinanoAllItaliana() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    for (qsizetype i = NomiInOrdineItaliano.size() - 1; i >= 0; --i) {
+        a.Crea("01", NomiInOrdineItaliano[i]);
+    }
+    frmStrutturaCD f;
+    const ModelloAlbero& m = f.Modello();
+    QCOMPARE(TestiFigli(m, m.Radice()), NomiInOrdineItaliano);
+    // One made by Conferma takes its place among its brothers.
+    f.cmdNuovoIst->click();
+    CompilaIstituto(f.fraIstituto, QStringLiteral("Àbaco"));
+    f.cmdConferma->click();
+    QCOMPARE(f.sStato, QStringLiteral("mostra"));
+    QCOMPARE(TestiFigli(m, m.Radice()),
+             QStringList{QStringLiteral("Àbaco")} + NomiInOrdineItaliano);
 }
 
 void TestStrutturaCD::unOrfanoDaErroreU5ELasciaIlCaricato() {

@@ -198,6 +198,26 @@ void TestTabellionSql::creaUnDatabaseNuovoDalloSchema() {
         QVERIFY(config.next());
         QCOMPARE(config.value(0).toString(), QStringLiteral("DEMO"));
         QCOMPARE(config.value(1).toDouble(), 4.0);
+        // Names in the Italian order: case and accents after the letters.
+        QSqlQuery nomi = connessione->Esegui(
+            QStringLiteral("SELECT Nome FROM (SELECT 'Zeta' AS Nome UNION ALL SELECT 'Èrba' "
+                           "UNION ALL SELECT 'archivio' UNION ALL SELECT 'Erba' UNION ALL "
+                           "SELECT 'erba') AS N ORDER BY ") +
+            connessione->InOrdineAlfabetico(QStringLiteral("Nome")));
+        QStringList ordinati;
+        while (nomi.next())
+            ordinati.append(nomi.value(0).toString());
+        QCOMPARE(ordinati, (QStringList{QStringLiteral("archivio"), QStringLiteral("erba"),
+                                        QStringLiteral("Erba"), QStringLiteral("Èrba"),
+                                        QStringLiteral("Zeta")}));
+        if (backend == TipoBackend::PostgreSQL) {
+            QSqlQuery collazione = connessione->Esegui(
+                QStringLiteral("SELECT datlocprovider, daticulocale FROM pg_database "
+                               "WHERE datname = current_database()"));
+            QVERIFY(collazione.next());
+            QCOMPARE(collazione.value(0).toString(), QStringLiteral("i"));
+            QCOMPARE(collazione.value(1).toString(), QStringLiteral("it-IT"));
+        }
     }
     const StringaConnessione letta = StringaConnessione::Leggi(stringa);
     Connessione::BackendDi(letta).EliminaDatabase(letta);

@@ -92,6 +92,16 @@ QList<GruppoAlbero> frmStrutturaCD::Gruppi(const QString& sOrdine) {
              QStringLiteral("nolink"), false, true, false}};
 }
 
+QString frmStrutturaCD::OrdineAlfabetico() {
+    const QString sColonna = QStringLiteral("ELEM_Denominazione");
+    return Sessione::cnn ? Sessione::cnn->InOrdineAlfabetico(sColonna) : sColonna;
+}
+
+QString frmStrutturaCD::OrdineArchivistico() {
+    return QStringLiteral("CASE WHEN CD_Ordinamento IS NULL THEN 0 ELSE 1 END, CD_Ordinamento, ") +
+           OrdineAlfabetico();
+}
+
 QString frmStrutturaCD::OrdineDi(int iOpzione) const {
     return iOpzione == 0 ? OrdineAlfabetico() : OrdineArchivistico();
 }

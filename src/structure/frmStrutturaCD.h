@@ -47,11 +47,11 @@ public:
     void cmdAnnulla_Click();
     void cmdCancella_Click();
 
-    // The ORDER BY tails of the two options.
-    static QString OrdineAlfabetico() { return QStringLiteral("ELEM_Denominazione"); }
-    static QString OrdineArchivistico() {
-        return QStringLiteral("CD_Ordinamento, ELEM_Denominazione");
-    }
+    // The ORDER BY tails of the two options: names in the Italian order (case and accents) on
+    // every server, and in "Archivistico" a complesso without Ordinamento before the numbered
+    // ones (which PostgreSQL would put last).
+    static QString OrdineAlfabetico();
+    static QString OrdineArchivistico();
     // The two groups of the tree with that tail of the ORDER BY for the complessi.
     static QList<GruppoAlbero> Gruppi(const QString& sOrdine);
 
