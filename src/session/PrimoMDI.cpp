@@ -333,6 +333,7 @@ void PrimoMDI::Form_Activate() {
             piattaforma().TerminaProcesso();
             return;
         }
+        Sessione::ChiudiConnessioneAllUscita();
 
         for (const char* nome :
              {"mnuComplessiDoc", "mnuInventari", "mnuRegistro", "mnuSoggetti", "mnuStrumenti",
@@ -399,9 +400,6 @@ void PrimoMDI::closeEvent(QCloseEvent* evento) {
     // However the main form is closed, the session's connection closes with it.
     Scarica();
     mdiArea->closeAllSubWindows();
-    if (Sessione::cnn) {
-        Sessione::cnn->Chiudi();
-        Sessione::cnn.reset();
-    }
+    Sessione::ChiudiConnessione();
     QMainWindow::closeEvent(evento);
 }

@@ -6,17 +6,29 @@
 #include <QCoreApplication>
 #include <QDir>
 
+#include <cstdlib>
+
 namespace Sessione {
 
 namespace {
 QString sCartella;
 }
 
-void Azzera() {
+void ChiudiConnessione() {
     if (cnn) {
         cnn->Chiudi();
     }
     cnn.reset();
+}
+
+void ChiudiConnessioneAllUscita() {
+    // Functions given to atexit run before the destructors of the statics made before them.
+    static const bool bRegistrata = std::atexit([] { ChiudiConnessione(); }) == 0;
+    Q_UNUSED(bRegistrata)
+}
+
+void Azzera() {
+    ChiudiConnessione();
     sConnessione.clear();
     bIstituto = false;
     sServer.clear();

@@ -79,6 +79,15 @@ inline const QString TitoloProgramma = QStringLiteral("Tabellion Archivista");
 // Every value back to its state at process start; the connection is closed.
 void Azzera();
 
+// Closes the session's connection, if there is one, and lets it go. It must run while Qt's SQL
+// layer still lives: the end of the event loop, whatever its road, comes through here.
+void ChiudiConnessione();
+
+// Has ChiudiConnessione run also when the process ends through exit() without leaving its event
+// loop (Qt ends it so when its display goes away). Called once the connection is open: the
+// closing then comes before the C++ runtime takes down what Qt's SQL layer made for it.
+void ChiudiConnessioneAllUscita();
+
 // The program folder: TABELLION_CARTELLA if set, else the executable's own folder. Resolved
 // once, at the first call after start or after Azzera().
 QString CartellaProgramma();
