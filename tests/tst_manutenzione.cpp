@@ -188,6 +188,8 @@ private Q_SLOTS:
     void unaDataVuotaLasciaQuellaSalvata();
     void lasciareUnValoreNonNumericoDaValoreErrato();
     void lasciareUnaDataNonValidaDaDataErrata();
+    void lasciareLaDataVuotaDaDataErrataEConfermaTieneQuellaSalvata_data() { AggiungiBackend(); }
+    void lasciareLaDataVuotaDaDataErrataEConfermaTieneQuellaSalvata();
     void unValoreErratoArrivatoAConfermaDaErroreZ1ENonCambiaNulla_data();
     void unValoreErratoArrivatoAConfermaDaErroreZ1ENonCambiaNulla();
 
@@ -534,6 +536,8 @@ void TestManutenzione::lasciareUnValoreNonNumericoDaValoreErrato() {
     auto* txtValore = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtValore"));
     auto* txtData = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtData"));
     QVERIFY(txtValore->hasFocus());
+    // A good date, so that passing through its box says nothing.
+    txtData->setText(QStringLiteral("01/01/2024"));
     // A good number, thousands point and decimal comma, passes without a word.
     txtValore->setText(QStringLiteral("1.234,5"));
     txtData->setFocus();
@@ -558,9 +562,9 @@ void TestManutenzione::lasciareUnaDataNonValidaDaDataErrata() {
     Controllo<QPushButton>(&dialogo, QStringLiteral("cmdCambiaV"))->click();
     auto* txtValore = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtValore"));
     auto* txtData = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtData"));
-    // An empty date is no wrong one: it keeps the stored date.
+    // A good date passes without a word.
     txtData->setFocus();
-    txtData->clear();
+    txtData->setText(QStringLiteral("29/02/2024"));
     txtValore->setFocus();
     QVERIFY(seam->Messaggi().isEmpty());
     txtData->setFocus();
@@ -570,6 +574,38 @@ void TestManutenzione::lasciareUnaDataNonValidaDaDataErrata() {
                         QStringLiteral("Data errata"));
     QCOMPARE(seam->Messaggi()[0].sTesto, QStringLiteral("Data errata"));
     QCOMPARE(txtData->text(), QStringLiteral("31/02/2024"));
+}
+
+void TestManutenzione::lasciareLaDataVuotaDaDataErrataEConfermaTieneQuellaSalvata() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Apri(backend);
+    Sessione::cnn->Esegui(QStringLiteral("UPDATE Config SET Valore = ?, DataValore = ?"),
+                          {10.0, QStringLiteral("15/03/2020")});
+    frmValore dialogo;
+    dialogo.show();
+    dialogo.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&dialogo));
+    Controllo<QPushButton>(&dialogo, QStringLiteral("cmdCambiaV"))->click();
+    auto* txtValore = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtValore"));
+    auto* txtData = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtData"));
+    // An emptied box is no date: leaving it says so, as for any text that is not one.
+    txtData->setFocus();
+    txtData->setText(QStringLiteral("  "));
+    txtValore->setFocus();
+    VerificaUnMessaggio(QStringLiteral("Attenzione"), Icona::Informazione,
+                        QStringLiteral("Data errata"));
+    QCOMPARE(seam->Messaggi()[0].sTesto, QStringLiteral("Data errata"));
+    QCOMPARE(txtData->text(), QStringLiteral("  "));
+    QVERIFY(txtValore->hasFocus());
+    // The message is all: Conferma stores the value and keeps the stored date.
+    txtValore->setText(QStringLiteral("12,5"));
+    Controllo<QPushButton>(&dialogo, QStringLiteral("cmdConferma"))->click();
+    QCOMPARE(seam->Messaggi().size(), 1);
+    QCOMPARE(Valore(*Sessione::cnn, QStringLiteral("SELECT Valore FROM Config")).toDouble(), 12.5);
+    QCOMPARE(Valore(*Sessione::cnn, QStringLiteral("SELECT DataValore FROM Config")).toString(),
+             QStringLiteral("15/03/2020"));
+    QCOMPARE(txtData->text(), QStringLiteral("15/03/2020"));
 }
 
 void TestManutenzione::unValoreErratoArrivatoAConfermaDaErroreZ1ENonCambiaNulla_data() {

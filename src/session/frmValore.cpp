@@ -164,9 +164,9 @@ void frmValore::txtValore_LostFocus() {
 }
 
 void frmValore::txtData_LostFocus() {
-    // An empty box is no wrong date: it keeps the stored one.
-    const QString sData = txtData->text().trimmed();
-    if (!sData.isEmpty() && !IsDate(sData)) {
+    // An emptied box is no date either, and is told so like any other; at Conferma it keeps
+    // the stored date all the same.
+    if (!IsDate(txtData->text())) {
         MsgBox(QStringLiteral("Data errata"), Pulsanti::Ok, Icona::Informazione,
                QStringLiteral("Attenzione"));
     }
