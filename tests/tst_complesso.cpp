@@ -8,6 +8,7 @@
 #include "session/Conversioni.h"
 #include "session/Sessione.h"
 #include "store/ArchivioElementi.h"
+#include "store/Backend.h"
 #include "store/Connessione.h"
 
 #include "BancaDatiProva.h"
@@ -221,6 +222,8 @@ private Q_SLOTS:
     void unErroreNelSalvaSiMostraCriticoSenzaTitoloEBloccaICampi();
     void salvaSenzaRigaDiDettaglioNonScriveNullaENonDiceNulla_data() { AggiungiBackend(); }
     void salvaSenzaRigaDiDettaglioNonScriveNullaENonDiceNulla();
+    void salvaSenzaRigaDiDettaglioLasciaLEditoreComeDopoMostra_data() { AggiungiBackend(); }
+    void salvaSenzaRigaDiDettaglioLasciaLEditoreComeDopoMostra();
     void altreDenominazioniApreLaFinestraInModoCDEColoraIlPulsante_data() { AggiungiBackend(); }
     void altreDenominazioniApreLaFinestraInModoCDEColoraIlPulsante();
     void iPulsantiDeiFigliSiAccendonoInMostraESiSpengonoInModifica_data() { AggiungiBackend(); }
@@ -990,6 +993,36 @@ void TestComplesso::salvaSenzaRigaDiDettaglioNonScriveNullaENonDiceNulla() {
     QCOMPARE(Testo(&editore, 0), QString());
     QVERIFY(!editore.OkModifica);
     QVERIFY(!editore.OkCancella);
+    QCOMPARE(editore.ID_Istituto, 0L);
+}
+
+void TestComplesso::salvaSenzaRigaDiDettaglioLasciaLEditoreComeDopoMostra() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("02", QStringLiteral("Fondo"), istituto);
+    ucComplesso editore;
+    editore.Init(false, nullptr);
+    editore.Mostra(id);
+    QVERIFY(editore.OkModifica && editore.OkCancella && editore.OkNuovoComplesso);
+    QCOMPARE(editore.ID_Istituto, ambiente.IdIstituto(istituto));
+    editore.Modifica();
+    QVERIFY(Riga(&editore, 0)->isEnabled());
+    // The detail row goes while the record is being edited.
+    const Backend& server = Sessione::cnn->backend();
+    server.SospendiTrigger(Sessione::cnn->Db(), QStringLiteral("ComplessiDoc"));
+    Sessione::cnn->Esegui(QStringLiteral("DELETE FROM ComplessiDoc WHERE ID_Elemento = ?"),
+                          {Id(id)});
+    server.RiattivaTrigger(Sessione::cnn->Db(), QStringLiteral("ComplessiDoc"));
+
+    editore.Salva(id);
+    // As after Mostra of a record that is not there: locked, and nothing may be done with it.
+    QCOMPARE(ambiente.seam.Messaggi().size(), 0);
+    QVERIFY(!Riga(&editore, 0)->isEnabled());
+    QVERIFY(!editore.OkModifica);
+    QVERIFY(!editore.OkCancella);
+    QVERIFY(!editore.OkNuovoComplesso);
     QCOMPARE(editore.ID_Istituto, 0L);
 }
 

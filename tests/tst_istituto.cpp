@@ -178,6 +178,8 @@ private Q_SLOTS:
     void unErroreNelControlloDiPubblicazioneSiMostraComeErroreU2();
     void salvaSenzaRigaDiDettaglioNonScriveNullaENonDiceNulla_data() { AggiungiBackend(); }
     void salvaSenzaRigaDiDettaglioNonScriveNullaENonDiceNulla();
+    void salvaSenzaRigaDiDettaglioLasciaLEditoreComeDopoMostra_data() { AggiungiBackend(); }
+    void salvaSenzaRigaDiDettaglioLasciaLEditoreComeDopoMostra();
     void unIstitutoSiCreaMostraModificaESalvaAttraversoLOspite_data() { AggiungiBackend(); }
     void unIstitutoSiCreaMostraModificaESalvaAttraversoLOspite();
 };
@@ -791,6 +793,38 @@ void TestIstituto::salvaSenzaRigaDiDettaglioNonScriveNullaENonDiceNulla() {
                          {Id(id)})
                  .toString(),
              QStringLiteral("Senza dettaglio"));
+}
+
+void TestIstituto::salvaSenzaRigaDiDettaglioLasciaLEditoreComeDopoMostra() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    Sessione::bIstituto = false;
+    const long id = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("02"));
+    ucIstituto editore;
+    editore.Init();
+    editore.Mostra(id);
+    QVERIFY(editore.OkModifica && editore.OkCancella && editore.OkNuovoComplesso);
+    editore.Modifica();
+    QVERIFY(Riga(&editore, 0)->isEnabled());
+    // The detail row goes while the record is being edited.
+    const Backend& server = Sessione::cnn->backend();
+    server.SospendiTrigger(Sessione::cnn->Db(), QStringLiteral("Istituti"));
+    Sessione::cnn->Esegui(QStringLiteral("DELETE FROM Istituti WHERE ID_Elemento = ?"), {Id(id)});
+    server.RiattivaTrigger(Sessione::cnn->Db(), QStringLiteral("Istituti"));
+
+    editore.Salva(id);
+    // As after Mostra of a record that is not there: locked, and nothing may be done with it.
+    QVERIFY(ambiente.seam.Messaggi().isEmpty());
+    QVERIFY(!Riga(&editore, 0)->isEnabled());
+    QVERIFY(!Combo(&editore, "cmbTipologiaIS")->isEnabled());
+    QVERIFY(!editore.OkModifica);
+    QVERIFY(!editore.OkCancella);
+    QVERIFY(!editore.OkNuovoComplesso);
+    QVERIFY(!editore.OkNuovoInventario);
+    QVERIFY(!editore.OkNuovoVersamento);
+    QCOMPARE(editore.OkNuovoIstituto, Sessione::bIstituto);
+    QCOMPARE(editore.ID_Istituto, 0L);
 }
 
 void TestIstituto::unIstitutoSiCreaMostraModificaESalvaAttraversoLOspite() {

@@ -503,8 +503,11 @@ void ucComplesso::Salva(long IDElem) {
         const Connessione& cnn = *Sessione::cnn;
         QSqlQuery riga = cnn.Esegui(SqlSalva, {Id(IDElem)});
         if (!riga.next()) {
+            // No detail row: nothing written, nothing said; the editor is left as after Mostra
+            // of a record that is not there, locked and with the flags of a missing row.
+            LeggiStato(false, 0, true);
             BloccaCampiCD();
-            return; // no detail row: nothing written, nothing said
+            return;
         }
         const auto testo = [this](int n) {
             return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));

@@ -235,8 +235,13 @@ void ucIstituto::Salva(long IDElem) {
 
     const Connessione& cnn = *Sessione::cnn;
     QSqlQuery riga = cnn.Esegui(SqlSalva, {Id(IDElem)});
-    if (!riga.next())
-        return; // no detail row: nothing written, nothing said
+    if (!riga.next()) {
+        // No detail row: nothing written, nothing said; the editor is left as after Mostra of
+        // a record that is not there, locked and with the flags of a missing row.
+        LeggiStato(false, QString(), 0);
+        BloccaCampi();
+        return;
+    }
 
     QVariant codice = Colonna(QVariant());
     QVariant sigla = Colonna(QVariant());
