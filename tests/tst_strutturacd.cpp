@@ -196,6 +196,23 @@ bool CompilaComplesso(const QWidget* editore, const QString& nome, const QString
     return true;
 }
 
+// The database refuses every update of the table that writes the column: what the record's
+// Salva does, not what the insert of the element and its detail row does.
+void RifiutaAggiornamenti(const Ambiente& a, const QString& sTabella, const QString& sColonna) {
+    if (a.banca.Tipo() == TipoBackend::SQLite) {
+        a.cnn().Esegui(QStringLiteral("CREATE TRIGGER Rifiuta BEFORE UPDATE ON %1 "
+                                      "WHEN NEW.%2 IS NOT NULL "
+                                      "BEGIN SELECT RAISE(ABORT, 'Salvataggio rifiutato'); END")
+                           .arg(sTabella, sColonna));
+        return;
+    }
+    a.cnn().Esegui(QStringLiteral("CREATE FUNCTION rifiuta() RETURNS trigger LANGUAGE plpgsql "
+                                  "AS $$ BEGIN RAISE EXCEPTION 'Salvataggio rifiutato'; END $$"));
+    a.cnn().Esegui(QStringLiteral("CREATE TRIGGER Rifiuta BEFORE UPDATE ON %1 FOR EACH ROW "
+                                  "WHEN (NEW.%2 IS NOT NULL) EXECUTE FUNCTION rifiuta()")
+                       .arg(sTabella, sColonna));
+}
+
 } // namespace
 
 class TestStrutturaCD : public QObject {
@@ -219,6 +236,8 @@ private Q_SLOTS:
     void unNuovoIstitutoSottoLaRadiceSiSalvaESiMostra();
     void unControlloObbligatorioFallitoLasciaIlNodoTemporaneoELoStato_data() { AggiungiBackend(); }
     void unControlloObbligatorioFallitoLasciaIlNodoTemporaneoELoStato();
+    void unSalvaFallitoDopoLaRigaDiElementiFaIlNodoENonUnSecondoElemento_data();
+    void unSalvaFallitoDopoLaRigaDiElementiFaIlNodoENonUnSecondoElemento();
     void annullaInNuovoLasciaLAlberoComEraEMostraIlPadre_data() { AggiungiBackend(); }
     void annullaInNuovoLasciaLAlberoComEraEMostraIlPadre();
     void unNuovoComplessoSottoUnComplessoHaQuelPadre_data() { AggiungiBackend(); }
@@ -468,6 +487,71 @@ void TestStrutturaCD::unControlloObbligatorioFallitoLasciaIlNodoTemporaneoELoSta
     QVERIFY(!f.tvwDB->isEnabled());
     QVERIFY(!f.cmdConferma->isHidden());
     QCOMPARE(a.Righe("Elementi"), 0);
+}
+
+void TestStrutturaCD::unSalvaFallitoDopoLaRigaDiElementiFaIlNodoENonUnSecondoElemento_data() {
+    QTest::addColumn<TipoBackend>("backend");
+    QTest::addColumn<bool>("bComplesso");
+    for (const auto& [nome, tipo] : {std::pair{"sqlite", TipoBackend::SQLite},
+                                     std::pair{"postgresql", TipoBackend::PostgreSQL}}) {
+        QTest::newRow(qPrintable(QStringLiteral("%1 istituto").arg(QLatin1String(nome))))
+            << tipo << false;
+        QTest::newRow(qPrintable(QStringLiteral("%1 complesso").arg(QLatin1String(nome))))
+            << tipo << true;
+    }
+}
+
+void TestStrutturaCD::unSalvaFallitoDopoLaRigaDiElementiFaIlNodoENonUnSecondoElemento() {
+    QFETCH(TipoBackend, backend);
+    QFETCH(bool, bComplesso);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = bComplesso ? a.Crea("01", QStringLiteral("Archivio")) : 0;
+    const QString sTipologia = bComplesso ? QStringLiteral("02") : QStringLiteral("01");
+    const QString sNome = bComplesso ? QStringLiteral("Archivio Guinigi")
+                                     : QStringLiteral("Archivio di Stato di Lucca");
+    // The element and its detail row are made; the record's own writing is refused.
+    if (bComplesso) {
+        RifiutaAggiornamenti(a, QStringLiteral("ComplessiDoc"),
+                             QStringLiteral("DescrizioneEstremi"));
+    } else {
+        RifiutaAggiornamenti(a, QStringLiteral("Istituti"), QStringLiteral("Telefono"));
+    }
+    frmStrutturaCD f;
+    if (bComplesso) {
+        Scegli(f, ist);
+        f.cmdNuovoCD->click();
+        QVERIFY(CompilaComplesso(f.fraComplesso, sNome, QStringLiteral("3")));
+    } else {
+        f.cmdNuovoIst->click();
+        CompilaIstituto(f.fraIstituto, sNome);
+    }
+    f.cmdConferma->click();
+
+    // The failure is told, and goes no further: the window is back in "mostra" on the new node.
+    QCOMPARE(a.piattaforma.Messaggi().size(), 1);
+    QCOMPARE(a.piattaforma.Messaggi().at(0).icona, Icona::Critica);
+    QVERIFY(
+        a.piattaforma.Messaggi().at(0).sTesto.contains(QStringLiteral("Salvataggio rifiutato")));
+    QCOMPARE(f.sStato, QStringLiteral("mostra"));
+    QVERIFY(f.cmdConferma->isHidden());
+    QVERIFY(f.tvwDB->isEnabled());
+    QVERIFY(!f.Modello().Trova(ModelloAlbero::IdTemporaneo).isValid());
+
+    // One row of Elementi, with the name typed, and its node.
+    QSqlQuery righe = a.cnn().Esegui(
+        QStringLiteral("SELECT ID_Elemento, Denominazione FROM Elementi WHERE Tipologia = ?"),
+        {sTipologia});
+    QVERIFY(righe.next());
+    const qint64 id = righe.value(0).toLongLong();
+    QCOMPARE(righe.value(1).toString(), sNome);
+    QVERIFY(righe.value(1).toString() != QString(10, u' '));
+    QVERIFY(!righe.next());
+    QCOMPARE(Selezionato(f), id);
+    QCOMPARE(f.Modello().Testo(f.tvwDB->currentIndex()), sNome);
+    const QWidget* editore =
+        bComplesso ? static_cast<QWidget*>(f.fraComplesso) : static_cast<QWidget*>(f.fraIstituto);
+    QVERIFY(!Riga(editore, 0)->isEnabled());
 }
 
 void TestStrutturaCD::annullaInNuovoLasciaLAlberoComEraEMostraIlPadre() {

@@ -248,6 +248,26 @@ void frmStrutturaCD::ModificaComplesso() {
 // ---------------------------------------------------------------------------------------------
 // Conferma
 
+namespace {
+
+// Salva of an editor, once the row of Elementi is there: a failure is shown and goes no further.
+// The row stands, the node is made, and the editor is locked as after a save.
+void SalvaEditore(EditoreRecord& editore, long lIdElemento) {
+    QString sTesto;
+    try {
+        editore.Salva(lIdElemento);
+        return;
+    } catch (const Errore& errore) {
+        sTesto = errore.testo();
+    } catch (const std::exception& errore) {
+        sTesto = QString::fromUtf8(errore.what());
+    }
+    MsgBox(sTesto, Pulsanti::Ok, Icona::Critica);
+    editore.Annulla();
+}
+
+} // namespace
+
 long frmStrutturaCD::AggiungiElemento(const QString& sDenominazione, const QString& sTipologia,
                                       long lIdPadre) {
     return ArchivioElementi::Crea(*Sessione::cnn, sTipologia, sDenominazione, lIdPadre);
@@ -261,7 +281,7 @@ bool frmStrutturaCD::SalvaIstituto() {
                      ? AggiungiElemento(fraIstituto->LeggiDenominazione(), TagIstituto,
                                         static_cast<long>(lIdCorrente))
                      : static_cast<long>(lIdCorrente);
-    fraIstituto->Salva(lIdSalvato);
+    SalvaEditore(*fraIstituto, lIdSalvato);
     PulsantiDaIstituto();
     return true;
 }
@@ -274,7 +294,7 @@ bool frmStrutturaCD::SalvaComplesso() {
                      ? AggiungiElemento(fraComplesso->LeggiDenominazione(), TagComplesso,
                                         static_cast<long>(lIdCorrente))
                      : static_cast<long>(lIdCorrente);
-    fraComplesso->Salva(lIdSalvato);
+    SalvaEditore(*fraComplesso, lIdSalvato);
     PulsantiDaComplesso();
     return true;
 }
@@ -285,7 +305,8 @@ void frmStrutturaCD::cmdConferma_Click() {
     try {
         bSalvato = bComplesso ? SalvaComplesso() : SalvaIstituto();
     } catch (const Errore& errore) {
-        // The row of Elementi could not be written: the edit goes on.
+        // The row of Elementi could not be written (a failure of Salva does not come here):
+        // the edit goes on.
         MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica);
         return;
     }
