@@ -196,6 +196,15 @@ bool CompilaComplesso(const QWidget* editore, const QString& nome, const QString
     return true;
 }
 
+// True when the whole text of a line box shows: the room inside its frame holds the text.
+bool TestoIntero(const QLineEdit* riga) {
+    const int cornice = riga->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, riga);
+    const QMargins margini = riga->textMargins();
+    // Two pixels of the box's own margin on either side.
+    const int spazio = riga->width() - 2 * cornice - 2 * 2 - margini.left() - margini.right();
+    return spazio >= riga->fontMetrics().horizontalAdvance(riga->text());
+}
+
 // The database refuses every update of the table that writes the column: what the record's
 // Salva does, not what the insert of the element and its detail row does.
 void RifiutaAggiornamenti(const Ambiente& a, const QString& sTabella, const QString& sColonna) {
@@ -252,6 +261,7 @@ private Q_SLOTS:
     void cancellaUnComplessoConFigliDaErroreT4ELasciaIlNodo();
     void laStradaCompletaDalMenu_data() { AggiungiBackend(); }
     void laStradaCompletaDalMenu();
+    void laDenominazioneSiLeggeInteraEAllargaConLaCornice();
 };
 
 void TestStrutturaCD::unDatabaseVuotoMostraLaSolaRadiceEIFlagDellaRadice() {
@@ -710,6 +720,50 @@ void TestStrutturaCD::cancellaUnComplessoConFigliDaErroreT4ELasciaIlNodo() {
     QVERIFY(f.Modello().Trova(fondo).isValid());
     QVERIFY(f.Modello().Trova(serie).isValid());
     QCOMPARE(a.Righe("ComplessiDoc"), 2);
+}
+
+void TestStrutturaCD::laDenominazioneSiLeggeInteraEAllargaConLaCornice() {
+    Ambiente a(TipoBackend::SQLite);
+    const long ist = a.Crea("01", QStringLiteral("Archivio di Stato di Lucca"));
+    const long fondo = a.Crea("02", QStringLiteral("Archivio Guinigi"), ist);
+    a.cartella.ScriviSito(a.banca.Testa(), a.banca.Server(), a.banca.Database(),
+                          QStringLiteral("I"));
+    Sessione::cnn.reset();
+    auto principale = std::make_unique<PrimoMDI>();
+    QVERIFY(AvviaSessione(*principale, a.banca));
+    principale->findChild<QAction*>(QStringLiteral("mnuComplessiDoc"))->trigger();
+    QPointer<frmStrutturaCD> f = principale->findChild<frmStrutturaCD*>();
+    QVERIFY(f);
+    const auto assesta = [] {
+        for (int i = 0; i < 3; ++i) {
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+            QCoreApplication::processEvents();
+        }
+    };
+
+    // At the size the frame has in the window opened from the menu, each editor's denomination
+    // shows whole.
+    Scegli(*f, ist);
+    assesta();
+    QLineEdit* istituto = Riga(f->fraIstituto, 0);
+    QCOMPARE(istituto->text(), QStringLiteral("Archivio di Stato di Lucca"));
+    QVERIFY2(TestoIntero(istituto), qPrintable(QString::number(istituto->width())));
+    Scegli(*f, fondo);
+    assesta();
+    QLineEdit* complesso = Riga(f->fraComplesso, 0);
+    QCOMPARE(complesso->text(), QStringLiteral("Archivio Guinigi"));
+    QVERIFY2(TestoIntero(complesso), qPrintable(QString::number(complesso->width())));
+    // The box takes the width that its editor has: no narrower than the boxes of the tab below.
+    const QLineEdit* estremi = Riga(f->fraComplesso, 8);
+    QVERIFY(estremi->isVisible());
+    QVERIFY(complesso->width() >= estremi->width());
+
+    // A wider frame, a wider box.
+    const int prima = complesso->width();
+    principale->resize(principale->width() + 300, principale->height());
+    assesta();
+    QVERIFY2(complesso->width() >= prima + 100,
+             qPrintable(QStringLiteral("%1 -> %2").arg(prima).arg(complesso->width())));
 }
 
 void TestStrutturaCD::laStradaCompletaDalMenu() {

@@ -20,6 +20,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSqlQuery>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -279,17 +280,22 @@ void ucComplesso::CostruisciForm() {
     d->Timer[0]->start();
     d->Timer[1]->start();
 
-    // On screen: the denomination, the sorting code and the identifier above the tabs.
+    // On screen: the denomination, the sorting code and the identifier above the tabs. The
+    // denomination takes the whole width of the record; the sorting code, four digits, only
+    // what they need, with the identifier beside it.
     auto* colonna = new QVBoxLayout(this);
     auto* testa = new QGridLayout;
     lbl0->setBuddy(txt0);
     lbl28->setBuddy(txt28);
     testa->addWidget(lbl0, 0, 0);
-    testa->addWidget(txt0, 0, 1);
-    testa->addWidget(lbl28, 0, 2);
-    testa->addWidget(txt28, 0, 3);
-    testa->addWidget(d->lbCodice, 1, 1, 1, 3);
-    testa->setColumnStretch(1, 1);
+    testa->addWidget(txt0, 0, 1, 1, 2);
+    testa->addWidget(lbl28, 1, 0);
+    testa->addWidget(txt28, 1, 1);
+    testa->addWidget(d->lbCodice, 1, 2);
+    testa->setColumnStretch(2, 1);
+    const int iCornice = txt28->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, txt28);
+    txt28->setFixedWidth(txt28->fontMetrics().horizontalAdvance(QStringLiteral("00000")) +
+                         2 * (iCornice + 2));
     colonna->addLayout(testa);
 
     d->SSTab1 = new QTabWidget(this);
