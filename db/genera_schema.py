@@ -20,9 +20,13 @@ of each generated script):
   Inventari.NumeroComplessi the complessi linked to it; Inventari.NumeroPergamene,
   NumeroDatiInventariali, NumeroSigilli the rows with its ID_Inventario. Never Null.
 - ComplessiDoc.Valore = Quantita * KConservazione * KPeriodo * KSupporto * KRilevanza * KRarita;
-  QuantitaFigli, MetriLineariFigli, ValoreFigli sum each child complesso's own figure and its
-  carried-up one (the whole subtree); DataInizioFigli/DataFineFigli span the children's dates
-  and carried-up dates. Kept current up the chain of ancestors on insert, update and delete.
+  QuantitaFigli, MetriLineariFigli, ValoreFigli sum what the direct child complessi bring: each
+  child its own figure when it has one (not Null and not 0), otherwise the figure it carries up.
+  A level's own Quantita is the total of the level, so a level whose children declare theirs is
+  compared with exactly those totals, and levels that declare nothing pass their children's
+  figures on up. DataInizioFigli/DataFineFigli span the children's dates and carried-up dates
+  (the whole subtree). Kept current up the chain of ancestors on insert, update and delete; a
+  change stops climbing at the first ancestor whose share of its own parent stays the same.
 - ISAD_Nazione is 'IT'; ISAD_Codice/ISAD_Sigla of a complesso are those of its institute; of a
   producer those of the site's first top-level institute that has a code.
 - ID_Istituto of complessi, inventari and versamenti: the nearest institute above them.
@@ -591,14 +595,21 @@ CONTATORI_SPOSTAMENTO = {
     'DatiInventariali': ('Inventari', 'NumeroDatiInventariali', 'ID_Inventario'),
 }
 
+
+def apporto(riga, figura):
+    """What a complesso (riga: F, OLD or NEW) brings to its parent's figure: its own figure
+    when it has one, not Null and not 0, otherwise the figure it carries up."""
+    return 'COALESCE(NULLIF(%s.%s, 0), %s.%sFigli, 0)' % (riga, figura, riga, figura)
+
+
+SOMMATE = ['Quantita', 'MetriLineari', 'Valore']
+
 # The carried-up figures of a complesso's parent, from its direct child complessi, in one
 # pass over the children.
 RICALCOLA_PADRE = (
     'UPDATE ComplessiDoc SET (QuantitaFigli, MetriLineariFigli, ValoreFigli, DataInizioFigli, '
     'DataFineFigli) = (SELECT '
-    'COALESCE(SUM(COALESCE(F.Quantita, 0) + COALESCE(F.QuantitaFigli, 0)), 0), '
-    'COALESCE(SUM(COALESCE(F.MetriLineari, 0) + COALESCE(F.MetriLineariFigli, 0)), 0), '
-    'COALESCE(SUM(COALESCE(F.Valore, 0) + COALESCE(F.ValoreFigli, 0)), 0), '
+    + ''.join('COALESCE(SUM(%s), 0), ' % apporto('F', f) for f in SOMMATE) +
     '{MIN2(MIN(F.DataInizio)|MIN(F.DataInizioFigli))}, '
     '{MAX2(MAX(F.DataFine)|MAX(F.DataFineFigli))} '
     'FROM Elementi E JOIN ComplessiDoc F ON F.ID_Elemento = E.ID_Elemento '
@@ -666,9 +677,14 @@ trigger('Istituti_Codici', 'Istituti', 'AFTER', 'UPDATE', [
 trigger('ComplessiDoc_Valore', 'ComplessiDoc', 'AFTER', 'UPDATE', [
     ('sql', 'UPDATE ComplessiDoc SET Valore = %s WHERE ID_ComplessoDoc = NEW.ID_ComplessoDoc' % VALORE),
 ], colonne=K, condizione=' OR '.join('OLD.%s IS DISTINCT FROM NEW.%s' % (k, k) for k in K))
+# The parent is derived again only when what this complesso brings to it has changed, so a
+# change deep down stops at the first level that declares its own figures and dates.
 trigger('ComplessiDoc_Riporto', 'ComplessiDoc', 'AFTER', 'UPDATE', [
     ('sql', RICALCOLA_PADRE % PADRE_NEW),
-], colonne=FIGURE, condizione=' OR '.join('OLD.%s IS DISTINCT FROM NEW.%s' % (f, f) for f in FIGURE))
+], colonne=FIGURE, condizione=' OR '.join(
+    ['%s <> %s' % (apporto('OLD', f), apporto('NEW', f)) for f in SOMMATE]
+    + ['OLD.%s IS DISTINCT FROM NEW.%s' % (f, f)
+       for f in ('DataInizio', 'DataFine', 'DataInizioFigli', 'DataFineFigli')]))
 # A new complesso brings its figures to its parent (an import, say, gives them at once).
 trigger('ComplessiDoc_Riporto_Nuovo', 'ComplessiDoc', 'AFTER', 'INSERT', [
     ('sql', 'UPDATE ComplessiDoc SET Valore = %s WHERE ID_ComplessoDoc = NEW.ID_ComplessoDoc '
@@ -928,7 +944,7 @@ def crea_trigger_pg(tr: Trigger) -> str:
 
 
 def intestazione(d: Dialetto) -> str:
-    decisioni = __doc__.split('Decisions kept here')[1].split('\n', 1)[1].strip()
+    decisioni = __doc__.split('of each generated script):')[1].strip()
     return ('-- Tabellion Archivista: the schema of a site\'s database on %s, version 3.2 and later.\n'
             '-- Written by db/genera_schema.py: change that file and run it again, not this one.\n'
             '-- Run on an empty database, e.g.:\n'

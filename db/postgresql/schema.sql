@@ -5,7 +5,6 @@
 -- Names are unquoted, so any spelling of a table or column reaches it.
 --
 -- Decisions:
--- of each generated script):
 -- - Every generated key lies between Config.ID_Start and Config.ID_End. PostgreSQL: identity
 --   sequences bounded to that range (tabellion_allinea_chiavi() realigns them, also after an
 --   import and when the range changes). SQLite: the program's inserts take the next key of the
@@ -18,9 +17,13 @@
 --   Inventari.NumeroComplessi the complessi linked to it; Inventari.NumeroPergamene,
 --   NumeroDatiInventariali, NumeroSigilli the rows with its ID_Inventario. Never Null.
 -- - ComplessiDoc.Valore = Quantita * KConservazione * KPeriodo * KSupporto * KRilevanza * KRarita;
---   QuantitaFigli, MetriLineariFigli, ValoreFigli sum each child complesso's own figure and its
---   carried-up one (the whole subtree); DataInizioFigli/DataFineFigli span the children's dates
---   and carried-up dates. Kept current up the chain of ancestors on insert, update and delete.
+--   QuantitaFigli, MetriLineariFigli, ValoreFigli sum what the direct child complessi bring: each
+--   child its own figure when it has one (not Null and not 0), otherwise the figure it carries up.
+--   A level's own Quantita is the total of the level, so a level whose children declare theirs is
+--   compared with exactly those totals, and levels that declare nothing pass their children's
+--   figures on up. DataInizioFigli/DataFineFigli span the children's dates and carried-up dates
+--   (the whole subtree). Kept current up the chain of ancestors on insert, update and delete; a
+--   change stops climbing at the first ancestor whose share of its own parent stays the same.
 -- - ISAD_Nazione is 'IT'; ISAD_Codice/ISAD_Sigla of a complesso are those of its institute; of a
 --   producer those of the site's first top-level institute that has a code.
 -- - ID_Istituto of complessi, inventari and versamenti: the nearest institute above them.
@@ -1233,7 +1236,7 @@ BEGIN
     DELETE FROM Pergamene WHERE ID_Elemento = OLD.ID_Elemento;
     DELETE FROM Sigilli WHERE ID_Elemento = OLD.ID_Elemento;
     DELETE FROM DatiInventariali WHERE ID_Elemento = OLD.ID_Elemento;
-    UPDATE ComplessiDoc SET (QuantitaFigli, MetriLineariFigli, ValoreFigli, DataInizioFigli, DataFineFigli) = (SELECT COALESCE(SUM(COALESCE(F.Quantita, 0) + COALESCE(F.QuantitaFigli, 0)), 0), COALESCE(SUM(COALESCE(F.MetriLineari, 0) + COALESCE(F.MetriLineariFigli, 0)), 0), COALESCE(SUM(COALESCE(F.Valore, 0) + COALESCE(F.ValoreFigli, 0)), 0), LEAST(MIN(F.DataInizio), MIN(F.DataInizioFigli)), GREATEST(MAX(F.DataFine), MAX(F.DataFineFigli)) FROM Elementi E JOIN ComplessiDoc F ON F.ID_Elemento = E.ID_Elemento WHERE E.ID_ElementoPadre = ComplessiDoc.ID_Elemento) WHERE ID_Elemento = OLD.ID_ElementoPadre;
+    UPDATE ComplessiDoc SET (QuantitaFigli, MetriLineariFigli, ValoreFigli, DataInizioFigli, DataFineFigli) = (SELECT COALESCE(SUM(COALESCE(NULLIF(F.Quantita, 0), F.QuantitaFigli, 0)), 0), COALESCE(SUM(COALESCE(NULLIF(F.MetriLineari, 0), F.MetriLineariFigli, 0)), 0), COALESCE(SUM(COALESCE(NULLIF(F.Valore, 0), F.ValoreFigli, 0)), 0), LEAST(MIN(F.DataInizio), MIN(F.DataInizioFigli)), GREATEST(MAX(F.DataFine), MAX(F.DataFineFigli)) FROM Elementi E JOIN ComplessiDoc F ON F.ID_Elemento = E.ID_Elemento WHERE E.ID_ElementoPadre = ComplessiDoc.ID_Elemento) WHERE ID_Elemento = OLD.ID_ElementoPadre;
     RETURN NULL;
 END
 $$;
@@ -1286,7 +1289,7 @@ CREATE TRIGGER Istituti_Nome AFTER UPDATE OF Denominazione ON Istituti FOR EACH 
 
 CREATE FUNCTION tabellion_complessidoc_eliminazione() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN
-    UPDATE ComplessiDoc SET (QuantitaFigli, MetriLineariFigli, ValoreFigli, DataInizioFigli, DataFineFigli) = (SELECT COALESCE(SUM(COALESCE(F.Quantita, 0) + COALESCE(F.QuantitaFigli, 0)), 0), COALESCE(SUM(COALESCE(F.MetriLineari, 0) + COALESCE(F.MetriLineariFigli, 0)), 0), COALESCE(SUM(COALESCE(F.Valore, 0) + COALESCE(F.ValoreFigli, 0)), 0), LEAST(MIN(F.DataInizio), MIN(F.DataInizioFigli)), GREATEST(MAX(F.DataFine), MAX(F.DataFineFigli)) FROM Elementi E JOIN ComplessiDoc F ON F.ID_Elemento = E.ID_Elemento WHERE E.ID_ElementoPadre = ComplessiDoc.ID_Elemento) WHERE ID_Elemento = (SELECT ID_ElementoPadre FROM Elementi WHERE ID_Elemento = OLD.ID_Elemento);
+    UPDATE ComplessiDoc SET (QuantitaFigli, MetriLineariFigli, ValoreFigli, DataInizioFigli, DataFineFigli) = (SELECT COALESCE(SUM(COALESCE(NULLIF(F.Quantita, 0), F.QuantitaFigli, 0)), 0), COALESCE(SUM(COALESCE(NULLIF(F.MetriLineari, 0), F.MetriLineariFigli, 0)), 0), COALESCE(SUM(COALESCE(NULLIF(F.Valore, 0), F.ValoreFigli, 0)), 0), LEAST(MIN(F.DataInizio), MIN(F.DataInizioFigli)), GREATEST(MAX(F.DataFine), MAX(F.DataFineFigli)) FROM Elementi E JOIN ComplessiDoc F ON F.ID_Elemento = E.ID_Elemento WHERE E.ID_ElementoPadre = ComplessiDoc.ID_Elemento) WHERE ID_Elemento = (SELECT ID_ElementoPadre FROM Elementi WHERE ID_Elemento = OLD.ID_Elemento);
     DELETE FROM ComplessiDocDenominazioni WHERE ID_ComplessoDoc = OLD.ID_ComplessoDoc;
     DELETE FROM ComplessiDocSoggetti WHERE ID_ComplessoDoc = OLD.ID_ComplessoDoc;
     UPDATE RigheVersamento SET ID_ComplessoDoc = 0 WHERE ID_ComplessoDoc = OLD.ID_ComplessoDoc;
@@ -1570,8 +1573,8 @@ CREATE TRIGGER ComplessiDoc_Valore AFTER UPDATE OF Quantita, KConservazione, KPe
 
 CREATE FUNCTION tabellion_complessidoc_riporto() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN
-    IF OLD.Quantita IS DISTINCT FROM NEW.Quantita OR OLD.QuantitaFigli IS DISTINCT FROM NEW.QuantitaFigli OR OLD.MetriLineari IS DISTINCT FROM NEW.MetriLineari OR OLD.MetriLineariFigli IS DISTINCT FROM NEW.MetriLineariFigli OR OLD.Valore IS DISTINCT FROM NEW.Valore OR OLD.ValoreFigli IS DISTINCT FROM NEW.ValoreFigli OR OLD.DataInizio IS DISTINCT FROM NEW.DataInizio OR OLD.DataFine IS DISTINCT FROM NEW.DataFine OR OLD.DataInizioFigli IS DISTINCT FROM NEW.DataInizioFigli OR OLD.DataFineFigli IS DISTINCT FROM NEW.DataFineFigli THEN
-    UPDATE ComplessiDoc SET (QuantitaFigli, MetriLineariFigli, ValoreFigli, DataInizioFigli, DataFineFigli) = (SELECT COALESCE(SUM(COALESCE(F.Quantita, 0) + COALESCE(F.QuantitaFigli, 0)), 0), COALESCE(SUM(COALESCE(F.MetriLineari, 0) + COALESCE(F.MetriLineariFigli, 0)), 0), COALESCE(SUM(COALESCE(F.Valore, 0) + COALESCE(F.ValoreFigli, 0)), 0), LEAST(MIN(F.DataInizio), MIN(F.DataInizioFigli)), GREATEST(MAX(F.DataFine), MAX(F.DataFineFigli)) FROM Elementi E JOIN ComplessiDoc F ON F.ID_Elemento = E.ID_Elemento WHERE E.ID_ElementoPadre = ComplessiDoc.ID_Elemento) WHERE ID_Elemento = (SELECT ID_ElementoPadre FROM Elementi WHERE ID_Elemento = NEW.ID_Elemento);
+    IF COALESCE(NULLIF(OLD.Quantita, 0), OLD.QuantitaFigli, 0) <> COALESCE(NULLIF(NEW.Quantita, 0), NEW.QuantitaFigli, 0) OR COALESCE(NULLIF(OLD.MetriLineari, 0), OLD.MetriLineariFigli, 0) <> COALESCE(NULLIF(NEW.MetriLineari, 0), NEW.MetriLineariFigli, 0) OR COALESCE(NULLIF(OLD.Valore, 0), OLD.ValoreFigli, 0) <> COALESCE(NULLIF(NEW.Valore, 0), NEW.ValoreFigli, 0) OR OLD.DataInizio IS DISTINCT FROM NEW.DataInizio OR OLD.DataFine IS DISTINCT FROM NEW.DataFine OR OLD.DataInizioFigli IS DISTINCT FROM NEW.DataInizioFigli OR OLD.DataFineFigli IS DISTINCT FROM NEW.DataFineFigli THEN
+    UPDATE ComplessiDoc SET (QuantitaFigli, MetriLineariFigli, ValoreFigli, DataInizioFigli, DataFineFigli) = (SELECT COALESCE(SUM(COALESCE(NULLIF(F.Quantita, 0), F.QuantitaFigli, 0)), 0), COALESCE(SUM(COALESCE(NULLIF(F.MetriLineari, 0), F.MetriLineariFigli, 0)), 0), COALESCE(SUM(COALESCE(NULLIF(F.Valore, 0), F.ValoreFigli, 0)), 0), LEAST(MIN(F.DataInizio), MIN(F.DataInizioFigli)), GREATEST(MAX(F.DataFine), MAX(F.DataFineFigli)) FROM Elementi E JOIN ComplessiDoc F ON F.ID_Elemento = E.ID_Elemento WHERE E.ID_ElementoPadre = ComplessiDoc.ID_Elemento) WHERE ID_Elemento = (SELECT ID_ElementoPadre FROM Elementi WHERE ID_Elemento = NEW.ID_Elemento);
     END IF;
     RETURN NULL;
 END
@@ -1582,7 +1585,7 @@ CREATE FUNCTION tabellion_complessidoc_riporto_nuovo() RETURNS trigger LANGUAGE 
 BEGIN
     IF COALESCE(NEW.Quantita, 0) <> 0 OR COALESCE(NEW.QuantitaFigli, 0) <> 0 OR COALESCE(NEW.MetriLineari, 0) <> 0 OR COALESCE(NEW.MetriLineariFigli, 0) <> 0 OR COALESCE(NEW.Valore, 0) <> 0 OR COALESCE(NEW.ValoreFigli, 0) <> 0 OR COALESCE(NEW.DataInizio, 0) <> 0 OR COALESCE(NEW.DataFine, 0) <> 0 OR COALESCE(NEW.DataInizioFigli, 0) <> 0 OR COALESCE(NEW.DataFineFigli, 0) <> 0 OR COALESCE(NEW.KConservazione, 0) <> 0 OR COALESCE(NEW.KPeriodo, 0) <> 0 OR COALESCE(NEW.KSupporto, 0) <> 0 OR COALESCE(NEW.KRilevanza, 0) <> 0 OR COALESCE(NEW.KRarita, 0) <> 0 THEN
     UPDATE ComplessiDoc SET Valore = COALESCE(Quantita, 0) * COALESCE(KConservazione, 0) * COALESCE(KPeriodo, 0) * COALESCE(KSupporto, 0) * COALESCE(KRilevanza, 0) * COALESCE(KRarita, 0) WHERE ID_ComplessoDoc = NEW.ID_ComplessoDoc AND Valore IS DISTINCT FROM COALESCE(Quantita, 0) * COALESCE(KConservazione, 0) * COALESCE(KPeriodo, 0) * COALESCE(KSupporto, 0) * COALESCE(KRilevanza, 0) * COALESCE(KRarita, 0);
-        UPDATE ComplessiDoc SET (QuantitaFigli, MetriLineariFigli, ValoreFigli, DataInizioFigli, DataFineFigli) = (SELECT COALESCE(SUM(COALESCE(F.Quantita, 0) + COALESCE(F.QuantitaFigli, 0)), 0), COALESCE(SUM(COALESCE(F.MetriLineari, 0) + COALESCE(F.MetriLineariFigli, 0)), 0), COALESCE(SUM(COALESCE(F.Valore, 0) + COALESCE(F.ValoreFigli, 0)), 0), LEAST(MIN(F.DataInizio), MIN(F.DataInizioFigli)), GREATEST(MAX(F.DataFine), MAX(F.DataFineFigli)) FROM Elementi E JOIN ComplessiDoc F ON F.ID_Elemento = E.ID_Elemento WHERE E.ID_ElementoPadre = ComplessiDoc.ID_Elemento) WHERE ID_Elemento = (SELECT ID_ElementoPadre FROM Elementi WHERE ID_Elemento = NEW.ID_Elemento);
+        UPDATE ComplessiDoc SET (QuantitaFigli, MetriLineariFigli, ValoreFigli, DataInizioFigli, DataFineFigli) = (SELECT COALESCE(SUM(COALESCE(NULLIF(F.Quantita, 0), F.QuantitaFigli, 0)), 0), COALESCE(SUM(COALESCE(NULLIF(F.MetriLineari, 0), F.MetriLineariFigli, 0)), 0), COALESCE(SUM(COALESCE(NULLIF(F.Valore, 0), F.ValoreFigli, 0)), 0), LEAST(MIN(F.DataInizio), MIN(F.DataInizioFigli)), GREATEST(MAX(F.DataFine), MAX(F.DataFineFigli)) FROM Elementi E JOIN ComplessiDoc F ON F.ID_Elemento = E.ID_Elemento WHERE E.ID_ElementoPadre = ComplessiDoc.ID_Elemento) WHERE ID_Elemento = (SELECT ID_ElementoPadre FROM Elementi WHERE ID_Elemento = NEW.ID_Elemento);
     END IF;
     RETURN NULL;
 END
