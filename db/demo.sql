@@ -165,7 +165,9 @@ UPDATE Istituti SET
 UPDATE Elementi SET Pubblicato = 'S'
   WHERE Tipologia = '01' AND Denominazione = 'Deposito di Collodi';
 
--- Complessi documentari: fondi (03), serie (04), sottoserie (05)
+-- Complessi documentari: fondi (03), serie (04), sottoserie (05). Each level's Quantita and
+-- MetriLineari are the totals of the level, and agree with what its sub-levels declare, but for
+-- the fondo Vicariato di Pescia (see there).
 
 INSERT INTO Elementi (ID_ElementoPadre, Tipologia, Denominazione)
   VALUES ((SELECT ID_Elemento FROM Elementi WHERE Tipologia = '01' AND Denominazione = 'Archivio di Stato di Lucca'), '02', 'Diplomatico');
@@ -776,6 +778,8 @@ UPDATE Elementi SET
     Redattore = 'Giulia Bartolini'
   WHERE Tipologia = '02' AND Denominazione = 'Registri delle partite';
 
+-- On purpose: this fondo still holds the count of an old inventory (600 pezzi) while its two
+-- series, counted again, hold 620, so its "Consistenza" blinks when it is shown.
 INSERT INTO Elementi (ID_ElementoPadre, Tipologia, Denominazione)
   VALUES ((SELECT ID_Elemento FROM Elementi WHERE Tipologia = '01' AND Denominazione = 'Sezione di Archivio di Stato di Pescia'), '02', 'Vicariato di Pescia');
 UPDATE ComplessiDoc SET
@@ -787,11 +791,12 @@ UPDATE ComplessiDoc SET
     KSupporto = 1.1,
     KRilevanza = 1.3,
     KRarita = 1.2,
-    Quantita = 640,
+    Quantita = 600,
     MetriLineari = 52,
     DataInizio = 15290101,
     DataFine = 18381231,
     DescrizioneEstremi = '1529 - 1838',
+    NoteDirezione = 'Consistenza del fondo da aggiornare: la revisione delle serie del 2023 ha contato 620 pezzi, contro i 600 dell''inventario del 1958.',
     Ordinamento = 1,
     Topografico = 'Sala 2, scaffali 1-11',
     ID_IstitutoMag = (SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = (SELECT ID_Elemento FROM Elementi WHERE Tipologia = '01' AND Denominazione = 'Deposito di Collodi')),
