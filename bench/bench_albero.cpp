@@ -60,10 +60,10 @@ QStringList Istruzioni(bool bTutteLeColonne) {
     QStringList istruzioni;
     for (const GruppoAlbero& gruppo :
          frmStrutturaCD::Gruppi(frmStrutturaCD::OrdineArchivistico())) {
-        istruzioni.append(bTutteLeColonne ? QStringLiteral("SELECT * FROM %1 WHERE %2 ORDER BY %3")
-                                                .arg(gruppo.sVista, gruppo.sCondizione,
-                                                     gruppo.sOrdine)
-                                          : gruppo.Sql());
+        istruzioni.append(bTutteLeColonne
+                              ? QStringLiteral("SELECT * FROM %1 WHERE %2 ORDER BY %3")
+                                    .arg(gruppo.sVista, gruppo.sCondizione, gruppo.sOrdine)
+                              : gruppo.Sql());
     }
     return istruzioni;
 }
@@ -120,8 +120,8 @@ QStringList Misura(const QStringList& argomenti) {
     misura.waitForFinished(-1);
     const QString riga = QString::fromUtf8(misura.readAllStandardOutput()).trimmed();
     if (misura.exitCode() != 0 || riga.isEmpty()) {
-        throw Errore(QStringLiteral("bench"), QStringLiteral("misura non riuscita: ") +
-                                                  argomenti.join(u' '));
+        throw Errore(QStringLiteral("bench"),
+                     QStringLiteral("misura non riuscita: ") + argomenti.join(u' '));
     }
     return riga.split(u' ');
 }
@@ -166,12 +166,12 @@ int main(int argc, char* argv[]) {
             const QStringList secondo = Misura(args);
             return secondo.value(1).toDouble() < primo.value(1).toDouble() ? secondo : primo;
         };
-        const QStringList tutte = migliore({QStringLiteral("--nuda"), sStringa,
-                                            QStringLiteral("tutte")});
-        const QStringList usate = migliore({QStringLiteral("--nuda"), sStringa,
-                                            QStringLiteral("usate")});
-        const QStringList finestra = migliore({QStringLiteral("--finestra"), sStringa,
-                                               QString::number(lUltimo)});
+        const QStringList tutte =
+            migliore({QStringLiteral("--nuda"), sStringa, QStringLiteral("tutte")});
+        const QStringList usate =
+            migliore({QStringLiteral("--nuda"), sStringa, QStringLiteral("usate")});
+        const QStringList finestra =
+            migliore({QStringLiteral("--finestra"), sStringa, QString::number(lUltimo)});
         const double dTutte = tutte.value(1).toDouble();
         const double dUsate = usate.value(1).toDouble();
         const double dFinestra = finestra.value(1).toDouble();
@@ -197,7 +197,7 @@ int main(int argc, char* argv[]) {
                                    "20), mostrato: %2\n")
                         .arg(finestra.value(5))
                         .arg(finestra.value(6) == QStringLiteral("1") ? QStringLiteral("sì")
-                                                                       : QStringLiteral("NO"));
+                                                                      : QStringLiteral("NO"));
         if (bPostgreSQL) {
             const StringaConnessione letta = StringaConnessione::Leggi(sStringa);
             Connessione::BackendDi(letta).EliminaDatabase(letta);

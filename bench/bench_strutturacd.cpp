@@ -44,8 +44,8 @@ int main(int argc, char** argv) {
     qputenv("TABELLION_CARTELLA", QByteArrayLiteral(TABELLION_SORGENTI "/site"));
     try {
         QTemporaryDir cartella;
-        const QString sStringa =
-            ArchivioBanco::Stringa(bPostgreSQL, cartella.path(), QStringLiteral("bench_strutturacd"));
+        const QString sStringa = ArchivioBanco::Stringa(bPostgreSQL, cartella.path(),
+                                                        QStringLiteral("bench_strutturacd"));
         QElapsedTimer orologio;
         orologio.start();
         Sessione::cnn = ArchivioBanco::Crea(bPostgreSQL, sStringa);
@@ -97,8 +97,8 @@ int main(int argc, char** argv) {
         finestra->tvwDB->setCurrentIndex(nodo);
         QApplication::processEvents();
         Uscita() << "clic su un complesso al quarto livello (" << lProfondo << ", mostrato "
-                 << finestra->lIdCorrente << "): "
-                 << QStringLiteral("%1 ms\n").arg(Secondi(orologio) * 1000, 0, 'f', 2);
+                 << finestra->lIdCorrente
+                 << "): " << QStringLiteral("%1 ms\n").arg(Secondi(orologio) * 1000, 0, 'f', 2);
 
         delete finestra;
         Sessione::cnn->Chiudi();

@@ -83,13 +83,17 @@ void frmStrutturaCD::showEvent(QShowEvent* evento) {
 // The tree
 
 QList<GruppoAlbero> frmStrutturaCD::Gruppi(const QString& sOrdine) {
-    return {{QStringLiteral("SELECT * FROM AlberoGlobale WHERE ELEM_Tipologia='01' "
-                            "ORDER BY ELEM_ID_ElementoPadre, ELEM_Denominazione"),
-             Istituto, true, false, false},
-            {QStringLiteral("SELECT * FROM AlberoGlobale WHERE ELEM_Tipologia='02' "
-                            "ORDER BY ELEM_ID_ElementoPadre, ") +
-                 sOrdine,
-             QStringLiteral("nolink"), false, true, false}};
+    GruppoAlbero istituti;
+    istituti.sCondizione = QStringLiteral("ELEM_Tipologia='01'");
+    istituti.sOrdine = QStringLiteral("ELEM_ID_ElementoPadre, ") + OrdineAlfabetico();
+    istituti.sImmagine = Istituto;
+    istituti.bPadreNulloERadice = true;
+    GruppoAlbero complessi;
+    complessi.sCondizione = QStringLiteral("ELEM_Tipologia='02'");
+    complessi.sOrdine = QStringLiteral("ELEM_ID_ElementoPadre, ") + sOrdine;
+    complessi.sImmagine = QStringLiteral("nolink");
+    complessi.sColonnaLink = QStringLiteral("CD_NumeroInventari");
+    return {istituti, complessi};
 }
 
 QString frmStrutturaCD::OrdineAlfabetico() {
