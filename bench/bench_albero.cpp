@@ -60,10 +60,10 @@ QStringList Istruzioni(bool bTutteLeColonne) {
     QStringList istruzioni;
     for (const GruppoAlbero& gruppo :
          frmStrutturaCD::Gruppi(frmStrutturaCD::OrdineArchivistico())) {
-        istruzioni.append(bTutteLeColonne
-                              ? QStringLiteral("SELECT * FROM %1 WHERE %2 ORDER BY %3")
-                                    .arg(gruppo.sVista, gruppo.sCondizione, gruppo.sOrdine)
-                              : gruppo.Sql());
+        istruzioni.append(bTutteLeColonne ? QStringLiteral("SELECT * FROM %1 WHERE %2 ORDER BY %3")
+                                                .arg(gruppo.sVista, gruppo.sCondizione,
+                                                     gruppo.Ordine(*Sessione::cnn))
+                                          : gruppo.Sql(*Sessione::cnn));
     }
     return istruzioni;
 }

@@ -60,9 +60,10 @@ int main(int argc, char** argv) {
         QStringList usate;
         for (const GruppoAlbero& gruppo :
              frmStrutturaCD::Gruppi(frmStrutturaCD::OrdineArchivistico())) {
-            tutte.append(QStringLiteral("SELECT * FROM %1 WHERE %2 ORDER BY %3")
-                             .arg(gruppo.sVista, gruppo.sCondizione, gruppo.sOrdine));
-            usate.append(gruppo.Sql());
+            tutte.append(
+                QStringLiteral("SELECT * FROM %1 WHERE %2 ORDER BY %3")
+                    .arg(gruppo.sVista, gruppo.sCondizione, gruppo.Ordine(*Sessione::cnn)));
+            usate.append(gruppo.Sql(*Sessione::cnn));
         }
         const ArchivioBanco::Lettura nudaTutte = ArchivioBanco::LetturaNuda(*Sessione::cnn, tutte);
         Uscita() << "lettura nuda dei due gruppi, SELECT *: " << nudaTutte.righe << " righe in "

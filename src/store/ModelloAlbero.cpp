@@ -752,7 +752,13 @@ QImage Pannello(const QString& sNomeFile) {
 // ---------------------------------------------------------------------------------------------
 // The loading
 
-QString GruppoAlbero::Sql() const {
+QString GruppoAlbero::Ordine(const Connessione& connessione) const {
+    return sOrdine.isEmpty() ? QStringLiteral("ELEM_ID_ElementoPadre, ") +
+                                   connessione.InOrdineAlfabetico(sColonnaTesto)
+                             : sOrdine;
+}
+
+QString GruppoAlbero::Sql(const Connessione& connessione) const {
     QString sSql = QStringLiteral("SELECT ELEM_ID_Elemento, ELEM_ID_ElementoPadre, ") +
                    sColonnaTesto + QStringLiteral(", ELEM_Tipologia");
     if (!sColonnaLink.isEmpty()) {
@@ -762,9 +768,7 @@ QString GruppoAlbero::Sql() const {
     if (!sCondizione.isEmpty()) {
         sSql += QStringLiteral(" WHERE ") + sCondizione;
     }
-    if (!sOrdine.isEmpty()) {
-        sSql += QStringLiteral(" ORDER BY ") + sOrdine;
-    }
+    sSql += QStringLiteral(" ORDER BY ") + Ordine(connessione);
     return sSql;
 }
 
@@ -799,7 +803,7 @@ enum ColonnaGruppo { ColonnaId, ColonnaPadre, ColonnaTesto, ColonnaTag, ColonnaL
 
 void CaricaGruppo(ModelloAlbero& modello, const Connessione& connessione,
                   const GruppoAlbero& gruppo) {
-    QSqlQuery query = Esegui(connessione, gruppo.Sql(), gruppo.valori);
+    QSqlQuery query = Esegui(connessione, gruppo.Sql(connessione), gruppo.valori);
     const bool bLink = !gruppo.sColonnaLink.isEmpty();
     const QString silink = QStringLiteral("silink");
     // A Null parent in a group that does not hang on the root has no parent in the tree.

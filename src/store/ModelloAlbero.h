@@ -163,10 +163,11 @@ QImage Pannello(const QString& sNomeFile);
 // kind, and the count that decides a link image), never the view's other columns: the views
 // join five tables and carry long notes that a tree never shows.
 struct GruppoAlbero {
-    // The view, the condition (values as "?", bound from valori in order) and the ORDER BY.
+    // The view, the condition (values as "?", bound from valori in order) and the ORDER BY;
+    // an empty order is by the parent, then by the node's text in the Italian order.
     QString sVista = QStringLiteral("AlberoGlobale");
     QString sCondizione;
-    QString sOrdine = QStringLiteral("ELEM_ID_ElementoPadre, ELEM_Denominazione");
+    QString sOrdine;
     QVariantList valori;
     // The image of the group's nodes.
     QString sImmagine;
@@ -179,9 +180,11 @@ struct GruppoAlbero {
     // What the node shows: a column of the view or an expression on its columns.
     QString sColonnaTesto = QStringLiteral("ELEM_Denominazione");
 
+    // The ORDER BY on that connection.
+    QString Ordine(const Connessione& connessione) const;
     // The statement: "SELECT ELEM_ID_Elemento, ELEM_ID_ElementoPadre, <text>, ELEM_Tipologia
     // [, <count>] FROM <view> WHERE <condition> ORDER BY <order>".
-    QString Sql() const;
+    QString Sql(const Connessione& connessione) const;
 };
 
 namespace CaricamentoAlbero {

@@ -85,7 +85,6 @@ void frmStrutturaCD::showEvent(QShowEvent* evento) {
 QList<GruppoAlbero> frmStrutturaCD::Gruppi(const QString& sOrdine) {
     GruppoAlbero istituti;
     istituti.sCondizione = QStringLiteral("ELEM_Tipologia='01'");
-    istituti.sOrdine = QStringLiteral("ELEM_ID_ElementoPadre, ") + OrdineAlfabetico();
     istituti.sImmagine = Istituto;
     istituti.bPadreNulloERadice = true;
     GruppoAlbero complessi;
