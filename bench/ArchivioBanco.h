@@ -54,6 +54,12 @@ inline std::shared_ptr<Connessione> Crea(bool bPostgreSQL, const QString& sStrin
     return cnn;
 }
 
+// The database away (a PostgreSQL one; an SQLite file goes with its folder).
+inline void Elimina(const QString& sStringa) {
+    const StringaConnessione letta = StringaConnessione::Leggi(sStringa);
+    Connessione::BackendDi(letta).EliminaDatabase(letta);
+}
+
 // About N elements: institutes "Archivio di Stato n. k", each with 8 fondi of 8 serie of 8
 // sottoserie of 8 fascicoli (4,681 elements an institute), parents before sons, in one
 // transaction. Gives the number of elements and the id of the last complesso.

@@ -198,10 +198,7 @@ int main(int argc, char* argv[]) {
                         .arg(finestra.value(5))
                         .arg(finestra.value(6) == QStringLiteral("1") ? QStringLiteral("sì")
                                                                       : QStringLiteral("NO"));
-        if (bPostgreSQL) {
-            const StringaConnessione letta = StringaConnessione::Leggi(sStringa);
-            Connessione::BackendDi(letta).EliminaDatabase(letta);
-        }
+        ArchivioBanco::Elimina(sStringa);
         return 0;
     } catch (const Errore& errore) {
         Uscita() << errore.testo() << '\n';

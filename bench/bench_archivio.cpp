@@ -9,7 +9,7 @@
 // PostgreSQL needs TABELLION_PG_HOST/PORT/USER/PASSWORD (scripts/test sets them:
 // TABELLION_COMANDO='build/bench/bench_archivio 200000 postgresql' scripts/test).
 
-#include "LetturaFile.h"
+#include "ArchivioBanco.h"
 #include "session/Errore.h"
 #include "store/ArchivioElementi.h"
 #include "store/Backend.h"
@@ -94,27 +94,12 @@ int main(int argc, char* argv[]) {
     const qint64 quanti = argomenti.size() > 1 ? argomenti[1].toLongLong() : 1'000'000;
     const bool postgresql = argomenti.size() > 2 && argomenti[2] == QStringLiteral("postgresql");
     QTemporaryDir cartella;
-    QString stringa;
-    if (postgresql) {
-        stringa = ComponiStringaConnessione(
-            QStringLiteral("Provider=QPSQL;Port=%1").arg(qEnvironmentVariable("TABELLION_PG_PORT")),
-            qEnvironmentVariable("TABELLION_PG_HOST"), QStringLiteral("bench_archivio"),
-            qEnvironmentVariable("TABELLION_PG_USER"),
-            qEnvironmentVariable("TABELLION_PG_PASSWORD"));
-    } else {
-        stringa = ComponiStringaConnessione(QStringLiteral("Provider=QSQLITE"), cartella.path(),
-                                            QStringLiteral("bench_archivio"), QString(), QString());
-    }
+    const QString stringa =
+        ArchivioBanco::Stringa(postgresql, cartella.path(), QStringLiteral("bench_archivio"));
     try {
         const StringaConnessione letta = StringaConnessione::Leggi(stringa);
         const Backend& backend = Connessione::BackendDi(letta);
-        backend.EliminaDatabase(letta);
-        backend.CreaDatabase(letta);
-        auto cnn = Connessione::Apri(stringa);
-        const QString schema = QStringLiteral(TABELLION_SORGENTI) +
-                               (postgresql ? QStringLiteral("/db/postgresql/schema.sql")
-                                           : QStringLiteral("/db/sqlite/schema.sql"));
-        EseguiScript(*cnn, LeggiFile(schema), schema);
+        auto cnn = ArchivioBanco::Crea(postgresql, stringa);
         QSqlDatabase db = cnn->Db();
 
         // The archive, through the element store, with every duty.

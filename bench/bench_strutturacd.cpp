@@ -104,10 +104,7 @@ int main(int argc, char** argv) {
         delete finestra;
         Sessione::cnn->Chiudi();
         Sessione::cnn.reset();
-        if (bPostgreSQL) {
-            const StringaConnessione letta = StringaConnessione::Leggi(sStringa);
-            Connessione::BackendDi(letta).EliminaDatabase(letta);
-        }
+        ArchivioBanco::Elimina(sStringa);
         return 0;
     } catch (const Errore& errore) {
         Uscita() << errore.testo() << '\n';
