@@ -5,6 +5,7 @@
 #include "store/Backend.h"
 #include "store/Connessione.h"
 #include "store/EsecuzioneScript.h"
+#include "store/IdentitaSito.h"
 #include "store/StringaConnessione.h"
 
 #include "BancaDatiProva.h"
@@ -34,6 +35,8 @@ private Q_SLOTS:
     void unoScriptCheFallisceNonLasciaNulla_data();
     void unoScriptCheFallisceNonLasciaNulla();
     void unaConnessioneChiusaDaUnErroreChiaro();
+    void unDatabaseNuovoHaIlCodiceProvvisorioFinoAllIdentitaDelSito_data();
+    void unDatabaseNuovoHaIlCodiceProvvisorioFinoAllIdentitaDelSito();
 };
 
 void TestConnessione::laStringaSiLeggeSenzaBadareAlleMaiuscoleEVinceLUltimaChiave() {
@@ -233,6 +236,62 @@ void TestConnessione::unaConnessioneChiusaDaUnErroreChiaro() {
     } catch (const Errore& errore) {
         QCOMPARE(errore.descrizione(), QStringLiteral("La connessione al database è chiusa."));
     }
+}
+
+void TestConnessione::unDatabaseNuovoHaIlCodiceProvvisorioFinoAllIdentitaDelSito_data() {
+    AggiungiBackend();
+}
+
+void TestConnessione::unDatabaseNuovoHaIlCodiceProvvisorioFinoAllIdentitaDelSito() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    BancaDatiProva banca(backend);
+    const auto connessione = banca.Apri();
+    // The schema's placeholder is the program's.
+    QSqlQuery codice = connessione->Esegui(QStringLiteral("SELECT Code FROM Config"));
+    QVERIFY(codice.next());
+    QCOMPARE(codice.value(0).toString(), CodiceSitoProvvisorio());
+    codice.finish();
+    QVERIFY(SitoSenzaIdentita(*connessione));
+
+    // Identities that cannot be written change nothing.
+    const QList<IdentitaSito> sbagliate = {
+        {QStringLiteral("sito"), QString(), 1, 10},
+        {QStringLiteral("AS LU"), QString(), 1, 10},
+        {QStringLiteral("UNDICILETTE"), QString(), 1, 10},
+        {QStringLiteral("ASLU"), QString(), 0, 10},
+        {QStringLiteral("ASLU"), QString(), 20, 10},
+        {QStringLiteral("ASLU"), QString(), 1, ChiaveMassima + 1}};
+    for (const IdentitaSito& sbagliata : sbagliate) {
+        QVERIFY(!ErroreIdentita(sbagliata).isEmpty());
+        QVERIFY_THROWS_EXCEPTION(Errore, ScriviIdentita(*connessione, sbagliata));
+    }
+    QVERIFY(SitoSenzaIdentita(*connessione));
+
+    ScriviIdentita(*connessione, {QStringLiteral("ASLU"),
+                                  QStringLiteral("Archivio di Stato di Lucca"), 5000, 5999});
+    QVERIFY(!SitoSenzaIdentita(*connessione));
+    QSqlQuery config = connessione->Esegui(
+        QStringLiteral("SELECT Code, Descrizione, ID_Start, ID_End FROM Config"));
+    QVERIFY(config.next());
+    QCOMPARE(config.value(0).toString(), QStringLiteral("ASLU"));
+    QCOMPARE(config.value(1).toString(), QStringLiteral("Archivio di Stato di Lucca"));
+    QCOMPARE(config.value(2).toLongLong(), 5000);
+    QCOMPARE(config.value(3).toLongLong(), 5999);
+    config.finish();
+    // The keys generated from now on, also those the database gives the detail rows, are the
+    // range's.
+    const qint64 lElemento =
+        connessione->Inserisci(QStringLiteral("Elementi"), QStringLiteral("ID_Elemento"),
+                               {QStringLiteral("Tipologia"), QStringLiteral("Denominazione")},
+                               {QStringLiteral("01"), QStringLiteral("Archivio")});
+    QCOMPARE(lElemento, 5000);
+    QSqlQuery istituto = connessione->Esegui(
+        QStringLiteral("SELECT ID_Istituto, Code FROM Istituti WHERE ID_Elemento = ?"),
+        {lElemento});
+    QVERIFY(istituto.next());
+    QCOMPARE(istituto.value(0).toLongLong(), 5000);
+    QCOMPARE(istituto.value(1).toString(), QStringLiteral("ASLU"));
 }
 
 QTEST_GUILESS_MAIN(TestConnessione)
