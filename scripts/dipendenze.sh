@@ -7,6 +7,9 @@ PACCHETTI_BASE=(
     libicu-dev libsqlite3-dev
     libgl-dev libxkbcommon-dev fonts-dejavu-core sqlite3
 )
+# For making the Debian package (dpkg-shlibdeps) and installing it in its test: what the package
+# needs besides the libraries above.
+PACCHETTI_PACCHETTO=(dpkg-dev adduser postgresql-client)
 
 installa_mancanti() {
     local mancanti=()

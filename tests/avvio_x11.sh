@@ -1,15 +1,22 @@
 #!/usr/bin/env bash
 # Under a real X display (Xvfb): the program opens the login dialog on the demo site, and a
 # login there reaches the main window "Tabulario - Gestione dati".
-#   tests/avvio_x11.sh build/site
+#   tests/avvio_x11.sh build/site                        the program of a program folder
+#   tests/avvio_x11.sh --installato /usr/bin/tabellion   an installed program, in its own folder
 set -euo pipefail
-sito=$(cd "$1" && pwd)
+if [ "$1" = --installato ]; then
+    eseguibile=$2
+    unset TABELLION_CARTELLA
+else
+    sito=$(cd "$1" && pwd)
+    eseguibile=$sito/tabellion
+    export TABELLION_CARTELLA=$sito
+fi
 if [ -z "${DISPLAY:-}" ]; then
     exec xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
 fi
 unset QT_QPA_PLATFORM
-export TABELLION_CARTELLA=$sito
-"$sito/tabellion" >"${TMPDIR:-/tmp}/avvio_x11.$$.log" 2>&1 &
+"$eseguibile" >"${TMPDIR:-/tmp}/avvio_x11.$$.log" 2>&1 &
 programma=$!
 trap 'kill "$programma" 2>/dev/null || true; rm -f "${TMPDIR:-/tmp}/avvio_x11.$$.log"' EXIT
 
