@@ -9,10 +9,11 @@ The two scripts are committed; run this again after changing the description bel
 Decisions kept here, where a reader of the schema finds them (they are repeated at the head
 of each generated script):
 - Every generated key lies between Config.ID_Start and Config.ID_End. PostgreSQL: identity
-  sequences bounded to that range (tabellion_allinea_chiavi() realigns them, also after an
-  import and when the range changes). SQLite: the program's inserts take the next key of the
-  range in the insert itself (the store's Backend::IstruzioneInserisci). The detail row of an
-  element, and the kind row of a producer, take the key of their element or producer.
+  sequences bounded to that range (tabellion_allinea_chiavi() realigns them all when the range
+  changes, tabellion_riallinea_chiave(table) one table's after an import). SQLite: the
+  program's inserts take the next key of the range in the insert itself (the store's
+  Backend::IstruzioneInserisci). The detail row of an element, and the kind row of a producer,
+  take the key of their element or producer.
 - DenomCompleta of Istituti, ComplessiDoc and Inventari: the denominations from the topmost
   ancestor down to the element itself, joined by " > ", kept current on every rename.
 - Counters: Istituti.NumeroComplessi/NumeroInventari count the complessi and inventari whose
@@ -40,7 +41,12 @@ of each generated script):
 - Versamenti.Titolo is the element's denomination.
 - No declared foreign keys: tables are imported one at a time, so integrity is kept by triggers,
   which an import switches off per table (SQLite: a row in TriggerSospesi; PostgreSQL:
-  DISABLE TRIGGER USER).
+  DISABLE TRIGGER USER through tabellion_interruttore_trigger(table, on)).
+- PostgreSQL rights: everything belongs to one owner role; the archivists' group gets, through
+  tabellion_concedi_diritti(group), the rows of every table (of Config only Valore and
+  DataValore to change), the sequences, and the two functions that run with the owner's rights
+  what an import needs of an owner: tabellion_interruttore_trigger and
+  tabellion_riallinea_chiave. No function is executable by PUBLIC.
 """
 
 from __future__ import annotations
@@ -353,6 +359,7 @@ DETTAGLI = [
 
 class Dialetto:
     nome = ''
+    descrizione = ''  # the server's name, as the program's backend gives it
 
     def tipo(self, c: Colonna) -> str:
         raise NotImplementedError
@@ -366,6 +373,7 @@ class Dialetto:
 
 class SQLite(Dialetto):
     nome = 'sqlite'
+    descrizione = 'SQLite'
 
     def tipo(self, c):
         t = c.tipo
@@ -392,6 +400,7 @@ class SQLite(Dialetto):
 
 class PostgreSQL(Dialetto):
     nome = 'postgresql'
+    descrizione = 'PostgreSQL'
 
     def tipo(self, c):
         t = c.tipo
@@ -896,7 +905,10 @@ def istruzione(d: Dialetto, ist) -> str:
     raise ValueError(genere)
 
 
-def crea_tabella(d: Dialetto, t: Tabella) -> str:
+def crea_tabella(d: Dialetto, t: Tabella, se_manca: bool = False) -> str:
+    """CREATE TABLE and its indexes; se_manca: only what is missing (the upgrade)."""
+    nuova = 'CREATE TABLE IF NOT EXISTS' if se_manca else 'CREATE TABLE'
+    nuovo_indice = 'INDEX IF NOT EXISTS' if se_manca else 'INDEX'
     righe = []
     for c in t.colonne:
         riga = '    %s %s' % (c.nome, d.tipo(c))
@@ -908,11 +920,18 @@ def crea_tabella(d: Dialetto, t: Tabella) -> str:
     if t.codice:
         righe.append('    Code %s' % d.tipo(Colonna('Code', 'testo:10')))
     righe.append('    PRIMARY KEY (%s)' % ', '.join(t.chiave))
-    testo = 'CREATE TABLE %s (\n%s\n);\n' % (t.nome, ',\n'.join(righe))
+    testo = '%s %s (\n%s\n);\n' % (nuova, t.nome, ',\n'.join(righe))
+    if se_manca and d.nome == 'postgresql':
+        # A table of an earlier version gets the columns it lacks.
+        aggiunte = [r.strip() for r, c in zip(righe, t.colonne) if c.tipo != 'id']
+        if t.codice:
+            aggiunte.append(righe[len(t.colonne)].strip())
+        testo += 'ALTER TABLE %s\n    %s;\n' % (
+            t.nome, ',\n    '.join('ADD COLUMN IF NOT EXISTS ' + a for a in aggiunte))
     for i, colonne in enumerate(t.unici):
-        testo += 'CREATE UNIQUE INDEX %s_U%d ON %s (%s);\n' % (t.nome, i + 1, t.nome, ', '.join(colonne))
+        testo += 'CREATE UNIQUE %s %s_U%d ON %s (%s);\n' % (nuovo_indice, t.nome, i + 1, t.nome, ', '.join(colonne))
     for colonne in t.indici:
-        testo += 'CREATE INDEX %s_%s ON %s (%s);\n' % (t.nome, '_'.join(colonne), t.nome, ', '.join(colonne))
+        testo += 'CREATE %s %s_%s ON %s (%s);\n' % (nuovo_indice, t.nome, '_'.join(colonne), t.nome, ', '.join(colonne))
     return testo
 
 
@@ -928,7 +947,7 @@ def crea_trigger_sqlite(tr: Trigger) -> str:
         tr.nome, tr.momento, evento, tr.tabella, condizione, corpo)
 
 
-def crea_trigger_pg(tr: Trigger) -> str:
+def crea_trigger_pg(tr: Trigger, sostituisci: bool = False) -> str:
     evento = tr.evento
     if tr.colonne:
         evento += ' OF ' + ', '.join(tr.colonne)
@@ -937,66 +956,199 @@ def crea_trigger_pg(tr: Trigger) -> str:
         corpo = 'IF %s THEN\n    %s\n    END IF;' % (tr.condizione, corpo.replace('\n', '\n    '))
     ritorno = 'OLD' if tr.momento == 'BEFORE' else 'NULL'
     funzione = 'tabellion_%s' % tr.nome.lower()
-    return ('CREATE FUNCTION %s() RETURNS trigger LANGUAGE plpgsql AS $$\nBEGIN\n    %s\n'
+    crea = 'CREATE OR REPLACE' if sostituisci else 'CREATE'
+    return ('%s FUNCTION %s() RETURNS trigger LANGUAGE plpgsql AS $$\nBEGIN\n    %s\n'
             '    RETURN %s;\nEND\n$$;\n'
-            'CREATE TRIGGER %s %s %s ON %s FOR EACH ROW EXECUTE FUNCTION %s();\n') % (
-        funzione, corpo, ritorno, tr.nome, tr.momento, evento, tr.tabella, funzione)
+            '%s TRIGGER %s %s %s ON %s FOR EACH ROW EXECUTE FUNCTION %s();\n') % (
+        crea, funzione, corpo, ritorno, crea, tr.nome, tr.momento, evento, tr.tabella, funzione)
+
+
+# Triggers of earlier versions that the schema no longer has, as (name, table): the upgrade
+# drops them.
+TRIGGER_DISMESSI: list[tuple[str, str]] = []
 
 
 def intestazione(d: Dialetto) -> str:
     decisioni = __doc__.split('of each generated script):')[1].strip()
-    return ('-- Tabellion Archivista: the schema of a site\'s database on %s, version 3.2 and later.\n'
+    return ('%s\n'
+            '-- Tabellion Archivista: the schema of a site\'s database on %s, version 3.2 and later.\n'
             '-- Written by db/genera_schema.py: change that file and run it again, not this one.\n'
             '-- Run on an empty database, e.g.:\n'
-            '--   tabellion-sql --crea -U utente -P password -S server -d NomeDatabase -i schema.sql\n'
+            '--   tabellion-sql --crea --codice SITO1 --id-inizio 1000000 --id-fine 1999999 \\\n'
+            '--       -U utente -P password -S server -d NomeDatabase -i schema.sql\n'
             '-- Names are unquoted, so any spelling of a table or column reaches it.\n--\n'
             '-- Decisions:\n%s\n\n') % (
-        'SQLite' if d.nome == 'sqlite' else 'PostgreSQL',
+        riga_server(d), d.descrizione,
         '\n'.join('-- ' + riga if riga else '--' for riga in decisioni.splitlines()))
 
 
-ALLINEA_PG = r'''
--- Bounds every identity sequence to the site's key range and puts it past the keys already in
--- that range. Called at the end of this script, after an import and when the range changes.
-CREATE FUNCTION tabellion_allinea_chiavi() RETURNS void LANGUAGE plpgsql AS $$
+def riga_server(d: Dialetto) -> str:
+    """The line by which tabellion-sql knows a script's server: what follows it, up to the next
+    such line, runs only on that server, and a script with none of its statements for the
+    connection's server is refused."""
+    return '-- Server: %s' % d.descrizione
+
+
+FUNZIONI_PG = r'''
+-- A table of the site's schema by its name in any spelling; Null when there is none.
+CREATE OR REPLACE FUNCTION tabellion_tabella_del_sito(tabella text) RETURNS regclass
+LANGUAGE sql STABLE SET search_path = public, pg_temp AS $$
+    SELECT c.oid::regclass FROM pg_class c JOIN pg_namespace n ON n.oid = c.relnamespace
+    WHERE n.nspname = 'public' AND c.relkind IN ('r', 'p') AND c.relname = lower(tabella)
+$$;
+
+-- Bounds the identity sequences of one table to the site's key range and puts them past the
+-- keys already in that range. Runs with the owner's rights: the import of an archivist calls
+-- it after rows came in with their own keys. False when there is no such table.
+CREATE OR REPLACE FUNCTION tabellion_riallinea_chiave(tabella text) RETURNS boolean
+LANGUAGE plpgsql SECURITY DEFINER SET search_path = public, pg_temp AS $$
 DECLARE
-    colonna record;
+    relazione regclass := tabellion_tabella_del_sito(tabella);
+    colonna name;
     inizio integer;
     fine integer;
     massimo integer;
 BEGIN
+    IF relazione IS NULL THEN
+        RETURN false;
+    END IF;
     SELECT ID_Start, ID_End INTO inizio, fine FROM Config LIMIT 1;
     IF inizio IS NULL THEN
-        RETURN;
+        RETURN true;
     END IF;
     FOR colonna IN
-        SELECT c.table_name, c.column_name FROM information_schema.columns c
-        WHERE c.table_schema = current_schema() AND c.is_identity = 'YES'
+        SELECT attname FROM pg_attribute
+        WHERE attrelid = relazione AND attidentity <> '' AND NOT attisdropped
     LOOP
-        EXECUTE format('SELECT MAX(%I) FROM %I WHERE %I BETWEEN $1 AND $2',
-                       colonna.column_name, colonna.table_name, colonna.column_name)
+        EXECUTE format('SELECT MAX(%I) FROM %s WHERE %I BETWEEN $1 AND $2',
+                       colonna, relazione, colonna)
             INTO massimo USING inizio, fine;
-        EXECUTE format('ALTER TABLE %I ALTER COLUMN %I SET MINVALUE %s SET MAXVALUE %s '
+        EXECUTE format('ALTER TABLE %s ALTER COLUMN %I SET MINVALUE %s SET MAXVALUE %s '
                        'SET START WITH %s RESTART WITH %s',
-                       colonna.table_name, colonna.column_name, inizio, fine, inizio,
+                       relazione, colonna, inizio, fine, inizio,
                        LEAST(COALESCE(massimo + 1, inizio), fine));
         IF massimo = fine THEN
             -- The range is full: the next insert must fail, not reuse a key.
-            EXECUTE format('SELECT setval(pg_get_serial_sequence(%L, %L), %s, true)',
-                           colonna.table_name, colonna.column_name, fine);
+            PERFORM setval(pg_get_serial_sequence(relazione::text, colonna), fine, true);
         END IF;
+    END LOOP;
+    RETURN true;
+END
+$$;
+
+-- Every table's identity sequences, when the range changes.
+CREATE OR REPLACE FUNCTION tabellion_allinea_chiavi() RETURNS void
+LANGUAGE plpgsql SET search_path = public, pg_temp AS $$
+DECLARE
+    tabella name;
+BEGIN
+    FOR tabella IN
+        SELECT DISTINCT c.relname FROM pg_attribute a
+        JOIN pg_class c ON c.oid = a.attrelid JOIN pg_namespace n ON n.oid = c.relnamespace
+        WHERE n.nspname = 'public' AND c.relkind IN ('r', 'p') AND a.attidentity <> ''
+            AND NOT a.attisdropped
+    LOOP
+        PERFORM tabellion_riallinea_chiave(tabella);
     END LOOP;
 END
 $$;
 
-CREATE FUNCTION tabellion_config_intervallo() RETURNS trigger LANGUAGE plpgsql AS $$
+CREATE OR REPLACE FUNCTION tabellion_config_intervallo() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN
     PERFORM tabellion_allinea_chiavi();
     RETURN NULL;
 END
 $$;
-CREATE TRIGGER Config_Intervallo AFTER INSERT OR UPDATE OF ID_Start, ID_End ON Config
+CREATE OR REPLACE TRIGGER Config_Intervallo AFTER INSERT OR UPDATE OF ID_Start, ID_End ON Config
     FOR EACH STATEMENT EXECUTE FUNCTION tabellion_config_intervallo();
+
+-- A table's own triggers off (acceso false) or on again, inside the caller's transaction. Runs
+-- with the owner's rights: the import of an archivist calls it. False when there is no such
+-- table.
+CREATE OR REPLACE FUNCTION tabellion_interruttore_trigger(tabella text, acceso boolean)
+RETURNS boolean
+LANGUAGE plpgsql SECURITY DEFINER SET search_path = public, pg_temp AS $$
+DECLARE
+    relazione regclass := tabellion_tabella_del_sito(tabella);
+BEGIN
+    IF relazione IS NULL THEN
+        RETURN false;
+    END IF;
+    EXECUTE format('ALTER TABLE %s %s TRIGGER USER', relazione,
+                   CASE WHEN acceso THEN 'ENABLE' ELSE 'DISABLE' END);
+    RETURN true;
+END
+$$;
+
+-- What the archivists' group may do, and no more: connect, read and write the rows of every
+-- table and view (of Config only Valore and DataValore), use the sequences, and call the two
+-- functions above. Run by the owner: at the creation of the site and by every upgrade.
+CREATE OR REPLACE FUNCTION tabellion_concedi_diritti(gruppo text) RETURNS void
+LANGUAGE plpgsql SET search_path = public, pg_temp AS $$
+BEGIN
+    EXECUTE format('REVOKE ALL ON DATABASE %I FROM PUBLIC', current_database());
+    EXECUTE format('GRANT CONNECT ON DATABASE %I TO %I', current_database(), gruppo);
+    REVOKE CREATE ON SCHEMA public FROM PUBLIC;
+    EXECUTE format('GRANT USAGE ON SCHEMA public TO %I', gruppo);
+    EXECUTE format('GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA public TO %I',
+                   gruppo);
+    EXECUTE format('REVOKE INSERT, UPDATE, DELETE ON Config FROM %I', gruppo);
+    EXECUTE format('GRANT UPDATE (Valore, DataValore) ON Config TO %I', gruppo);
+    EXECUTE format('GRANT USAGE, SELECT ON ALL SEQUENCES IN SCHEMA public TO %I', gruppo);
+    EXECUTE format('GRANT EXECUTE ON FUNCTION tabellion_interruttore_trigger(text, boolean), '
+                   'tabellion_riallinea_chiave(text) TO %I', gruppo);
+END
+$$;
+
+-- Triggers fire without EXECUTE on their functions: no function is anyone's but the owner's
+-- until tabellion_concedi_diritti gives the group its two.
+REVOKE EXECUTE ON ALL FUNCTIONS IN SCHEMA public FROM PUBLIC;
+'''
+
+# The upgrade on PostgreSQL begins here: the login must be able to act as the database's owner
+# (tabellion-sql then runs the script as that role), and the owner must own every table and
+# view, or the upgrade could not replace them.
+GUARDIA_PG = r'''SET client_min_messages = warning;
+DO $$
+DECLARE
+    proprietario name := (SELECT pg_get_userbyid(datdba) FROM pg_database
+                          WHERE datname = current_database());
+    estranea record;
+BEGIN
+    IF NOT pg_has_role(proprietario, 'MEMBER') THEN
+        RAISE EXCEPTION 'Lo schema si aggiorna con i diritti di %, proprietario del database, '
+            'e il ruolo % non li ha: eseguire l''aggiornamento con il login dell''amministratore.',
+            proprietario, session_user;
+    END IF;
+    SELECT c.relname, pg_get_userbyid(c.relowner) AS padrone INTO estranea
+    FROM pg_class c JOIN pg_namespace n ON n.oid = c.relnamespace
+    WHERE n.nspname = 'public' AND c.relkind IN ('r', 'p', 'v') AND pg_get_userbyid(c.relowner) <> proprietario
+    ORDER BY c.relname LIMIT 1;
+    IF FOUND THEN
+        RAISE EXCEPTION '% appartiene a % e non a %, proprietario del database: un superutente '
+            'la renda al proprietario (nel database: REASSIGN OWNED BY % TO %) e si ripeta '
+            'l''aggiornamento.', estranea.relname, estranea.padrone, proprietario,
+            quote_ident(estranea.padrone), quote_ident(proprietario);
+    END IF;
+END
+$$;
+'''
+
+# The upgrade on PostgreSQL ends here: the groups that write the archive (those that may insert
+# into Elementi) keep their rights on what the upgrade made.
+DIRITTI_PG = r'''DO $$
+DECLARE
+    gruppo name;
+BEGIN
+    FOR gruppo IN
+        SELECT DISTINCT pg_get_userbyid(a.grantee) FROM pg_class c, aclexplode(c.relacl) a
+        WHERE c.oid = 'elementi'::regclass AND a.privilege_type = 'INSERT'
+            AND a.grantee <> 0 AND a.grantee <> c.relowner
+    LOOP
+        PERFORM tabellion_concedi_diritti(gruppo);
+    END LOOP;
+END
+$$;
 '''
 
 
@@ -1023,12 +1175,83 @@ def scrivi(d: Dialetto, percorso: str):
                      "ALTER TABLE IndiceWeb ADD COLUMN Testo tsvector;\n"
                      "CREATE INDEX IndiceWeb_Testo ON IndiceWeb USING GIN (Testo);\n")
     if d.nome == 'postgresql':
-        parti.append(ALLINEA_PG)
-    parti.append("\n-- The site's settings.\n"
-                 "INSERT INTO Config (Code, Descrizione, Versione, ID_Start, ID_End, Valore, DataValore)\n"
-                 "VALUES ('SITO', NULL, 4, 1, 999999999, 0, NULL);\n")
+        parti.append(FUNZIONI_PG)
+    parti.append("\n-- The site's settings: a placeholder code until the site's identity is given.\n"
+                 + riga_config())
     with open(percorso, 'w', encoding='utf-8', newline='\n') as f:
         f.write('\n'.join(parti))
+
+
+# The code of a database whose site has no identity yet (store/IdentitaSito: the same text).
+CODICE_PROVVISORIO = 'SITO'
+
+
+def riga_config(se_manca: bool = False) -> str:
+    valori = "'%s', NULL, %d, 1, 999999999, 0, NULL" % (CODICE_PROVVISORIO, VERSIONE_SCHEMI)
+    if se_manca:
+        valori = 'SELECT %s WHERE NOT EXISTS (SELECT 1 FROM Config)' % valori
+    else:
+        valori = 'VALUES (%s)' % valori
+    return ("INSERT INTO Config (Code, Descrizione, Versione, ID_Start, ID_End, Valore, DataValore)\n"
+            "%s;\n" % valori)
+
+
+def aggiornamento(d: Dialetto) -> str:
+    """The upgrade on one server: what a database of any earlier version lacks is made (tables,
+    columns on PostgreSQL, indexes), views, triggers and functions are written anew, and
+    Versione becomes the schema's; on a current database it changes nothing."""
+    parti = [riga_server(d)]
+    if d.nome == 'postgresql':
+        parti.append(GUARDIA_PG)
+    else:
+        parti.append('CREATE TABLE IF NOT EXISTS TriggerSospesi (\n'
+                     '    Tabella VARCHAR(64) NOT NULL COLLATE NOCASE PRIMARY KEY\n);\n')
+    for t in T:
+        parti.append(crea_tabella(d, t, se_manca=True))
+    for v in viste(d):
+        nome = v.split()[2]
+        if d.nome == 'postgresql':
+            parti.append(v.replace('CREATE VIEW', 'CREATE OR REPLACE VIEW', 1) + ';\n')
+        else:
+            parti.append('DROP VIEW IF EXISTS %s;\n%s;\n' % (nome, v))
+    for nome, tabella in TRIGGER_DISMESSI:
+        if d.nome == 'postgresql':
+            parti.append('DROP TRIGGER IF EXISTS %s ON %s;\nDROP FUNCTION IF EXISTS tabellion_%s();\n'
+                         % (nome, tabella, nome.lower()))
+        else:
+            parti.append('DROP TRIGGER IF EXISTS %s;\n' % nome)
+    for tr in TRIGGER:
+        if d.nome == 'postgresql':
+            parti.append(crea_trigger_pg(tr, sostituisci=True))
+        else:
+            parti.append('DROP TRIGGER IF EXISTS %s;\n%s' % (tr.nome, crea_trigger_sqlite(tr)))
+    if d.nome == 'sqlite':
+        parti.append("CREATE VIRTUAL TABLE IF NOT EXISTS IndiceWebTesto USING fts5(Denominazione, "
+                     "DenomCompleta, content='IndiceWeb', content_rowid='ID_Elemento', "
+                     "tokenize='unicode61 remove_diacritics 2');\n")
+    else:
+        parti.append("ALTER TABLE IndiceWeb ADD COLUMN IF NOT EXISTS Testo tsvector;\n"
+                     "CREATE INDEX IF NOT EXISTS IndiceWeb_Testo ON IndiceWeb USING GIN (Testo);\n")
+        parti.append(FUNZIONI_PG)
+    parti.append(riga_config(se_manca=True))
+    parti.append('UPDATE Config SET Versione = %d WHERE Versione IS NULL OR Versione < %d;\n'
+                 % (VERSIONE_SCHEMI, VERSIONE_SCHEMI))
+    if d.nome == 'postgresql':
+        parti.append('SELECT tabellion_allinea_chiavi();\n')
+        parti.append(DIRITTI_PG)
+    return '\n'.join(parti)
+
+
+def scrivi_aggiornamento(percorso: str):
+    testa = ('-- Tabellion Archivista: the upgrade of a site\'s database to schema version %d, from\n'
+             '-- any earlier version; on a current database it changes nothing. Run by tabellion-sql\n'
+             '-- (menu Strumenti > Aggiorna versione, or by hand) under a login that may change the\n'
+             '-- schema: on PostgreSQL the administrator\'s, which acts as the database\'s owner.\n'
+             '-- tabellion-sql runs only the part of the connection\'s server.\n'
+             '-- Written by db/genera_schema.py: change that file and run it again, not this one.\n\n'
+             % VERSIONE_SCHEMI)
+    with open(percorso, 'w', encoding='utf-8', newline='\n') as f:
+        f.write(testa + aggiornamento(SQLite()) + '\n' + aggiornamento(PostgreSQL()))
 
 
 # --------------------------------------------------------------------------------------------
@@ -1040,7 +1263,7 @@ def scrivi(d: Dialetto, percorso: str):
 # numbers and travel as 3.
 TIPO_ADO = {'id': 3, 'long': 3, 'yyyymmdd': 3, 'flag': 3, 'num': 5, 'data': 135, 'memo': 203}
 
-# The schema version of the files: the demo database's Config.Versione.
+# The schema version: Config.Versione of a database of this schema, and of the exchange files.
 VERSIONE_SCHEMI = 4
 
 
@@ -1078,3 +1301,4 @@ if __name__ == '__main__':
     scrivi(SQLite(), os.path.join(cartella, 'sqlite', 'schema.sql'))
     scrivi(PostgreSQL(), os.path.join(cartella, 'postgresql', 'schema.sql'))
     scrivi_schemi(os.path.join(os.path.dirname(cartella), 'site', 'Schemi'))
+    scrivi_aggiornamento(os.path.join(os.path.dirname(cartella), 'site', 'alter.sql'))

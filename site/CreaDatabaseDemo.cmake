@@ -9,10 +9,17 @@ set(argomenti)
 foreach(s ${script_list})
     list(APPEND argomenti -i "${s}")
 endforeach()
+# Each database is a site of its own, with its identity: the demo archive's code is DEMO.
+if(DATABASE STREQUAL "Tabellion")
+    set(identita --codice DEMO --descrizione "Archivio dimostrativo di Tabellion Archivista")
+else()
+    set(identita --codice ESERCIZIO --descrizione "Database di esercitazione")
+endif()
+list(APPEND identita --id-inizio 1 --id-fine 999999999)
 file(REMOVE "${DESTINAZIONE}/${DATABASE}.db" "${DESTINAZIONE}/${DATABASE}.db.nuovo")
 execute_process(
     COMMAND ${CMAKE_COMMAND} -E env "TABELLION_CARTELLA=${SITO}"
-            "${STRUMENTO}" --crea -U demo -P demo -S "${DESTINAZIONE}" -d "${DATABASE}.db.nuovo" ${argomenti}
+            "${STRUMENTO}" --crea ${identita} -U demo -P demo -S "${DESTINAZIONE}" -d "${DATABASE}.db.nuovo" ${argomenti}
     RESULT_VARIABLE esito
     OUTPUT_VARIABLE uscita
     ERROR_VARIABLE errori)

@@ -3,13 +3,20 @@
 
 #include "store/Backend.h"
 #include "store/Connessione.h"
+#include "store/IdentitaSito.h"
 
 #include "BancaDatiProva.h"
 #include "CartellaProva.h"
+#include "RuoliSitoProva.h"
+#include "session/Errore.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QProcess>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QtTest>
+#include <optional>
 
 namespace {
 
@@ -42,6 +49,59 @@ QStringList Login(const BancaDatiProva& banca, bool attaccati) {
             QStringLiteral("-S"), banca.Server(), QStringLiteral("-d"), banca.Database()};
 }
 
+QStringList Identita(const QString& sCodice, qint64 lInizio, qint64 lFine) {
+    return {QStringLiteral("--codice"),    sCodice,
+            QStringLiteral("--id-inizio"), QString::number(lInizio),
+            QStringLiteral("--id-fine"),   QString::number(lFine)};
+}
+
+// On PostgreSQL a site's database needs its roles: those of the test, with its database's
+// name, so that nothing stays on the server. SQLite has none.
+struct RuoliDelTest {
+    std::optional<RuoliSitoProva> ruoli;
+    QString sDatabase;
+    QStringList opzioni; // --proprietario and --gruppo
+
+    RuoliDelTest(TipoBackend backend, const BancaDatiProva& banca, const QString& sNome) {
+        if (backend == TipoBackend::SQLite) {
+            sDatabase = banca.Database() + QLatin1Char('_') + sNome;
+            return;
+        }
+        ruoli.emplace();
+        sDatabase = ruoli->Database(sNome);
+        opzioni = QStringList{QStringLiteral("--proprietario"), ruoli->Proprietario(),
+                              QStringLiteral("--gruppo"), ruoli->Gruppo()};
+    }
+    bool Creati() const { return !ruoli || ruoli->Creati(); }
+};
+
+QString Schema(TipoBackend backend) {
+    return QStringLiteral(TABELLION_SORGENTI) + (backend == TipoBackend::SQLite
+                                                     ? QStringLiteral("/db/sqlite/schema.sql")
+                                                     : QStringLiteral("/db/postgresql/schema.sql"));
+}
+
+QString Stringa(const BancaDatiProva& banca, const QString& sDatabase) {
+    return ComponiStringaConnessione(banca.Testa(), banca.Server(), sDatabase, banca.Utente(),
+                                     banca.Password());
+}
+
+// Whether the database that the string names is there (it is not opened: SQLite would make it).
+bool Esiste(const BancaDatiProva& banca, const QString& sDatabase) {
+    if (banca.Tipo() == TipoBackend::SQLite) {
+        return QFileInfo::exists(QDir(banca.Server()).filePath(sDatabase + QStringLiteral(".db")));
+    }
+    QSqlQuery esiste = banca.Apri()->Esegui(
+        QStringLiteral("SELECT COUNT(*) FROM pg_database WHERE datname = ?"), {sDatabase});
+    return esiste.next() && esiste.value(0).toInt() == 1;
+}
+
+// Removes a database of a test (the string names it) when it is there.
+void Elimina(const BancaDatiProva& banca, const QString& sDatabase) {
+    const StringaConnessione letta = StringaConnessione::Leggi(Stringa(banca, sDatabase));
+    Connessione::BackendDi(letta).EliminaDatabase(letta);
+}
+
 } // namespace
 
 class TestTabellionSql : public QObject {
@@ -57,6 +117,18 @@ private Q_SLOTS:
     void argomentiSbagliatiMostranoLUso();
     void creaUnDatabaseNuovoDalloSchema_data();
     void creaUnDatabaseNuovoDalloSchema();
+    void creaScriveLIdentitaDelSitoEIlSuoIntervalloDiChiavi_data();
+    void creaScriveLIdentitaDelSitoEIlSuoIntervalloDiChiavi();
+    void creaSenzaIdentitaERifiutato();
+    void unCreaFallitoNonLasciaIlDatabaseESiPuoRipetere_data();
+    void unCreaFallitoNonLasciaIlDatabaseESiPuoRipetere();
+    void conSQLiteUnIndirizzoDiServerERifiutatoInParole();
+    void unoScriptDiUnAltroServerERifiutatoPrimaDiCreare_data();
+    void unoScriptDiUnAltroServerERifiutatoPrimaDiCreare();
+    void suSQLiteNonCiSonoRuoli();
+    void unSitoPostgreSQLAppartieneAlProprietarioEAgliArchivistiSoloLeRighe();
+    void iRuoliDelSitoSonoControllatiPrimaDiCreare();
+    void lAiutoDescriveOgniOpzione();
 };
 
 void TestTabellionSql::initTestCase() {
@@ -177,18 +249,22 @@ void TestTabellionSql::creaUnDatabaseNuovoDalloSchema() {
     CartellaProva cartella;
     // Borrow the test database's server and login, for a database of another name.
     BancaDatiProva banca(backend);
-    const QString nome = banca.Database() + QStringLiteral("_nuovo");
+    const RuoliDelTest ruoli(backend, banca, QStringLiteral("nuovo"));
+    QVERIFY(ruoli.Creati());
+    const QString nome = ruoli.sDatabase;
     cartella.ScriviSito(banca.Testa(), banca.Server(), nome);
     const QString schema =
         QStringLiteral(TABELLION_SORGENTI) + (backend == TipoBackend::SQLite
                                                   ? QStringLiteral("/db/sqlite/schema.sql")
                                                   : QStringLiteral("/db/postgresql/schema.sql"));
     const QString demo = QStringLiteral(TABELLION_SORGENTI "/db/demo.sql");
-    const Esito esito =
-        Esegui(cartella, {QStringLiteral("--crea"), QStringLiteral("-U"), banca.Utente(),
-                          QStringLiteral("-P"), banca.Password(), QStringLiteral("-S"),
-                          banca.Server(), QStringLiteral("-d"), nome, QStringLiteral("-i"), schema,
-                          QStringLiteral("-i"), demo});
+    const Esito esito = Esegui(
+        cartella, QStringList{QStringLiteral("--crea")}
+                      << Identita(QStringLiteral("DEMO"), 1, 999999999) << ruoli.opzioni
+                      << QStringList{QStringLiteral("-U"), banca.Utente(), QStringLiteral("-P"),
+                                     banca.Password(), QStringLiteral("-S"), banca.Server(),
+                                     QStringLiteral("-d"), nome, QStringLiteral("-i"), schema,
+                                     QStringLiteral("-i"), demo});
     QVERIFY2(esito.codice == 0, qPrintable(esito.errori));
     const QString stringa = ComponiStringaConnessione(banca.Testa(), banca.Server(), nome,
                                                       banca.Utente(), banca.Password());
@@ -221,6 +297,397 @@ void TestTabellionSql::creaUnDatabaseNuovoDalloSchema() {
     }
     const StringaConnessione letta = StringaConnessione::Leggi(stringa);
     Connessione::BackendDi(letta).EliminaDatabase(letta);
+}
+
+void TestTabellionSql::creaScriveLIdentitaDelSitoEIlSuoIntervalloDiChiavi_data() {
+    AggiungiBackend();
+}
+
+void TestTabellionSql::creaScriveLIdentitaDelSitoEIlSuoIntervalloDiChiavi() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    CartellaProva cartella;
+    BancaDatiProva banca(backend);
+    const RuoliDelTest ruoli(backend, banca, QStringLiteral("sito"));
+    QVERIFY(ruoli.Creati());
+    const QString nome = ruoli.sDatabase;
+    cartella.ScriviSito(banca.Testa(), banca.Server(), nome);
+    const Esito esito = Esegui(
+        cartella, QStringList{QStringLiteral("--crea"), QStringLiteral("--descrizione"),
+                              QStringLiteral("Archivio di Stato di Lucca")}
+                      << Identita(QStringLiteral("ASLU"), 7000, 7999) << ruoli.opzioni
+                      << Login(banca, false).mid(0, 6)
+                      << QStringList{QStringLiteral("-d"), nome, QStringLiteral("-i"),
+                                     Schema(backend), QStringLiteral("-i"),
+                                     QStringLiteral(TABELLION_SORGENTI "/db/riferimenti.sql")});
+    QVERIFY2(esito.codice == 0, qPrintable(esito.errori));
+    // The tool says first which server it uses.
+    QVERIFY2(esito.uscita.startsWith(
+                 backend == TipoBackend::SQLite
+                     ? QStringLiteral("Server: SQLite, database \"%1\"").arg(nome)
+                     : QStringLiteral("Server: PostgreSQL, database \"%1\"").arg(nome)),
+             qPrintable(esito.uscita));
+    {
+        auto connessione = Connessione::Apri(Stringa(banca, nome));
+        QVERIFY(!SitoSenzaIdentita(*connessione));
+        QSqlQuery config = connessione->Esegui(
+            QStringLiteral("SELECT Code, Descrizione, ID_Start, ID_End, Versione FROM Config"));
+        QVERIFY(config.next());
+        QCOMPARE(config.value(0).toString(), QStringLiteral("ASLU"));
+        QCOMPARE(config.value(1).toString(), QStringLiteral("Archivio di Stato di Lucca"));
+        QCOMPARE(config.value(2).toLongLong(), 7000);
+        QCOMPARE(config.value(3).toLongLong(), 7999);
+        QCOMPARE(config.value(4).toDouble(), 4.0);
+        config.finish();
+        // Keys start at ID_Start, on the rows the program inserts and on those the database
+        // makes, and stay within the range.
+        const qint64 lElemento =
+            connessione->Inserisci(QStringLiteral("Elementi"), QStringLiteral("ID_Elemento"),
+                                   {QStringLiteral("Tipologia"), QStringLiteral("Denominazione")},
+                                   {QStringLiteral("01"), QStringLiteral("Archivio")});
+        QCOMPARE(lElemento, 7000);
+        QSqlQuery istituto = connessione->Esegui(
+            QStringLiteral("SELECT ID_Istituto, Code FROM Istituti WHERE ID_Elemento = ?"),
+            {lElemento});
+        QVERIFY(istituto.next());
+        QCOMPARE(istituto.value(0).toLongLong(), 7000);
+        QCOMPARE(istituto.value(1).toString(), QStringLiteral("ASLU"));
+        istituto.finish();
+        if (backend == TipoBackend::PostgreSQL) {
+            // Every identity sequence bounded to the range.
+            QSqlQuery sequenze = connessione->Esegui(
+                QStringLiteral("SELECT COUNT(*), MIN(min_value), MAX(max_value), "
+                               "MIN(start_value), MAX(start_value) FROM pg_sequences "
+                               "WHERE schemaname = 'public'"));
+            QVERIFY(sequenze.next());
+            QVERIFY(sequenze.value(0).toInt() > 10);
+            QCOMPARE(sequenze.value(1).toLongLong(), 7000);
+            QCOMPARE(sequenze.value(2).toLongLong(), 7999);
+            QCOMPARE(sequenze.value(3).toLongLong(), 7000);
+            QCOMPARE(sequenze.value(4).toLongLong(), 7000);
+        }
+    }
+    Elimina(banca, nome);
+}
+
+void TestTabellionSql::creaSenzaIdentitaERifiutato() {
+    CartellaProva cartella;
+    BancaDatiProva banca(TipoBackend::SQLite);
+    const QString nome = QStringLiteral("Senza");
+    cartella.ScriviSito(banca.Testa(), banca.Server(), nome);
+    const QStringList resto = QStringList{QStringLiteral("-U"), QStringLiteral("u"),
+                                          QStringLiteral("-P"), QStringLiteral("p"),
+                                          QStringLiteral("-S"), banca.Server(),
+                                          QStringLiteral("-d"), nome,
+                                          QStringLiteral("-i"), Schema(TipoBackend::SQLite)};
+    // No code, the placeholder, a code too long, a range that is not one.
+    const QList<QStringList> sbagliate = {{},
+                                          Identita(CodiceSitoProvvisorio(), 1, 10),
+                                          Identita(QStringLiteral("CODICETROPPOLUNGO"), 1, 10),
+                                          Identita(QStringLiteral("ASLU"), 10, 1),
+                                          {QStringLiteral("--codice"), QStringLiteral("ASLU"),
+                                           QStringLiteral("--id-inizio"), QStringLiteral("uno"),
+                                           QStringLiteral("--id-fine"), QStringLiteral("10")}};
+    for (const QStringList& identita : sbagliate) {
+        const Esito esito =
+            Esegui(cartella, QStringList{QStringLiteral("--crea")} << identita << resto);
+        QCOMPARE(esito.codice, 1);
+        QVERIFY2(!esito.errori.isEmpty(), qPrintable(identita.join(u' ')));
+        QVERIFY(!Esiste(banca, nome));
+    }
+    const Esito senza = Esegui(cartella, QStringList{QStringLiteral("--crea")} << resto);
+    QVERIFY2(senza.errori.contains(QStringLiteral("--codice")), qPrintable(senza.errori));
+    // The identity belongs to the creation.
+    const Esito fuori = Esegui(cartella, Identita(QStringLiteral("ASLU"), 1, 10) << resto);
+    QCOMPARE(fuori.codice, 1);
+    QVERIFY2(fuori.errori.contains(QStringLiteral("solo con --crea")), qPrintable(fuori.errori));
+}
+
+void TestTabellionSql::unCreaFallitoNonLasciaIlDatabaseESiPuoRipetere_data() {
+    AggiungiBackend();
+}
+
+void TestTabellionSql::unCreaFallitoNonLasciaIlDatabaseESiPuoRipetere() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    CartellaProva cartella;
+    BancaDatiProva banca(backend);
+    const RuoliDelTest ruoli(backend, banca, QStringLiteral("ripetuto"));
+    QVERIFY(ruoli.Creati());
+    const QString nome = ruoli.sDatabase;
+    cartella.ScriviSito(banca.Testa(), banca.Server(), nome);
+    cartella.Scrivi(QStringLiteral("dati.sql"),
+                    "INSERT INTO Elementi (Tipologia, Denominazione) VALUES ('01', 'Primo');\n"
+                    "INSERT INTO Inesistente (x) VALUES (1);\n");
+    const QStringList argomenti =
+        QStringList{QStringLiteral("--crea")}
+        << Identita(QStringLiteral("ASLU"), 1, 999) << ruoli.opzioni
+        << Login(banca, false).mid(0, 6)
+        << QStringList{QStringLiteral("-d"), nome,
+                       QStringLiteral("-i"), Schema(backend),
+                       QStringLiteral("-i"), cartella.File(QStringLiteral("dati.sql"))};
+    const Esito fallito = Esegui(cartella, argomenti);
+    QCOMPARE(fallito.codice, 1);
+    QVERIFY2(fallito.errori.contains(QStringLiteral("dati.sql, riga 2")),
+             qPrintable(fallito.errori));
+    QVERIFY2(fallito.errori.contains(QStringLiteral("si può ripetere il comando")),
+             qPrintable(fallito.errori));
+    QVERIFY(!Esiste(banca, nome));
+    // The script mended, the same command works.
+    cartella.Scrivi(QStringLiteral("dati.sql"),
+                    "INSERT INTO Elementi (Tipologia, Denominazione) VALUES ('01', 'Primo');\n");
+    const Esito riuscito = Esegui(cartella, argomenti);
+    QVERIFY2(riuscito.codice == 0, qPrintable(riuscito.errori));
+    {
+        auto connessione = Connessione::Apri(Stringa(banca, nome));
+        QSqlQuery primo = connessione->Esegui(QStringLiteral("SELECT ID_Elemento FROM Elementi"));
+        QVERIFY(primo.next());
+        QCOMPARE(primo.value(0).toLongLong(), 1);
+    }
+    // A database that is there already is refused, and stays.
+    const Esito doppio = Esegui(cartella, argomenti);
+    QCOMPARE(doppio.codice, 1);
+    QVERIFY(Esiste(banca, nome));
+    Elimina(banca, nome);
+}
+
+void TestTabellionSql::conSQLiteUnIndirizzoDiServerERifiutatoInParole() {
+    CartellaProva cartella;
+    cartella.Scrivi(QStringLiteral("Connetti.txt"), "Provider=QSQLITE\r\n");
+    const Esito esito =
+        Esegui(cartella, QStringList{QStringLiteral("--crea")}
+                             << Identita(QStringLiteral("ASLU"), 1, 999)
+                             << QStringList{QStringLiteral("-U"), QStringLiteral("u"),
+                                            QStringLiteral("-P"), QStringLiteral("p"),
+                                            QStringLiteral("-S"), QStringLiteral("127.0.0.1:55433"),
+                                            QStringLiteral("-d"), QStringLiteral("Tabellion"),
+                                            QStringLiteral("-i"), Schema(TipoBackend::SQLite)});
+    QCOMPARE(esito.codice, 1);
+    QVERIFY2(esito.errori.contains(QStringLiteral("host:porta")), qPrintable(esito.errori));
+    QVERIFY(esito.errori.contains(QStringLiteral("Provider=QPSQL")));
+    // Nothing made: no folder named after the server, no file.
+    QVERIFY(!QFileInfo::exists(cartella.File(QStringLiteral("127.0.0.1:55433"))));
+    QCOMPARE(QDir(cartella.Percorso()).entryList(QDir::Dirs | QDir::NoDotAndDotDot), QStringList());
+}
+
+void TestTabellionSql::unoScriptDiUnAltroServerERifiutatoPrimaDiCreare_data() {
+    AggiungiBackend();
+}
+
+void TestTabellionSql::unoScriptDiUnAltroServerERifiutatoPrimaDiCreare() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    CartellaProva cartella;
+    BancaDatiProva banca(backend);
+    const QString nome = banca.Database() + QStringLiteral("_altro");
+    cartella.ScriviSito(banca.Testa(), banca.Server(), nome);
+    const TipoBackend altro =
+        backend == TipoBackend::SQLite ? TipoBackend::PostgreSQL : TipoBackend::SQLite;
+    const Esito esito =
+        Esegui(cartella,
+               QStringList{QStringLiteral("--crea")}
+                   << Identita(QStringLiteral("ASLU"), 1, 999) << Login(banca, false).mid(0, 6)
+                   << QStringList{QStringLiteral("-d"), nome, QStringLiteral("-i"), Schema(altro)});
+    QCOMPARE(esito.codice, 1);
+    QVERIFY2(esito.errori.contains(QStringLiteral("schema.sql è uno script per %1")
+                                       .arg(altro == TipoBackend::SQLite
+                                                ? QStringLiteral("SQLite")
+                                                : QStringLiteral("PostgreSQL"))),
+             qPrintable(esito.errori));
+    QVERIFY(!Esiste(banca, nome));
+}
+
+void TestTabellionSql::suSQLiteNonCiSonoRuoli() {
+    CartellaProva cartella;
+    BancaDatiProva banca(TipoBackend::SQLite);
+    cartella.ScriviSito(banca.Testa(), banca.Server(), QStringLiteral("Ruoli"));
+    const Esito esito = Esegui(
+        cartella, QStringList{QStringLiteral("--crea"), QStringLiteral("--gruppo"),
+                              QStringLiteral("archivisti")}
+                      << Identita(QStringLiteral("ASLU"), 1, 999) << Login(banca, false).mid(0, 6)
+                      << QStringList{QStringLiteral("-d"), QStringLiteral("Ruoli"),
+                                     QStringLiteral("-i"), Schema(TipoBackend::SQLite)});
+    QCOMPARE(esito.codice, 1);
+    QVERIFY2(esito.errori.contains(QStringLiteral("SQLite non ha ruoli")),
+             qPrintable(esito.errori));
+    QVERIFY(!Esiste(banca, QStringLiteral("Ruoli")));
+}
+
+namespace {
+
+// A login of the site, on its database.
+std::shared_ptr<Connessione> Accedi(const RuoliSitoProva& ruoli, const QString& sDatabase,
+                                    const QString& sLogin) {
+    return Connessione::Apri(ComponiStringaConnessione(QStringLiteral("Provider=QPSQL"),
+                                                       ruoli.Server(), sDatabase, sLogin,
+                                                       RuoliSitoProva::Password()));
+}
+
+bool Riesce(const Connessione& connessione, const QString& sSql) {
+    QSqlQuery query(connessione.Db());
+    return query.exec(sSql);
+}
+
+QStringList Elenco(const Connessione& connessione, const QString& sSql) {
+    QSqlQuery query(connessione.Db());
+    QStringList righe;
+    if (!query.exec(sSql)) {
+        return {QStringLiteral("errore: ") + query.lastError().text()};
+    }
+    while (query.next()) {
+        righe.append(query.value(0).toString());
+    }
+    return righe;
+}
+
+} // namespace
+
+void TestTabellionSql::unSitoPostgreSQLAppartieneAlProprietarioEAgliArchivistiSoloLeRighe() {
+    RICHIEDI_BACKEND(TipoBackend::PostgreSQL);
+    RuoliSitoProva ruoli;
+    QVERIFY(ruoli.Creati());
+    CartellaProva cartella;
+    cartella.Scrivi(QStringLiteral("Connetti.txt"), "Provider=QPSQL\r\n");
+    const QString database = ruoli.Database(QStringLiteral("Sito"));
+    // The administrator is no superuser: a login that may create databases and act as the
+    // owner.
+    const Esito esito = Esegui(
+        cartella,
+        QStringList{QStringLiteral("--crea"), QStringLiteral("--proprietario"),
+                    ruoli.Proprietario(), QStringLiteral("--gruppo"), ruoli.Gruppo()}
+            << Identita(QStringLiteral("ASLU"), 1000, 1999)
+            << QStringList{QStringLiteral("-U"), ruoli.Amministratore(), QStringLiteral("-P"),
+                           RuoliSitoProva::Password(), QStringLiteral("-S"), ruoli.Server(),
+                           QStringLiteral("-d"), database, QStringLiteral("-i"),
+                           Schema(TipoBackend::PostgreSQL), QStringLiteral("-i"),
+                           QStringLiteral(TABELLION_SORGENTI "/db/riferimenti.sql")});
+    QVERIFY2(esito.codice == 0, qPrintable(esito.errori));
+
+    {
+        const auto amministratore = Accedi(ruoli, database, ruoli.Amministratore());
+        // The database and everything in it belong to the owner.
+        QCOMPARE(Elenco(*amministratore,
+                        QStringLiteral("SELECT pg_get_userbyid(datdba) FROM pg_database WHERE "
+                                       "datname = current_database()")),
+                 QStringList{ruoli.Proprietario()});
+        QCOMPARE(
+            Elenco(*amministratore,
+                   QStringLiteral("SELECT DISTINCT pg_get_userbyid(c.relowner) FROM pg_class "
+                                  "c JOIN pg_namespace n ON n.oid = c.relnamespace WHERE "
+                                  "n.nspname = 'public' AND c.relkind IN ('r', 'v', 'S', 'i')")),
+            QStringList{ruoli.Proprietario()});
+        QCOMPARE(Elenco(*amministratore,
+                        QStringLiteral("SELECT DISTINCT pg_get_userbyid(p.proowner) FROM pg_proc p "
+                                       "JOIN pg_namespace n ON n.oid = p.pronamespace WHERE "
+                                       "n.nspname = 'public'")),
+                 QStringList{ruoli.Proprietario()});
+        // The group may call two functions, PUBLIC none.
+        QCOMPARE(Elenco(*amministratore,
+                        QStringLiteral("SELECT p.proname FROM pg_proc p JOIN pg_namespace n ON "
+                                       "n.oid = p.pronamespace WHERE n.nspname = 'public' AND "
+                                       "has_function_privilege('%1', p.oid, 'EXECUTE') ORDER BY 1")
+                            .arg(ruoli.Gruppo())),
+                 (QStringList{QStringLiteral("tabellion_interruttore_trigger"),
+                              QStringLiteral("tabellion_riallinea_chiave")}));
+        QCOMPARE(Elenco(*amministratore,
+                        QStringLiteral("SELECT COUNT(*) FROM pg_proc p JOIN pg_namespace n ON "
+                                       "n.oid = p.pronamespace, aclexplode(p.proacl) a WHERE "
+                                       "n.nspname = 'public' AND a.grantee = 0")),
+                 QStringList{QStringLiteral("0")});
+        // The two that run with the owner's rights keep their search path.
+        QCOMPARE(Elenco(*amministratore,
+                        QStringLiteral("SELECT proname || ' ' || array_to_string(proconfig, ',') "
+                                       "FROM pg_proc WHERE prosecdef ORDER BY 1")),
+                 (QStringList{
+                     QStringLiteral("tabellion_interruttore_trigger search_path=public, pg_temp"),
+                     QStringLiteral("tabellion_riallinea_chiave search_path=public, pg_temp")}));
+    }
+
+    const auto archivista = Accedi(ruoli, database, ruoli.Archivista());
+    // Rows: read, written, keys from the range.
+    QCOMPARE(Elenco(*archivista, QStringLiteral("INSERT INTO Elementi (Tipologia, Denominazione) "
+                                                "VALUES ('01', 'Archivio') RETURNING ID_Elemento")),
+             QStringList{QStringLiteral("1000")});
+    QVERIFY(Riesce(*archivista, QStringLiteral("UPDATE Istituti SET Citta = 'Lucca'")));
+    QVERIFY(Riesce(*archivista, QStringLiteral("DELETE FROM Istituti")));
+    QVERIFY(Riesce(*archivista, QStringLiteral("UPDATE Config SET Valore = 2, DataValore = "
+                                               "'01/01/2026'")));
+    QVERIFY(Riesce(*archivista, QStringLiteral("SELECT COUNT(*) FROM AlberoGlobale")));
+    // Not the site's identity, nor the schema, nor the database.
+    for (const QString& sql :
+         {QStringLiteral("UPDATE Config SET Code = 'ALTRO'"),
+          QStringLiteral("UPDATE Config SET ID_Start = 1"), QStringLiteral("DELETE FROM Config"),
+          QStringLiteral("DROP TABLE Elementi"),
+          QStringLiteral("ALTER TABLE Elementi ADD COLUMN x "
+                         "INTEGER"),
+          QStringLiteral("DROP TRIGGER Elementi_Dettaglio ON Elementi"),
+          QStringLiteral("CREATE TABLE Nuova (x INTEGER)"),
+          QStringLiteral("SELECT tabellion_allinea_chiavi()"),
+          QStringLiteral("SELECT tabellion_concedi_diritti('%1')").arg(ruoli.Archivista()),
+          QStringLiteral("DROP DATABASE \"%1\"").arg(database)}) {
+        QVERIFY2(!Riesce(*archivista, sql), qPrintable(sql));
+    }
+    // A login outside the group does not even connect.
+    try {
+        Accedi(ruoli, database, ruoli.Estraneo());
+        QFAIL("a login outside the group connected");
+    } catch (const Errore& errore) {
+        QVERIFY2(errore.descrizione().contains(QStringLiteral("CONNECT")),
+                 qPrintable(errore.descrizione()));
+    }
+}
+
+void TestTabellionSql::iRuoliDelSitoSonoControllatiPrimaDiCreare() {
+    RICHIEDI_BACKEND(TipoBackend::PostgreSQL);
+    RuoliSitoProva ruoli;
+    QVERIFY(ruoli.Creati());
+    CartellaProva cartella;
+    cartella.Scrivi(QStringLiteral("Connetti.txt"), "Provider=QPSQL\r\n");
+    const QString database = ruoli.Database(QStringLiteral("Rifiutato"));
+    const auto crea = [&](const QString& sProprietario, const QString& sGruppo,
+                          const QString& sLogin) {
+        return Esegui(cartella,
+                      QStringList{QStringLiteral("--crea"), QStringLiteral("--proprietario"),
+                                  sProprietario, QStringLiteral("--gruppo"), sGruppo}
+                          << Identita(QStringLiteral("ASLU"), 1, 999)
+                          << QStringList{QStringLiteral("-U"), sLogin, QStringLiteral("-P"),
+                                         RuoliSitoProva::Password(), QStringLiteral("-S"),
+                                         ruoli.Server(), QStringLiteral("-d"), database,
+                                         QStringLiteral("-i"), Schema(TipoBackend::PostgreSQL)});
+    };
+    const Esito manca =
+        crea(ruoli.Proprietario() + QStringLiteral("_x"), ruoli.Gruppo(), ruoli.Amministratore());
+    QVERIFY2(manca.errori.contains(QStringLiteral("non esiste")), qPrintable(manca.errori));
+    const Esito nonMembro = crea(ruoli.Proprietario(), ruoli.Gruppo(), ruoli.Archivista());
+    QVERIFY2(nonMembro.errori.contains(QStringLiteral("non può agire come")),
+             qPrintable(nonMembro.errori));
+    QVERIFY(
+        ruoli.Esegui(QStringLiteral("GRANT %1 TO %2").arg(ruoli.Proprietario(), ruoli.Gruppo())));
+    const Esito gruppoProprietario =
+        crea(ruoli.Proprietario(), ruoli.Gruppo(), ruoli.Amministratore());
+    QVERIFY2(gruppoProprietario.errori.contains(QStringLiteral("non deve essere membro")),
+             qPrintable(gruppoProprietario.errori));
+    for (const Esito& esito : {manca, nonMembro, gruppoProprietario}) {
+        QCOMPARE(esito.codice, 1);
+    }
+    QCOMPARE(ruoli.Valore(QStringLiteral("SELECT COUNT(*) FROM pg_database WHERE datname = "
+                                         "'%1'")
+                              .arg(database)),
+             QStringLiteral("0"));
+}
+
+void TestTabellionSql::lAiutoDescriveOgniOpzione() {
+    CartellaProva cartella;
+    const Esito aiuto = Esegui(cartella, {QStringLiteral("--help")});
+    QCOMPARE(aiuto.codice, 0);
+    for (const QString& opzione :
+         {QStringLiteral("--crea"), QStringLiteral("--codice"), QStringLiteral("--descrizione"),
+          QStringLiteral("--id-inizio"), QStringLiteral("--id-fine"),
+          QStringLiteral("--proprietario"), QStringLiteral("--gruppo"),
+          RuoliSito::ProprietarioPredefinito(), RuoliSito::GruppoPredefinito(),
+          QStringLiteral("-- Server: PostgreSQL")}) {
+        QVERIFY2(aiuto.uscita.contains(opzione), qPrintable(opzione));
+    }
 }
 
 QTEST_GUILESS_MAIN(TestTabellionSql)

@@ -1,15 +1,18 @@
+-- Server: PostgreSQL
 -- Tabellion Archivista: the schema of a site's database on PostgreSQL, version 3.2 and later.
 -- Written by db/genera_schema.py: change that file and run it again, not this one.
 -- Run on an empty database, e.g.:
---   tabellion-sql --crea -U utente -P password -S server -d NomeDatabase -i schema.sql
+--   tabellion-sql --crea --codice SITO1 --id-inizio 1000000 --id-fine 1999999 \
+--       -U utente -P password -S server -d NomeDatabase -i schema.sql
 -- Names are unquoted, so any spelling of a table or column reaches it.
 --
 -- Decisions:
 -- - Every generated key lies between Config.ID_Start and Config.ID_End. PostgreSQL: identity
---   sequences bounded to that range (tabellion_allinea_chiavi() realigns them, also after an
---   import and when the range changes). SQLite: the program's inserts take the next key of the
---   range in the insert itself (the store's Backend::IstruzioneInserisci). The detail row of an
---   element, and the kind row of a producer, take the key of their element or producer.
+--   sequences bounded to that range (tabellion_allinea_chiavi() realigns them all when the range
+--   changes, tabellion_riallinea_chiave(table) one table's after an import). SQLite: the
+--   program's inserts take the next key of the range in the insert itself (the store's
+--   Backend::IstruzioneInserisci). The detail row of an element, and the kind row of a producer,
+--   take the key of their element or producer.
 -- - DenomCompleta of Istituti, ComplessiDoc and Inventari: the denominations from the topmost
 --   ancestor down to the element itself, joined by " > ", kept current on every rename.
 -- - Counters: Istituti.NumeroComplessi/NumeroInventari count the complessi and inventari whose
@@ -37,7 +40,12 @@
 -- - Versamenti.Titolo is the element's denomination.
 -- - No declared foreign keys: tables are imported one at a time, so integrity is kept by triggers,
 --   which an import switches off per table (SQLite: a row in TriggerSospesi; PostgreSQL:
---   DISABLE TRIGGER USER).
+--   DISABLE TRIGGER USER through tabellion_interruttore_trigger(table, on)).
+-- - PostgreSQL rights: everything belongs to one owner role; the archivists' group gets, through
+--   tabellion_concedi_diritti(group), the rows of every table (of Config only Valore and
+--   DataValore to change), the sequences, and the two functions that run with the owner's rights
+--   what an import needs of an owner: tabellion_interruttore_trigger and
+--   tabellion_riallinea_chiave. No function is executable by PUBLIC.
 
 
 CREATE TABLE Config (
@@ -2016,49 +2024,121 @@ ALTER TABLE IndiceWeb ADD COLUMN Testo tsvector;
 CREATE INDEX IndiceWeb_Testo ON IndiceWeb USING GIN (Testo);
 
 
--- Bounds every identity sequence to the site's key range and puts it past the keys already in
--- that range. Called at the end of this script, after an import and when the range changes.
-CREATE FUNCTION tabellion_allinea_chiavi() RETURNS void LANGUAGE plpgsql AS $$
+-- A table of the site's schema by its name in any spelling; Null when there is none.
+CREATE OR REPLACE FUNCTION tabellion_tabella_del_sito(tabella text) RETURNS regclass
+LANGUAGE sql STABLE SET search_path = public, pg_temp AS $$
+    SELECT c.oid::regclass FROM pg_class c JOIN pg_namespace n ON n.oid = c.relnamespace
+    WHERE n.nspname = 'public' AND c.relkind IN ('r', 'p') AND c.relname = lower(tabella)
+$$;
+
+-- Bounds the identity sequences of one table to the site's key range and puts them past the
+-- keys already in that range. Runs with the owner's rights: the import of an archivist calls
+-- it after rows came in with their own keys. False when there is no such table.
+CREATE OR REPLACE FUNCTION tabellion_riallinea_chiave(tabella text) RETURNS boolean
+LANGUAGE plpgsql SECURITY DEFINER SET search_path = public, pg_temp AS $$
 DECLARE
-    colonna record;
+    relazione regclass := tabellion_tabella_del_sito(tabella);
+    colonna name;
     inizio integer;
     fine integer;
     massimo integer;
 BEGIN
+    IF relazione IS NULL THEN
+        RETURN false;
+    END IF;
     SELECT ID_Start, ID_End INTO inizio, fine FROM Config LIMIT 1;
     IF inizio IS NULL THEN
-        RETURN;
+        RETURN true;
     END IF;
     FOR colonna IN
-        SELECT c.table_name, c.column_name FROM information_schema.columns c
-        WHERE c.table_schema = current_schema() AND c.is_identity = 'YES'
+        SELECT attname FROM pg_attribute
+        WHERE attrelid = relazione AND attidentity <> '' AND NOT attisdropped
     LOOP
-        EXECUTE format('SELECT MAX(%I) FROM %I WHERE %I BETWEEN $1 AND $2',
-                       colonna.column_name, colonna.table_name, colonna.column_name)
+        EXECUTE format('SELECT MAX(%I) FROM %s WHERE %I BETWEEN $1 AND $2',
+                       colonna, relazione, colonna)
             INTO massimo USING inizio, fine;
-        EXECUTE format('ALTER TABLE %I ALTER COLUMN %I SET MINVALUE %s SET MAXVALUE %s '
+        EXECUTE format('ALTER TABLE %s ALTER COLUMN %I SET MINVALUE %s SET MAXVALUE %s '
                        'SET START WITH %s RESTART WITH %s',
-                       colonna.table_name, colonna.column_name, inizio, fine, inizio,
+                       relazione, colonna, inizio, fine, inizio,
                        LEAST(COALESCE(massimo + 1, inizio), fine));
         IF massimo = fine THEN
             -- The range is full: the next insert must fail, not reuse a key.
-            EXECUTE format('SELECT setval(pg_get_serial_sequence(%L, %L), %s, true)',
-                           colonna.table_name, colonna.column_name, fine);
+            PERFORM setval(pg_get_serial_sequence(relazione::text, colonna), fine, true);
         END IF;
+    END LOOP;
+    RETURN true;
+END
+$$;
+
+-- Every table's identity sequences, when the range changes.
+CREATE OR REPLACE FUNCTION tabellion_allinea_chiavi() RETURNS void
+LANGUAGE plpgsql SET search_path = public, pg_temp AS $$
+DECLARE
+    tabella name;
+BEGIN
+    FOR tabella IN
+        SELECT DISTINCT c.relname FROM pg_attribute a
+        JOIN pg_class c ON c.oid = a.attrelid JOIN pg_namespace n ON n.oid = c.relnamespace
+        WHERE n.nspname = 'public' AND c.relkind IN ('r', 'p') AND a.attidentity <> ''
+            AND NOT a.attisdropped
+    LOOP
+        PERFORM tabellion_riallinea_chiave(tabella);
     END LOOP;
 END
 $$;
 
-CREATE FUNCTION tabellion_config_intervallo() RETURNS trigger LANGUAGE plpgsql AS $$
+CREATE OR REPLACE FUNCTION tabellion_config_intervallo() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN
     PERFORM tabellion_allinea_chiavi();
     RETURN NULL;
 END
 $$;
-CREATE TRIGGER Config_Intervallo AFTER INSERT OR UPDATE OF ID_Start, ID_End ON Config
+CREATE OR REPLACE TRIGGER Config_Intervallo AFTER INSERT OR UPDATE OF ID_Start, ID_End ON Config
     FOR EACH STATEMENT EXECUTE FUNCTION tabellion_config_intervallo();
 
+-- A table's own triggers off (acceso false) or on again, inside the caller's transaction. Runs
+-- with the owner's rights: the import of an archivist calls it. False when there is no such
+-- table.
+CREATE OR REPLACE FUNCTION tabellion_interruttore_trigger(tabella text, acceso boolean)
+RETURNS boolean
+LANGUAGE plpgsql SECURITY DEFINER SET search_path = public, pg_temp AS $$
+DECLARE
+    relazione regclass := tabellion_tabella_del_sito(tabella);
+BEGIN
+    IF relazione IS NULL THEN
+        RETURN false;
+    END IF;
+    EXECUTE format('ALTER TABLE %s %s TRIGGER USER', relazione,
+                   CASE WHEN acceso THEN 'ENABLE' ELSE 'DISABLE' END);
+    RETURN true;
+END
+$$;
 
--- The site's settings.
+-- What the archivists' group may do, and no more: connect, read and write the rows of every
+-- table and view (of Config only Valore and DataValore), use the sequences, and call the two
+-- functions above. Run by the owner: at the creation of the site and by every upgrade.
+CREATE OR REPLACE FUNCTION tabellion_concedi_diritti(gruppo text) RETURNS void
+LANGUAGE plpgsql SET search_path = public, pg_temp AS $$
+BEGIN
+    EXECUTE format('REVOKE ALL ON DATABASE %I FROM PUBLIC', current_database());
+    EXECUTE format('GRANT CONNECT ON DATABASE %I TO %I', current_database(), gruppo);
+    REVOKE CREATE ON SCHEMA public FROM PUBLIC;
+    EXECUTE format('GRANT USAGE ON SCHEMA public TO %I', gruppo);
+    EXECUTE format('GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA public TO %I',
+                   gruppo);
+    EXECUTE format('REVOKE INSERT, UPDATE, DELETE ON Config FROM %I', gruppo);
+    EXECUTE format('GRANT UPDATE (Valore, DataValore) ON Config TO %I', gruppo);
+    EXECUTE format('GRANT USAGE, SELECT ON ALL SEQUENCES IN SCHEMA public TO %I', gruppo);
+    EXECUTE format('GRANT EXECUTE ON FUNCTION tabellion_interruttore_trigger(text, boolean), '
+                   'tabellion_riallinea_chiave(text) TO %I', gruppo);
+END
+$$;
+
+-- Triggers fire without EXECUTE on their functions: no function is anyone's but the owner's
+-- until tabellion_concedi_diritti gives the group its two.
+REVOKE EXECUTE ON ALL FUNCTIONS IN SCHEMA public FROM PUBLIC;
+
+
+-- The site's settings: a placeholder code until the site's identity is given.
 INSERT INTO Config (Code, Descrizione, Versione, ID_Start, ID_End, Valore, DataValore)
 VALUES ('SITO', NULL, 4, 1, 999999999, 0, NULL);

@@ -1,15 +1,18 @@
+-- Server: SQLite
 -- Tabellion Archivista: the schema of a site's database on SQLite, version 3.2 and later.
 -- Written by db/genera_schema.py: change that file and run it again, not this one.
 -- Run on an empty database, e.g.:
---   tabellion-sql --crea -U utente -P password -S server -d NomeDatabase -i schema.sql
+--   tabellion-sql --crea --codice SITO1 --id-inizio 1000000 --id-fine 1999999 \
+--       -U utente -P password -S server -d NomeDatabase -i schema.sql
 -- Names are unquoted, so any spelling of a table or column reaches it.
 --
 -- Decisions:
 -- - Every generated key lies between Config.ID_Start and Config.ID_End. PostgreSQL: identity
---   sequences bounded to that range (tabellion_allinea_chiavi() realigns them, also after an
---   import and when the range changes). SQLite: the program's inserts take the next key of the
---   range in the insert itself (the store's Backend::IstruzioneInserisci). The detail row of an
---   element, and the kind row of a producer, take the key of their element or producer.
+--   sequences bounded to that range (tabellion_allinea_chiavi() realigns them all when the range
+--   changes, tabellion_riallinea_chiave(table) one table's after an import). SQLite: the
+--   program's inserts take the next key of the range in the insert itself (the store's
+--   Backend::IstruzioneInserisci). The detail row of an element, and the kind row of a producer,
+--   take the key of their element or producer.
 -- - DenomCompleta of Istituti, ComplessiDoc and Inventari: the denominations from the topmost
 --   ancestor down to the element itself, joined by " > ", kept current on every rename.
 -- - Counters: Istituti.NumeroComplessi/NumeroInventari count the complessi and inventari whose
@@ -37,7 +40,12 @@
 -- - Versamenti.Titolo is the element's denomination.
 -- - No declared foreign keys: tables are imported one at a time, so integrity is kept by triggers,
 --   which an import switches off per table (SQLite: a row in TriggerSospesi; PostgreSQL:
---   DISABLE TRIGGER USER).
+--   DISABLE TRIGGER USER through tabellion_interruttore_trigger(table, on)).
+-- - PostgreSQL rights: everything belongs to one owner role; the archivists' group gets, through
+--   tabellion_concedi_diritti(group), the rows of every table (of Config only Valore and
+--   DataValore to change), the sequences, and the two functions that run with the owner's rights
+--   what an import needs of an owner: tabellion_interruttore_trigger and
+--   tabellion_riallinea_chiave. No function is executable by PUBLIC.
 
 
 -- The import switches a table's triggers off with a row here.
@@ -1768,6 +1776,6 @@ END;
 CREATE VIRTUAL TABLE IndiceWebTesto USING fts5(Denominazione, DenomCompleta, content='IndiceWeb', content_rowid='ID_Elemento', tokenize='unicode61 remove_diacritics 2');
 
 
--- The site's settings.
+-- The site's settings: a placeholder code until the site's identity is given.
 INSERT INTO Config (Code, Descrizione, Versione, ID_Start, ID_End, Valore, DataValore)
 VALUES ('SITO', NULL, 4, 1, 999999999, 0, NULL);

@@ -1,12 +1,15 @@
 #include "AggiornamentoVersione.h"
 
 #include "Conversioni.h"
+#include "Errore.h"
 #include "Piattaforma.h"
 #include "Sessione.h"
+#include "store/Connessione.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSqlQuery>
 #include <QStandardPaths>
 
 bool VersioneDaAggiornare(const QVariant& versione, const QString& sVersioneApp) {
@@ -35,7 +38,7 @@ QString TestoVersione(const QVariant& versione) {
     return testo;
 }
 
-qint64 CancelloVersione(const QVariant& versione) {
+bool CancelloVersione(const QVariant& versione) {
     const QString crlf = QStringLiteral("\r\n");
     const QString testo =
         QStringLiteral("Versione del DB precedente alla versione dell'applicazione.") + crlf +
@@ -45,9 +48,9 @@ qint64 CancelloVersione(const QVariant& versione) {
     const Risposta risposta = MsgBox(testo, Pulsanti::SiNo, Icona::Esclamazione,
                                      QStringLiteral("Aggiorna versione DB"), Risposta::No);
     if (risposta != Risposta::Si) {
-        return 0;
+        return false;
     }
-    return AvviaAggiornamento();
+    return EseguiAggiornamento();
 }
 
 QString ProgrammaAggiornamento() {
@@ -76,6 +79,47 @@ QString RigaComandoAggiornamento() {
            Sessione::FileProgramma(QStringLiteral("alter.sql"));
 }
 
-qint64 AvviaAggiornamento() {
-    return piattaforma().AvviaProcesso(ProgrammaAggiornamento(), ArgomentiAggiornamento());
+namespace {
+
+// The version that Config holds now, "" when it cannot be read.
+QString VersioneAttuale() {
+    try {
+        if (!Sessione::cnn) {
+            return QString();
+        }
+        QSqlQuery config = Sessione::cnn->Esegui(QStringLiteral("SELECT Versione FROM Config"));
+        return config.next()
+                   ? TestoVersione(config.value(0).isNull() ? QVariant() : config.value(0))
+                   : QString();
+    } catch (const Errore&) {
+        return QString();
+    }
+}
+
+} // namespace
+
+bool EseguiAggiornamento() {
+    const QString crlf = QStringLiteral("\r\n");
+    const QString programma = ProgrammaAggiornamento();
+    const EsitoProcesso esito = piattaforma().EseguiProcesso(programma, ArgomentiAggiornamento());
+    if (esito.bAvviato && esito.sErroreAvvio.isEmpty() && esito.iCodice == 0) {
+        MsgBox(QStringLiteral("Aggiornamento della versione del DB riuscito.") + crlf +
+                   QStringLiteral("Versione del DB: ") + VersioneAttuale(),
+               Pulsanti::Ok, Icona::Informazione, QStringLiteral("Aggiorna versione DB"));
+        return true;
+    }
+    QString motivo = esito.sErrori.trimmed();
+    if (!esito.bAvviato) {
+        motivo = QStringLiteral("Impossibile avviare %1: %2").arg(programma, esito.sErroreAvvio);
+    } else if (motivo.isEmpty()) {
+        motivo = esito.sErroreAvvio.isEmpty() ? QStringLiteral("%1 è terminato con il codice %2.")
+                                                    .arg(QFileInfo(programma).fileName())
+                                                    .arg(esito.iCodice)
+                                              : esito.sErroreAvvio;
+    }
+    motivo.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    motivo.replace(QLatin1Char('\n'), crlf);
+    MsgBox(QStringLiteral("Aggiornamento della versione del DB non riuscito.") + crlf + motivo,
+           Pulsanti::Ok, Icona::Critica, QStringLiteral("Aggiorna versione DB"));
+    return false;
 }

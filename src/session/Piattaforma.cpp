@@ -200,6 +200,32 @@ qint64 PiattaformaQt::AvviaProcesso(const QString& sProgramma, const QStringList
     return pid;
 }
 
+EsitoProcesso Piattaforma::EseguiProcesso(const QString& sProgramma, const QStringList& argomenti) {
+    EsitoProcesso esito;
+    QProcess processo;
+    const bool bCursore = qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr;
+    if (bCursore) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    processo.start(sProgramma, argomenti);
+    esito.bAvviato = processo.waitForStarted(30000);
+    if (!esito.bAvviato) {
+        esito.sErroreAvvio = processo.errorString();
+    } else if (!processo.waitForFinished(-1)) {
+        esito.sErroreAvvio = processo.errorString();
+    } else if (processo.exitStatus() == QProcess::NormalExit) {
+        esito.iCodice = processo.exitCode();
+    } else {
+        esito.sErroreAvvio = processo.errorString();
+    }
+    esito.sUscita = QString::fromUtf8(processo.readAllStandardOutput());
+    esito.sErrori = QString::fromUtf8(processo.readAllStandardError());
+    if (bCursore) {
+        QApplication::restoreOverrideCursor();
+    }
+    return esito;
+}
+
 void PiattaformaQt::TerminaProcesso() {
     const QWidgetList finestre = QApplication::topLevelWidgets();
     for (QWidget* finestra : finestre) {

@@ -23,6 +23,16 @@ struct Messaggio {
     Risposta predefinita = Risposta::Nessuna; // Nessuna: the first button
 };
 
+// What a program run to its end left: whether it started, its exit code (-1 when it crashed),
+// what it wrote on its output and on its error stream.
+struct EsitoProcesso {
+    bool bAvviato = false;
+    int iCodice = -1;
+    QString sUscita;
+    QString sErrori;
+    QString sErroreAvvio; // why it did not start, or did not end
+};
+
 struct SceltaFile {
     QString sTitolo;
     QString sCartella;     // where the choice starts
@@ -47,6 +57,8 @@ public:
     // Starts a program and returns at once, without waiting or looking at its outcome; the
     // process number, or 0 if it did not start.
     virtual qint64 AvviaProcesso(const QString& sProgramma, const QStringList& argomenti) = 0;
+    // Runs a program to its end, the person waiting (a wait cursor), and gives back its outcome.
+    virtual EsitoProcesso EseguiProcesso(const QString& sProgramma, const QStringList& argomenti);
     // Ends the program.
     virtual void TerminaProcesso() = 0;
 };

@@ -354,7 +354,7 @@ void PrimoMDI::Form_Activate() {
             const QVariant versione = config.value(1).isNull() ? QVariant() : config.value(1);
             config.finish();
             if (VersioneDaAggiornare(versione, Sessione::sVersioneApp)) {
-                lProcessoAggiornamento = CancelloVersione(versione);
+                CancelloVersione(versione);
             }
         }
     } catch (const Errore& errore) {
@@ -382,7 +382,7 @@ void PrimoMDI::mnuAggiorna_Click() {
                               QStringLiteral("Vuoi aggiornare la versione del DB?");
         if (MsgBox(testo, Pulsanti::SiNo, Icona::Domanda, QStringLiteral("Aggiorna versione DB"),
                    Risposta::No) == Risposta::Si) {
-            lProcessoAggiornamento = AvviaAggiornamento();
+            EseguiAggiornamento();
         }
     } catch (const Errore& errore) {
         MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica, QStringLiteral("Errore V2"));

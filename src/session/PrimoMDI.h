@@ -63,5 +63,4 @@ private:
     QMdiArea* mdiArea;
     bool bPrimaAttivazione = true;
     QStringList asGuide;
-    qint64 lProcessoAggiornamento = 0;
 };

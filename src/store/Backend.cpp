@@ -11,6 +11,10 @@ QString Backend::Identificatore(const QString& sNome) const {
     return QLatin1Char('"') + doppio + QLatin1Char('"');
 }
 
+void Backend::AgisciDaProprietario(const QSqlDatabase&) const {}
+
+void Backend::ConcediDiritti(const QSqlDatabase&, const RuoliSito&) const {}
+
 std::unique_ptr<Caricamento> Backend::ApriCaricamento(const QSqlDatabase& db,
                                                       const QString& sTabella,
                                                       const QStringList& colonne) const {

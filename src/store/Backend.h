@@ -13,6 +13,18 @@ class Caricamento;
 class LetturaTesto;
 class StringaConnessione;
 
+// The roles of a site's database, on a server that has roles (PostgreSQL): the owner of the
+// database and of everything in it (no login of its own), and the group whose members are the
+// archivists' logins. Empty names stand for the defaults.
+struct RuoliSito {
+    QString sProprietario;
+    QString sGruppo;
+
+    static QString ProprietarioPredefinito() { return QStringLiteral("tabellion_proprietario"); }
+    static QString GruppoPredefinito() { return QStringLiteral("archivisti"); }
+    bool Predefiniti() const { return sProprietario.isEmpty() && sGruppo.isEmpty(); }
+};
+
 class Backend {
 public:
     virtual ~Backend() = default;
@@ -31,6 +43,23 @@ public:
     // Removes the database that the string names, if it is there.
     virtual void EliminaDatabase(const StringaConnessione& stringa) const = 0;
 
+    // The database a string names, for people: the server's kind and where the database lies.
+    // Raises Errore when the string cannot name a database of this server.
+    virtual QString Destinazione(const StringaConnessione& stringa) const = 0;
+
+    // The database of a new site, before anything is made: PostgreSQL checks the roles (they
+    // exist, the login may act as the owner, the group is neither the owner nor one of its
+    // members) and gives the new database to the owner; SQLite has no roles and refuses names
+    // of roles, and wants the folder of the file to be there. Raises Errore in words.
+    virtual void CreaDatabaseSito(const StringaConnessione& stringa,
+                                  const RuoliSito& ruoli) const = 0;
+    // Before scripts change the schema: where the login may act as the database's owner, the
+    // connection does (PostgreSQL: SET ROLE), so that whatever the scripts make is the owner's.
+    virtual void AgisciDaProprietario(const QSqlDatabase& db) const;
+    // After the scripts of a new site: the group gets what the program needs and no more
+    // (PostgreSQL: tabellion_concedi_diritti of the schema). Nothing where there are no roles.
+    virtual void ConcediDiritti(const QSqlDatabase& db, const RuoliSito& ruoli) const;
+
     // An identifier as the server reads it whatever its spelling.
     virtual QString Identificatore(const QString& sNome) const;
 
@@ -48,11 +77,13 @@ public:
     virtual QVariant ValoreDaLegare(const QVariant& valore) const { return valore; }
 
     // A table's triggers off and on again, inside the caller's transaction, so that a failed
-    // import rolls the switch back with its rows.
+    // import rolls the switch back with its rows. PostgreSQL, where only a table's owner may
+    // switch them, goes through tabellion_interruttore_trigger, which runs with the owner's
+    // rights and which the archivists' group may call.
     virtual void SospendiTrigger(const QSqlDatabase& db, const QString& sTabella) const = 0;
     virtual void RiattivaTrigger(const QSqlDatabase& db, const QString& sTabella) const = 0;
     // After rows came in with explicit keys: the next generated key goes past those of the
-    // site's range.
+    // site's range (PostgreSQL: tabellion_riallinea_chiave, with the owner's rights).
     virtual void AllineaChiavi(const QSqlDatabase& db, const QString& sTabella) const = 0;
 
     // The text of an insert of one row ("?" for each column, in order) that gives back the

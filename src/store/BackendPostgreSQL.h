@@ -2,6 +2,9 @@
 
 #include "Backend.h"
 
+#include <QPair>
+#include <functional>
+
 // PostgreSQL, for several workstations on one database: Data Source is "host" or "host:port"
 // (a "Port" in the head of the string serves when Data Source names none), Initial Catalog
 // the database; the server checks the login.
@@ -13,6 +16,10 @@ public:
                       const QString& sNomeConnessione) const override;
     void CreaDatabase(const StringaConnessione& stringa) const override;
     void EliminaDatabase(const StringaConnessione& stringa) const override;
+    QString Destinazione(const StringaConnessione& stringa) const override;
+    void CreaDatabaseSito(const StringaConnessione& stringa, const RuoliSito& ruoli) const override;
+    void AgisciDaProprietario(const QSqlDatabase& db) const override;
+    void ConcediDiritti(const QSqlDatabase& db, const RuoliSito& ruoli) const override;
     void SospendiTrigger(const QSqlDatabase& db, const QString& sTabella) const override;
     void RiattivaTrigger(const QSqlDatabase& db, const QString& sTabella) const override;
     void AllineaChiavi(const QSqlDatabase& db, const QString& sTabella) const override;
@@ -33,6 +40,11 @@ private:
     QSqlDatabase Prepara(const StringaConnessione& stringa, const QString& sDatabase,
                          const QString& sNomeConnessione) const;
     void EseguiSuServer(const StringaConnessione& stringa, const QString& sComando) const;
+    // Runs passo on a connection to the server's maintenance database "postgres", closed after.
+    void SulServer(const StringaConnessione& stringa,
+                   const std::function<void(const QSqlDatabase&)>& passo) const;
+    // The server's address and port that the string names.
+    QPair<QString, int> Indirizzo(const StringaConnessione& stringa) const;
 };
 
 // A program of the PostgreSQL client (pg_dump, pg_restore): on the PATH, else the newest of the

@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -52,6 +53,17 @@ bool RegistraCollazione(const QSqlDatabase& db) {
 
 QString BackendSQLite::FileDatabase(const StringaConnessione& stringa) {
     QString cartella = stringa.Valore(QStringLiteral("Data Source"));
+    // "host:port" or "[address]:port": a server's address, not a folder.
+    static const QRegularExpression server(
+        QStringLiteral("^([^/\\\\\\s\\[\\]:]+|\\[[^\\]]+\\]):[0-9]+$"));
+    if (server.match(cartella.trimmed()).hasMatch()) {
+        throw Errore(Sorgente,
+                     QStringLiteral("\"%1\" è l'indirizzo di un server (host:porta), ma "
+                                    "Connetti.txt indica SQLite, che tiene il database in un file "
+                                    "di una cartella. Per un server PostgreSQL Connetti.txt deve "
+                                    "dire Provider=QPSQL.")
+                         .arg(cartella));
+    }
     if (cartella.isEmpty()) {
         cartella = Sessione::CartellaProgramma();
     } else if (QDir::isRelativePath(cartella)) {
@@ -207,6 +219,27 @@ void BackendSQLite::CreaDatabase(const StringaConnessione& stringa) const {
             Sorgente,
             QStringLiteral("Impossibile creare il database %1: %2").arg(file, vuoto.errorString()));
     }
+}
+
+QString BackendSQLite::Destinazione(const StringaConnessione& stringa) const {
+    return QStringLiteral("SQLite, database \"%1\" nel file %2")
+        .arg(stringa.Valore(QStringLiteral("Initial Catalog")),
+             QDir::toNativeSeparators(FileDatabase(stringa)));
+}
+
+void BackendSQLite::CreaDatabaseSito(const StringaConnessione& stringa,
+                                     const RuoliSito& ruoli) const {
+    if (!ruoli.Predefiniti()) {
+        throw Errore(Sorgente, QStringLiteral("SQLite non ha ruoli: --proprietario e --gruppo "
+                                              "valgono solo per PostgreSQL."));
+    }
+    const QString cartella = QFileInfo(FileDatabase(stringa)).absolutePath();
+    if (!QFileInfo(cartella).isDir()) {
+        throw Errore(Sorgente,
+                     QStringLiteral("La cartella %1 non esiste: la si crei prima del database.")
+                         .arg(QDir::toNativeSeparators(cartella)));
+    }
+    CreaDatabase(stringa);
 }
 
 void BackendSQLite::EliminaDatabase(const StringaConnessione& stringa) const {

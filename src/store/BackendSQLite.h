@@ -15,6 +15,8 @@ public:
     QString InOrdineAlfabetico(const QString& sEspressione) const override;
     QVariant ValoreDaLegare(const QVariant& valore) const override;
     void EliminaDatabase(const StringaConnessione& stringa) const override;
+    QString Destinazione(const StringaConnessione& stringa) const override;
+    void CreaDatabaseSito(const StringaConnessione& stringa, const RuoliSito& ruoli) const override;
     void SospendiTrigger(const QSqlDatabase& db, const QString& sTabella) const override;
     void RiattivaTrigger(const QSqlDatabase& db, const QString& sTabella) const override;
     void AllineaChiavi(const QSqlDatabase& db, const QString& sTabella) const override;
@@ -24,7 +26,8 @@ public:
                 const QString& sDestinazione) const override;
     void IndiceWeb(const QSqlDatabase& db, const QString& sLingua) const override;
 
-    // The file of the database that the string names.
+    // The file of the database that the string names. A Data Source that names a server
+    // ("host:port", the form PostgreSQL takes) raises Errore: Connetti.txt says SQLite.
     static QString FileDatabase(const StringaConnessione& stringa);
 
     // The collation of Italian order that each connection of the program carries (a name of

@@ -1,6 +1,7 @@
 #include "EsecuzioneScript.h"
 #include "TestoErrore.h"
 
+#include "Backend.h"
 #include "Connessione.h"
 #include "session/Errore.h"
 
@@ -194,8 +195,38 @@ QList<IstruzioneScript> DividiScript(const QString& sScript) {
     return istruzioni;
 }
 
+QString ScriptDelServer(const QString& sScript, const QString& sServer, const QString& sNomeFile) {
+    static const QRegularExpression riga(QStringLiteral("^--[ \\t]*Server:[ \\t]*(\\S+)[ \\t]*$"));
+    const QStringList righe = sScript.split(u'\n');
+    QStringList tenute;
+    QStringList altri;
+    bool bParti = false;
+    bool bTenuta = true;
+    for (const QString& testo : righe) {
+        const QRegularExpressionMatch server = riga.match(testo.trimmed());
+        if (server.hasMatch()) {
+            bParti = true;
+            const QString nome = server.captured(1);
+            bTenuta = nome.compare(sServer, Qt::CaseInsensitive) == 0;
+            if (!bTenuta && !altri.contains(nome, Qt::CaseInsensitive)) {
+                altri.append(nome);
+            }
+        }
+        tenute.append(bTenuta ? testo : QString());
+    }
+    const QString risultato = tenute.join(u'\n');
+    if (bParti && DividiScript(risultato).isEmpty()) {
+        throw Errore(QStringLiteral("Script"),
+                     QStringLiteral("%1 è uno script per %2 e la connessione è a %3 (Provider di "
+                                    "Connetti.txt): nulla da eseguire.")
+                         .arg(sNomeFile, altri.join(QStringLiteral(", ")), sServer));
+    }
+    return risultato;
+}
+
 int EseguiScript(const Connessione& connessione, const QString& sScript, const QString& sNomeFile) {
-    const QList<IstruzioneScript> istruzioni = DividiScript(sScript);
+    const QList<IstruzioneScript> istruzioni =
+        DividiScript(ScriptDelServer(sScript, connessione.backend().Descrizione(), sNomeFile));
     bool gestisceTransazioni = false;
     for (const IstruzioneScript& istruzione : istruzioni) {
         const QStringList parole = PrimeParole(istruzione.sTesto, 2);

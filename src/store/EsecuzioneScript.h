@@ -16,7 +16,15 @@ struct IstruzioneScript {
 
 QList<IstruzioneScript> DividiScript(const QString& sScript);
 
-// Runs the statements in order, all in one transaction unless the script manages its own;
-// at the first failure the transaction is rolled back and Errore tells the file, the line and
-// the server's words. Returns the number of statements run.
+// A script may hold parts for one server only: a line "-- Server: <name>" (the name as the
+// backend describes itself: "SQLite", "PostgreSQL") begins a part that runs only on that
+// server, up to the next such line; what stands before the first one runs everywhere. The
+// script as one server runs it: the other servers' parts become empty lines, so that every
+// statement keeps its line number. Raises Errore, naming the file, when the script has parts
+// and none of its statements is for sServer.
+QString ScriptDelServer(const QString& sScript, const QString& sServer, const QString& sNomeFile);
+
+// Runs the statements of the connection's server (ScriptDelServer) in order, all in one transaction
+// unless the script manages its own; at the first failure the transaction is rolled back and Errore
+// tells the file, the line and the server's words. Returns the number of statements run.
 int EseguiScript(const Connessione& connessione, const QString& sScript, const QString& sNomeFile);

@@ -77,6 +77,16 @@ qint64 PiattaformaScriptata::AvviaProcesso(const QString& sProgramma,
     return pidProcesso;
 }
 
+EsitoProcesso PiattaformaScriptata::EseguiProcesso(const QString& sProgramma,
+                                                   const QStringList& argomenti) {
+    Chiamata chiamata;
+    chiamata.sTipo = QStringLiteral("processo");
+    chiamata.sProgramma = sProgramma;
+    chiamata.argomenti = argomenti;
+    chiamate.append(chiamata);
+    return alProcesso ? alProcesso(sProgramma, argomenti) : esitoProcesso;
+}
+
 void PiattaformaScriptata::TerminaProcesso() {
     Chiamata chiamata;
     chiamata.sTipo = QStringLiteral("termina");

@@ -30,6 +30,8 @@ public:
     int SceltaMenu(const QStringList& voci, const QPoint& posizione) override;
     void ApriGuida(const QString& sPercorso) override;
     qint64 AvviaProcesso(const QString& sProgramma, const QStringList& argomenti) override;
+    // Recorded as "processo" too; gives back esitoProcesso, or what alProcesso answers.
+    EsitoProcesso EseguiProcesso(const QString& sProgramma, const QStringList& argomenti) override;
     void TerminaProcesso() override;
 
     // What was asked, in order.
@@ -41,6 +43,9 @@ public:
     QStringList cartelleScelte;
     QList<int> scelteMenu;
     qint64 pidProcesso = 4242;
+    EsitoProcesso esitoProcesso{true, 0, QString(), QString(), QString()};
+    // When set, a program run to its end is run by it (e.g. the real tool, found elsewhere).
+    std::function<EsitoProcesso(const QString&, const QStringList&)> alProcesso;
     // Called while a box is "up", before it answers.
     std::function<void(const Messaggio&)> alMessaggio;
 
