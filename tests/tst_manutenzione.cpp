@@ -211,6 +211,12 @@ private Q_SLOTS:
     void ilDialogoRestaVivoMentreLaProceduraLavoraENonRiparte_data();
     void ilDialogoRestaVivoMentreLaProceduraLavoraENonRiparte();
 
+    void unBackupFallitoTornaAllaDomandaEUnSecondoTentativoRiesce_data();
+    void unBackupFallitoTornaAllaDomandaEUnSecondoTentativoRiesce();
+    void unCodice03ScrittoComeGliAltriDaErroreB1ConLaFormaAttesa_data();
+    void unCodice03ScrittoComeGliAltriDaErroreB1ConLaFormaAttesa();
+    void unCodice07SenzaApiciDaErroreE1ConLaFormaAttesa();
+
 private:
     std::unique_ptr<PiattaformaScriptata> seam;
     std::unique_ptr<BancaDatiProva> banca;
@@ -757,11 +763,11 @@ void TestManutenzione::unaCopiaDoveNonSiPuoScrivereDaErroreB1ENonLasciaNulla() {
     Controllo<QPushButton>(&dialogo, QStringLiteral("cmdSI"))->click();
     VerificaUnMessaggio(QStringLiteral("Errore B1"), Icona::Critica);
     QVERIFY(seam->Messaggi()[0].sTesto.contains(u'\n'));
-    // The two buttons stay hidden: the dialog is closed by its close box.
-    QVERIFY(!Controllo<QPushButton>(&dialogo, QStringLiteral("cmdSI"))->isVisible());
-    QVERIFY(!Controllo<QPushButton>(&dialogo, QStringLiteral("cmdNO"))->isVisible());
+    // The dialog asks again, with its two buttons.
+    QVERIFY(Controllo<QPushButton>(&dialogo, QStringLiteral("cmdSI"))->isVisible());
+    QVERIFY(Controllo<QPushButton>(&dialogo, QStringLiteral("cmdNO"))->isVisible());
     QCOMPARE(Controllo<QLabel>(&dialogo, QStringLiteral("Label1"))->text(),
-             QStringLiteral("Backup in corso. Prego attendere"));
+             QStringLiteral("Vuoi eseguire il backup?"));
     QCOMPARE(Contenuto(cartella->path()), prima);
     QVERIFY(dialogo.close());
 }
@@ -807,7 +813,7 @@ void TestManutenzione::unCodice03SenzaSpazioInizialeDaErroreB1() {
     QVERIFY2(seam->Messaggi()[0].sTesto.contains(QStringLiteral("SP_MakeBackup'")),
              qPrintable(seam->Messaggi()[0].sTesto));
     QVERIFY(Contenuto(cartella->path()).isEmpty());
-    QVERIFY(!Controllo<QPushButton>(&dialogo, QStringLiteral("cmdNO"))->isVisible());
+    QVERIFY(Controllo<QPushButton>(&dialogo, QStringLiteral("cmdNO"))->isVisible());
 }
 
 void TestManutenzione::unPgDumpCheFallisceNonLasciaNullaEDiceIlPerche() {
@@ -967,7 +973,7 @@ void TestManutenzione::unaLinguaSconosciutaDaErroreE1ELasciaLIndiceComEra() {
     VerificaUnMessaggio(QStringLiteral("Errore E1"), Icona::Critica);
     QVERIFY2(seam->Messaggi()[0].sTesto.contains(QStringLiteral("klingon")),
              qPrintable(seam->Messaggi()[0].sTesto));
-    QVERIFY(!Controllo<QPushButton>(&dialogo, QStringLiteral("cmdNO"))->isVisible());
+    QVERIFY(Controllo<QPushButton>(&dialogo, QStringLiteral("cmdNO"))->isVisible());
     QCOMPARE(Numeri(c, QStringLiteral("SELECT ID_Elemento FROM IndiceWeb")),
              (QList<qint64>{1, 2, 3, 4, 5, 6}));
     QCOMPARE(Cerca(c, TipoBackend::PostgreSQL, QStringLiteral("Tranquillini")), QList<qint64>{4});
@@ -1039,6 +1045,118 @@ void TestManutenzione::ilDialogoRestaVivoMentreLaProceduraLavoraENonRiparte() {
     altra->Chiudi();
     cmdNO->click();
     QVERIFY(!dialogo.isVisible());
+}
+
+// --- After a failure ----------------------------------------------------------------------
+
+void TestManutenzione::unBackupFallitoTornaAllaDomandaEUnSecondoTentativoRiesce_data() {
+    AggiungiBackend();
+}
+
+void TestManutenzione::unBackupFallitoTornaAllaDomandaEUnSecondoTentativoRiesce() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Apri(backend);
+    Archivio(*Sessione::cnn);
+    // The folder of the copies is not there yet.
+    const QString destinazione = cartella->filePath(QStringLiteral("copie/archivio.copia"));
+    Sessione::sParam03 = QLatin1Char(' ') + Apici(destinazione);
+    frmBackup dialogo;
+    dialogo.show();
+    auto* Label1 = Controllo<QLabel>(&dialogo, QStringLiteral("Label1"));
+    auto* cmdSI = Controllo<QPushButton>(&dialogo, QStringLiteral("cmdSI"));
+    auto* cmdNO = Controllo<QPushButton>(&dialogo, QStringLiteral("cmdNO"));
+
+    // While the box is up, the dialog has already left "Backup in corso".
+    QString testoAlBox;
+    bool bPulsantiAlBox = false;
+    seam->alMessaggio = [&](const Messaggio&) {
+        testoAlBox = Label1->text();
+        bPulsantiAlBox = cmdSI->isVisible() && cmdNO->isVisible();
+    };
+    cmdSI->click();
+    VerificaUnMessaggio(QStringLiteral("Errore B1"), Icona::Critica);
+    // The reason is the server's: the form of the setting was right, and is not shown.
+    QVERIFY2(!seam->Messaggi()[0].sTesto.contains(QStringLiteral("Param.txt")),
+             qPrintable(seam->Messaggi()[0].sTesto));
+    QCOMPARE(testoAlBox, QStringLiteral("Vuoi eseguire il backup?"));
+    QVERIFY(bPulsantiAlBox);
+    QCOMPARE(dialogo.windowTitle(), QStringLiteral("Backup"));
+    QCOMPARE(Label1->text(), QStringLiteral("Vuoi eseguire il backup?"));
+    QVERIFY(cmdSI->isVisible() && cmdSI->isEnabled());
+    QVERIFY(cmdNO->isVisible() && cmdNO->isEnabled());
+    QCOMPARE(cmdSI->text(), QStringLiteral("Si"));
+    QCOMPARE(cmdNO->text(), QStringLiteral("No"));
+    QVERIFY(!dialogo.InCorso());
+    QVERIFY(!QFileInfo::exists(destinazione));
+
+    // The folder made, a second try from the same dialog runs and ends well.
+    seam->alMessaggio = nullptr;
+    seam->Svuota();
+    QVERIFY(QDir(cartella->path()).mkpath(QStringLiteral("copie")));
+    cmdSI->click();
+    QVERIFY2(seam->Messaggi().isEmpty(), qPrintable(seam->Messaggi().value(0).sTesto));
+    QCOMPARE(Label1->text(), QStringLiteral("Backup terminato. Click su Esci"));
+    QCOMPARE(cmdNO->text(), QStringLiteral("Esci"));
+    QVERIFY(cmdNO->isVisible());
+    QVERIFY(!cmdSI->isVisible());
+    QVERIFY(QFileInfo(destinazione).size() > 0);
+
+    // The close box works after a failure as after a success.
+    QVERIFY(dialogo.close());
+}
+
+void TestManutenzione::unCodice03ScrittoComeGliAltriDaErroreB1ConLaFormaAttesa_data() {
+    AggiungiBackend();
+}
+
+void TestManutenzione::unCodice03ScrittoComeGliAltriDaErroreB1ConLaFormaAttesa() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    CartellaProva sito;
+    Apri(backend);
+    // As the other codes are written: no blank after the separator, no quotes.
+    sito.Scrivi(QStringLiteral("Param.txt"), "\"01=/srv/immagini\"\r\n03=/srv/copie/a.db\r\n");
+    Sessione::LeggiParam(QStringLiteral("PrimoMDI"));
+    QCOMPARE(Sessione::sParam03, QStringLiteral("/srv/copie/a.db"));
+    frmBackup dialogo;
+    dialogo.show();
+    Controllo<QPushButton>(&dialogo, QStringLiteral("cmdSI"))->click();
+    VerificaUnMessaggio(QStringLiteral("Errore B1"), Icona::Critica);
+    // The box as before, source and description, with the expected form below.
+    QCOMPARE(seam->Messaggi()[0].sTesto.split(u'\n'),
+             (QStringList{QStringLiteral("Procedure"),
+                          QStringLiteral("Impossibile trovare la stored procedure "
+                                         "'SP_MakeBackup/srv/copie/a.db'."),
+                          QStringLiteral("In Param.txt il codice 03 va scritto con uno spazio "
+                                         "dopo il separatore e il file tra apici, per esempio: "
+                                         "03= '/percorso/file'")}));
+    QVERIFY(Controllo<QPushButton>(&dialogo, QStringLiteral("cmdSI"))->isVisible());
+
+    // Written in that form, the same file goes.
+    QVERIFY(QDir(cartella->path()).mkpath(QStringLiteral("copie")));
+    const QString destinazione = cartella->filePath(QStringLiteral("copie/a.db"));
+    sito.Scrivi(QStringLiteral("Param.txt"), "03= " + Apici(destinazione).toUtf8() + "\r\n");
+    Sessione::LeggiParam(QStringLiteral("PrimoMDI"));
+    seam->Svuota();
+    Controllo<QPushButton>(&dialogo, QStringLiteral("cmdSI"))->click();
+    QVERIFY2(seam->Messaggi().isEmpty(), qPrintable(seam->Messaggi().value(0).sTesto));
+    QVERIFY(QFileInfo(destinazione).size() > 0);
+}
+
+void TestManutenzione::unCodice07SenzaApiciDaErroreE1ConLaFormaAttesa() {
+    Apri(TipoBackend::SQLite);
+    Sessione::sParam07 = QStringLiteral("italian");
+    frmIdicizWeb dialogo;
+    dialogo.show();
+    Controllo<QPushButton>(&dialogo, QStringLiteral("cmdSI"))->click();
+    VerificaUnMessaggio(QStringLiteral("Errore E1"), Icona::Critica);
+    QVERIFY2(seam->Messaggi()[0].sTesto.endsWith(
+                 QStringLiteral("\nIn Param.txt il codice 07 va scritto con uno spazio dopo il "
+                                "separatore e la lingua tra apici, per esempio: 07= 'italian'")),
+             qPrintable(seam->Messaggi()[0].sTesto));
+    QCOMPARE(Controllo<QLabel>(&dialogo, QStringLiteral("Label1"))->text(),
+             QStringLiteral("Vuoi eseguire indicizzazione web?"));
 }
 
 QTEST_MAIN(TestManutenzione)

@@ -19,7 +19,10 @@ frmBackup::frmBackup(QWidget* parent)
                               QStringLiteral("Backup in corso. Prego attendere"),
                               QStringLiteral("Backup terminato. Click su Esci"),
                               QStringLiteral("SP_MakeBackup"), &Sessione::sParam03,
-                              QStringLiteral("Errore B1")}) {}
+                              QStringLiteral("Errore B1"),
+                              QStringLiteral("In Param.txt il codice 03 va scritto con uno spazio "
+                                             "dopo il separatore e il file tra apici, per "
+                                             "esempio: 03= '/percorso/file'")}) {}
 
 frmBackup::frmBackup(QWidget* parent, Testi testiDati)
     : QDialog(parent)
@@ -70,7 +73,7 @@ void frmBackup::showEvent(QShowEvent* evento) {
 }
 
 void frmBackup::cmdSI_Click() {
-    // One run for each opening of the dialog.
+    // One run at a time; after one that ended well, no other from the same dialog.
     if (bAvviata) {
         return;
     }
@@ -84,14 +87,26 @@ void frmBackup::cmdSI_Click() {
             throw Errore(testi.sNome, QStringLiteral("La connessione al database è chiusa."));
         }
         // The setting brings its own blank and argument: nothing stands between.
-        EseguiProcedura(*Sessione::cnn, testi.sProcedura + *testi.pImpostazione);
+        const QString sComando = testi.sProcedura + *testi.pImpostazione;
+        try {
+            LeggiProcedura(sComando);
+        } catch (const Errore& errore) {
+            // A setting of another form: the box shows the form that is expected.
+            throw Errore(errore.sorgente(), errore.descrizione() + QLatin1Char('\n') + testi.sForma,
+                         errore.numero());
+        }
+        EseguiProcedura(*Sessione::cnn, sComando);
         bInCorso = false;
         cmdNO->setText(QStringLiteral("Esci"));
         cmdNO->show();
         Label1->setText(testi.sTerminato);
     } catch (const Errore& errore) {
-        // The buttons stay hidden: the dialog is closed by its close box.
+        // Back to the question, with both buttons: the user may close it or try again.
         bInCorso = false;
+        bAvviata = false;
+        Label1->setText(testi.sDomanda);
+        cmdSI->show();
+        cmdNO->show();
         MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica, testi.sTitoloErrore);
     }
 }

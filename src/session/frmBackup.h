@@ -2,7 +2,8 @@
 
 // "Backup": asks, then runs the backup procedure of the database with the setting of code 03,
 // and says when it has ended. While it runs the dialog stays painted and cannot be closed, nor
-// the procedure started again. frmIdicizWeb is the same dialog for the web index.
+// the procedure started again; after a failure it asks again, with both buttons. frmIdicizWeb
+// is the same dialog for the web index.
 
 #include <QDialog>
 
@@ -33,6 +34,7 @@ protected:
         QString sProcedura;           // the command's head, followed directly by the setting
         const QString* pImpostazione; // the session value of the setting, read at the start
         QString sTitoloErrore;
+        QString sForma; // how the setting is written, shown when the command cannot be read
     };
     frmBackup(QWidget* parent, Testi testiDati);
 

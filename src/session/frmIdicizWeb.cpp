@@ -8,4 +8,7 @@ frmIdicizWeb::frmIdicizWeb(QWidget* parent)
                               QStringLiteral("Indicizzazione web in corso. Prego attendere"),
                               QStringLiteral("Indicizzazione web terminata. Click su Esci"),
                               QStringLiteral("SP_Indicizza"), &Sessione::sParam07,
-                              QStringLiteral("Errore E1")}) {}
+                              QStringLiteral("Errore E1"),
+                              QStringLiteral("In Param.txt il codice 07 va scritto con uno spazio "
+                                             "dopo il separatore e la lingua tra apici, per "
+                                             "esempio: 07= 'italian'")}) {}
