@@ -10,6 +10,7 @@
 #include "CartellaProva.h"
 #include "Modali.h"
 #include "PiattaformaScriptata.h"
+#include "RuoloProva.h"
 
 #include <QAction>
 #include <QApplication>
@@ -105,7 +106,9 @@ private Q_SLOTS:
     void versioneNullChiedeConVersioneTrovataVuota();
     void siAllAggiornamentoAvviaTabellionSqlConLaRigaDiComando();
     void configVuotaNonChiedeELasciaValoreAZero();
-    void configMancanteDaErroreV1();
+    void unUtenteCheNonPuoLeggereConfigERifiutatoDalLogin();
+    void unDatabaseSenzaConfigERifiutatoDalLogin_data();
+    void unDatabaseSenzaConfigERifiutatoDalLogin();
 
     void fineChiedeConfermaENoLasciaTutto();
     void fineConSiChiudeLaConnessione();
@@ -667,17 +670,80 @@ void TestAvvio::configVuotaNonChiedeELasciaValoreAZero() {
     QCOMPARE(Sessione::dValore, 2.75);
 }
 
-void TestAvvio::configMancanteDaErroreV1() {
+void TestAvvio::unUtenteCheNonPuoLeggereConfigERifiutatoDalLogin() {
+    RICHIEDI_BACKEND(TipoBackend::PostgreSQL);
     CartellaProva cartella;
-    BancaDatiProva banca(TipoBackend::SQLite);
+    BancaDatiProva banca(TipoBackend::PostgreSQL);
+    // A login of the server outside the group of archivists: no right on any table.
+    RuoloProva ruolo(banca);
+    QVERIFY(ruolo.Creato());
+    cartella.ScriviSito(banca.Testa(), banca.Server(), banca.Database());
+    PrimoMDI principale;
+    bool bRifiutato = false;
+    bool bEntrato = false;
+    AlComparire(QStringLiteral("frmLogin"), [&](QWidget* login) {
+        CompilaLogin(login, ruolo.Nome(), RuoloProva::Password());
+        bRifiutato = login->isVisible() && QApplication::activeModalWidget() == login &&
+                     QApplication::focusWidget() ==
+                         login->findChild<QWidget*>(QStringLiteral("txtUserID")) &&
+                     !Sessione::cnn && !MenuSessioneDisponibili(principale);
+        // The dialog stays for another try, which a login of the group passes.
+        CompilaLogin(login, banca.Utente(), banca.Password());
+        bEntrato = !login->isVisible();
+    });
+    principale.show();
+    QVERIFY(QTest::qWaitFor([&] { return MenuSessioneDisponibili(principale); }, 20000));
+    QVERIFY(bRifiutato);
+    QVERIFY(bEntrato);
+    QCOMPARE(seam->Messaggi().size(), 1);
+    const Messaggio box = seam->Messaggi().constFirst();
+    QCOMPARE(box.sTitolo, QStringLiteral("Login"));
+    QCOMPARE(box.icona, Icona::Critica);
+    QCOMPARE(box.pulsanti, Pulsanti::Ok);
+    QVERIFY2(box.sTesto.startsWith(QStringLiteral("L'utente \"") + ruolo.Nome() +
+                                   QStringLiteral("\" non può leggere le impostazioni del sito "
+                                                  "(la tabella Config) nel database \"") +
+                                   banca.Database() + QStringLiteral("\": ")),
+             qPrintable(box.sTesto));
+    QVERIFY2(box.sTesto.contains(QStringLiteral("permission denied")), qPrintable(box.sTesto));
+    QVERIFY2(box.sTesto.contains(QStringLiteral("gruppo degli archivisti")),
+             qPrintable(box.sTesto));
+    QVERIFY(box.sTesto.endsWith(QStringLiteral("\nAccesso negato")));
+    QCOMPARE(Sessione::sUtente, banca.Utente());
+    QCOMPARE(seam->Terminazioni(), 0);
+    principale.close();
+}
+
+void TestAvvio::unDatabaseSenzaConfigERifiutatoDalLogin_data() {
+    AggiungiBackend();
+}
+
+void TestAvvio::unDatabaseSenzaConfigERifiutatoDalLogin() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    CartellaProva cartella;
+    BancaDatiProva banca(backend);
     banca.Apri()->Esegui(QStringLiteral("DROP TABLE Config"));
     cartella.ScriviSito(banca.Testa(), banca.Server(), banca.Database());
     PrimoMDI principale;
-    QVERIFY(AvviaSessione(principale, banca));
+    bool bRifiutato = false;
+    AlComparire(QStringLiteral("frmLogin"), [&](QWidget* login) {
+        CompilaLogin(login, banca.Utente(), banca.Password());
+        bRifiutato = login->isVisible() && !Sessione::cnn && Sessione::sUtente.isEmpty();
+        Controllo<QPushButton>(login, QStringLiteral("cmdEsci"))->click();
+    });
+    principale.show();
+    QVERIFY(QTest::qWaitFor([&] { return seam->Terminazioni() == 1; }, 20000));
+    QVERIFY(bRifiutato);
     QCOMPARE(seam->Messaggi().size(), 1);
-    QCOMPARE(seam->Messaggi().constFirst().sTitolo, QStringLiteral("Errore V1"));
-    QVERIFY(seam->Messaggi().constFirst().sTesto.contains(QStringLiteral("Config")));
-    QCOMPARE(seam->Terminazioni(), 0);
+    const Messaggio box = seam->Messaggi().constFirst();
+    QCOMPARE(box.sTitolo, QStringLiteral("Login"));
+    QCOMPARE(box.icona, Icona::Critica);
+    QVERIFY2(box.sTesto.contains(QStringLiteral("non può leggere le impostazioni del sito (la "
+                                                "tabella Config)")),
+             qPrintable(box.sTesto));
+    QVERIFY(box.sTesto.endsWith(QStringLiteral("\nAccesso negato")));
+    QVERIFY(!MenuSessioneDisponibili(principale));
 }
 
 void TestAvvio::fineChiedeConfermaENoLasciaTutto() {

@@ -133,13 +133,12 @@ void frmLogin::cmdAvanti_Click() {
             ComponiStringaConnessione(Sessione::sConnessione, Sessione::sServer, database,
                                       txtUserID->text().trimmed(), txtPassWord->text().trimmed());
         Sessione::cnn = Connessione::Apri(Sessione::sConnessione);
+        VerificaImpostazioniSito(txtUserID->text().trimmed(), database);
         Sessione::sDatabase = database;
         Sessione::sUtente = txtUserID->text().trimmed();
         Sessione::sPassword = txtPassWord->text().trimmed();
 
-        const QStringList istituto = LeggiLista(
-            Sessione::FileProgramma(QStringLiteral("Istituto.txt")), QStringLiteral("frmLogin"));
-        const QString tipo = istituto.value(0).left(1);
+        const QString tipo = Sessione::LeggiTipoSito(QStringLiteral("frmLogin"));
         if (tipo == QStringLiteral("S")) {
             Sessione::bIstituto = false;
         } else if (tipo == QStringLiteral("I")) {
@@ -151,6 +150,26 @@ void frmLogin::cmdAvanti_Click() {
         MsgBox(errore.descrizione() + QLatin1Char('\n') + QStringLiteral("Accesso negato"),
                Pulsanti::Ok, Icona::Critica, QStringLiteral("Login"));
         txtUserID->setFocus();
+    }
+}
+
+void frmLogin::VerificaImpostazioniSito(const QString& sUtente, const QString& sDatabase) {
+    // The server lets in any of its logins; one that cannot read the site's settings could not
+    // work in any window, so it is refused here, and its connection closed.
+    try {
+        Sessione::cnn->Esegui(QStringLiteral("SELECT Valore, Versione FROM Config"), {},
+                              QStringLiteral("frmLogin"));
+    } catch (const Errore& errore) {
+        Sessione::ChiudiConnessione();
+        throw Errore(
+            errore.sorgente(),
+            QStringLiteral("L'utente \"%1\" non può leggere le impostazioni del sito (la tabella "
+                           "Config) nel database \"%2\": %3\n"
+                           "Per lavorare con il programma l'utente deve appartenere al gruppo "
+                           "degli archivisti, che ha i diritti di lettura e scrittura sulle "
+                           "tabelle del database: rivolgersi all'amministratore.")
+                .arg(sUtente, sDatabase, errore.descrizione()),
+            errore.numero());
     }
 }
 

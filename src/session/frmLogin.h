@@ -34,6 +34,8 @@ protected:
 
 private:
     void Disponi();
+    // Reads Config on the new connection: a login that cannot is refused, with the reason.
+    void VerificaImpostazioniSito(const QString& sUtente, const QString& sDatabase);
 
     bool bPiuDatabase = false;
     bool bAccessoRiuscito = false;
