@@ -1,16 +1,20 @@
 // The main window: its menus, the rule of one main child window at a time, the modal tools
 // and the help books.
 
+#include "session/Errore.h"
 #include "session/PrimoMDI.h"
 #include "session/Sessione.h"
 #include "store/Connessione.h"
+#include "structure/frmStrutturaCD.h"
 
 #include "BancaDatiProva.h"
 #include "CartellaProva.h"
 #include "Modali.h"
 #include "PiattaformaScriptata.h"
+#include "RuoloProva.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDialog>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -32,6 +36,32 @@ QWidget* FinestraFinta(const QString& sNome) {
     finestra->setWindowTitle(sNome);
     return finestra;
 }
+
+// Another window for a menu entry, in place of the stand-in, for one test.
+class FinestraSostituita {
+public:
+    FinestraSostituita(QString nome, PrimoMDI::Fabbrica fabbrica)
+        : sNome(std::move(nome)) {
+        PrimoMDI::RegistraFinestra(sNome, std::move(fabbrica));
+    }
+    ~FinestraSostituita() {
+        PrimoMDI::RegistraFinestra(sNome, [n = sNome](PrimoMDI*) { return FinestraFinta(n); });
+    }
+    FinestraSostituita(const FinestraSostituita&) = delete;
+    FinestraSostituita& operator=(const FinestraSostituita&) = delete;
+
+private:
+    QString sNome;
+};
+
+// A window that raises as it comes on the screen, as one whose first showing reads a file of
+// the program folder that is not there.
+class FinestraCheFallisceAllaComparsa : public QWidget {
+protected:
+    void showEvent(QShowEvent*) override {
+        throw Errore(QStringLiteral("frmRegistroPC"), QStringLiteral("File non trovato: Sedi.txt"));
+    }
+};
 
 QStringList FinestreAperte(const PrimoMDI& principale) {
     QStringList nomi;
@@ -74,12 +104,16 @@ private Q_SLOTS:
     void ilManualeDeiPuntiDAccessoNonSiPuoScegliere();
     void aggiornaVersioneChiedeAncheConVersioneUguale();
     void aggiornaVersioneConSiAvviaLoStrumento();
+    void unaFinestraCheNonSiPuoAprireDaUnBoxERestaChiusa();
+    void complessiDocumentariSuTabelleIlleggibiliDaUnBoxENonFermaIlProgramma_data();
+    void complessiDocumentariSuTabelleIlleggibiliDaUnBoxENonFermaIlProgramma();
 
 private:
     std::unique_ptr<PiattaformaScriptata> seam;
     std::unique_ptr<CartellaProva> cartella;
     std::unique_ptr<BancaDatiProva> banca;
     std::unique_ptr<PrimoMDI> principale;
+    std::unique_ptr<RuoloProva> ruolo;
     void Avvia(const QString& sTipoSito = QStringLiteral("I"));
 };
 
@@ -104,6 +138,8 @@ void TestFinestraPrincipale::init() {
 
 void TestFinestraPrincipale::cleanup() {
     principale.reset();
+    Sessione::ChiudiConnessione();
+    ruolo.reset();
     banca.reset();
     cartella.reset();
     seam.reset();
@@ -352,6 +388,131 @@ void TestFinestraPrincipale::aggiornaVersioneConSiAvviaLoStrumento() {
     const QList<Chiamata> processi = seam->Chiamate(QStringLiteral("processo"));
     QCOMPARE(processi.size(), 1);
     QCOMPARE(processi.constFirst().argomenti.value(9), cartella->File(QStringLiteral("alter.sql")));
+}
+
+void TestFinestraPrincipale::unaFinestraCheNonSiPuoAprireDaUnBoxERestaChiusa() {
+    Avvia();
+    Azione(*principale, "mnuToponimi")->trigger();
+    QVERIFY(Sessione::bFrmToponimiAperto);
+    {
+        // A window whose making meets a refusal of the database.
+        const FinestraSostituita rifiutata(
+            QStringLiteral("frmSoggetti"), [](PrimoMDI*) -> QWidget* {
+                throw Errore(QStringLiteral("frmSoggetti"),
+                             QStringLiteral("permission denied for table soggetti"));
+            });
+        Azione(*principale, "mnuSoggetti")->trigger();
+    }
+    QCOMPARE(seam->Messaggi().size(), 1);
+    const Messaggio box = seam->Messaggi().constFirst();
+    QCOMPARE(box.sTitolo, QStringLiteral("Errore T5"));
+    QCOMPARE(box.icona, Icona::Critica);
+    QCOMPARE(box.pulsanti, Pulsanti::Ok);
+    QCOMPARE(box.sTesto, QStringLiteral("frmSoggetti\npermission denied for table soggetti"));
+    // The window is not there and the one before was closed by the opening.
+    QVERIFY(!Sessione::bFrmSoggettiAperto);
+    QVERIFY(!Sessione::bFrmToponimiAperto);
+    QCoreApplication::processEvents();
+    QVERIFY(FinestreAperte(*principale).isEmpty());
+
+    {
+        // A window that fails while it is being shown: neither it nor its frame stays.
+        const FinestraSostituita mostrata(QStringLiteral("frmRegistroPC"), [](PrimoMDI*) {
+            return new FinestraCheFallisceAllaComparsa;
+        });
+        Azione(*principale, "mnuRegistro")->trigger();
+    }
+    QCOMPARE(seam->Messaggi().size(), 2);
+    QCOMPARE(seam->Messaggi()[1].sTitolo, QStringLiteral("Errore T5"));
+    QCOMPARE(seam->Messaggi()[1].sTesto,
+             QStringLiteral("frmRegistroPC\nFile non trovato: Sedi.txt"));
+    QVERIFY(!Sessione::bFrmRegistroPCAperto);
+    QCoreApplication::processEvents();
+    QVERIFY(principale->Area()->subWindowList().isEmpty());
+
+    // The entries work again.
+    Azione(*principale, "mnuSoggetti")->trigger();
+    QCOMPARE(FinestreAperte(*principale), QStringList{QStringLiteral("frmSoggetti")});
+    QVERIFY(Sessione::bFrmSoggettiAperto);
+    QCOMPARE(seam->Messaggi().size(), 2);
+}
+
+void TestFinestraPrincipale::
+    complessiDocumentariSuTabelleIlleggibiliDaUnBoxENonFermaIlProgramma_data() {
+    QTest::addColumn<TipoBackend>("backend");
+    QTest::addColumn<QString>("tabella");
+    QTest::addColumn<QString>("titolo");
+    QTest::addColumn<bool>("aperta");
+    for (const auto& [nome, tipo] : {std::pair{"sqlite", TipoBackend::SQLite},
+                                     std::pair{"postgresql", TipoBackend::PostgreSQL}}) {
+        const QString sNome = QLatin1String(nome);
+        // A table that the editors read while the window opens: the window does not open.
+        QTest::newRow(qPrintable(sNome + QStringLiteral(" CodiciIstituto")))
+            << tipo << QStringLiteral("CodiciIstituto") << QStringLiteral("Errore T5") << false;
+        // The tree's own view: the tree's box, and the window stays with an empty tree.
+        QTest::newRow(qPrintable(sNome + QStringLiteral(" AlberoGlobale")))
+            << tipo << QStringLiteral("AlberoGlobale") << QStringLiteral("Errore U5") << true;
+    }
+}
+
+void TestFinestraPrincipale::complessiDocumentariSuTabelleIlleggibiliDaUnBoxENonFermaIlProgramma() {
+    QFETCH(TipoBackend, backend);
+    QFETCH(QString, tabella);
+    QFETCH(QString, titolo);
+    QFETCH(bool, aperta);
+    RICHIEDI_BACKEND(backend);
+    banca = std::make_unique<BancaDatiProva>(backend);
+    QString utente = banca->Utente();
+    QString password = banca->Password();
+    if (backend == TipoBackend::SQLite) {
+        // A file has no rights: the table is simply not there.
+        banca->Apri()->Esegui((tabella == QStringLiteral("AlberoGlobale")
+                                   ? QStringLiteral("DROP VIEW ")
+                                   : QStringLiteral("DROP TABLE ")) +
+                              tabella);
+    } else {
+        // A login that reads and writes every table but that one.
+        ruolo = std::make_unique<RuoloProva>(*banca);
+        QVERIFY(ruolo->Creato());
+        QVERIFY(ruolo->Concedi(QStringLiteral(
+            "GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA public TO %1")));
+        QVERIFY(ruolo->Concedi(QStringLiteral("REVOKE ALL ON ") + tabella +
+                               QStringLiteral(" FROM %1")));
+        utente = ruolo->Nome();
+        password = RuoloProva::Password();
+    }
+    cartella->ScriviSito(banca->Testa(), banca->Server(), banca->Database());
+    cartella->CopiaDalSito({QStringLiteral("Bitmap"), QStringLiteral("TipologiaIST.txt"),
+                            QStringLiteral("TipologiaCD.txt")});
+    // The program's own window.
+    const FinestraSostituita vera(QStringLiteral("frmStrutturaCD"),
+                                  [](PrimoMDI* p) { return new frmStrutturaCD(p); });
+    principale = std::make_unique<PrimoMDI>();
+    QVERIFY(AvviaSessione(*principale, utente, password));
+    seam->Svuota();
+    Azione(*principale, "mnuComplessiDoc")->trigger();
+    QCoreApplication::processEvents();
+
+    const QList<Messaggio> boxes = seam->Messaggi();
+    QCOMPARE(boxes.size(), 1);
+    QCOMPARE(boxes[0].sTitolo, titolo);
+    QCOMPARE(boxes[0].icona, Icona::Critica);
+    QVERIFY2(boxes[0].sTesto.contains(tabella, Qt::CaseInsensitive), qPrintable(boxes[0].sTesto));
+    QCOMPARE(Sessione::bFrmStrutturaCDAperto, aperta);
+    QCOMPARE(FinestreAperte(*principale).size(), aperta ? 1 : 0);
+    if (aperta) {
+        // Nothing of the tree but its root.
+        const auto* finestra = principale->findChild<frmStrutturaCD*>();
+        QVERIFY(finestra);
+        QCOMPARE(finestra->Modello().Nodi(), 1);
+        return;
+    }
+    // The program goes on: its entry works again, and says the same.
+    Azione(*principale, "mnuComplessiDoc")->trigger();
+    QCOMPARE(seam->Messaggi().size(), 2);
+    QCOMPARE(seam->Messaggi()[1].sTesto, boxes[0].sTesto);
+    QVERIFY(!Sessione::bFrmStrutturaCDAperto);
+    QVERIFY(principale->isVisible());
 }
 
 QTEST_MAIN(TestFinestraPrincipale)

@@ -255,15 +255,28 @@ void PrimoMDI::ApriFiglia(const VoceFiglia& voce) {
     }
     Scarica();
     *voce.flag = true;
-    QWidget* finestra = (*fabbrica)(this);
+    QPointer<QWidget> finestra;
+    const bool bAperta = AperturaProtetta(voce.sFinestra, [&] {
+        finestra = (*fabbrica)(this);
+        if (finestra == nullptr) {
+            return;
+        }
+        finestra->setObjectName(voce.sFinestra);
+        bool* flag = voce.flag;
+        connect(finestra, &QObject::destroyed, this, [flag] { *flag = false; });
+        MostraFiglia(finestra);
+    });
+    if (!bAperta) {
+        // What was made of the window goes, with its frame if it had one already.
+        if (finestra != nullptr) {
+            QWidget* resto = qobject_cast<QMdiSubWindow*>(finestra->parentWidget());
+            delete (resto != nullptr ? resto : finestra.data());
+        }
+        finestra = nullptr;
+    }
     if (finestra == nullptr) {
         *voce.flag = false;
-        return;
     }
-    finestra->setObjectName(voce.sFinestra);
-    bool* flag = voce.flag;
-    connect(finestra, &QObject::destroyed, this, [flag] { *flag = false; });
-    MostraFiglia(finestra);
 }
 
 void PrimoMDI::ApriModale(const QString& sNome) {
@@ -271,11 +284,29 @@ void PrimoMDI::ApriModale(const QString& sNome) {
     if (fabbrica == Fabbriche().constEnd()) {
         return;
     }
-    QWidget* finestra = (*fabbrica)(this);
-    if (auto* dialogo = qobject_cast<QDialog*>(finestra)) {
+    QPointer<QWidget> finestra;
+    if (!AperturaProtetta(sNome, [&] { finestra = (*fabbrica)(this); })) {
+        delete finestra.data();
+        return;
+    }
+    if (auto* dialogo = qobject_cast<QDialog*>(finestra.data())) {
         dialogo->setAttribute(Qt::WA_DeleteOnClose);
         dialogo->exec();
     }
+}
+
+bool PrimoMDI::AperturaProtetta(const QString& sNome, const std::function<void()>& apertura) {
+    // An error that the window's own opening did not handle (a table it may not read, a file
+    // of the program folder that is not there) ends here, in a box, and never in the event
+    // loop, which would end the process.
+    try {
+        apertura();
+        return true;
+    } catch (...) {
+        const Errore errore = ErroreDi(std::current_exception(), sNome);
+        MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica, QStringLiteral("Errore T5"));
+    }
+    return false;
 }
 
 void PrimoMDI::Scarica() {

@@ -57,6 +57,9 @@ private:
     QAction* VoceBarra(const char* nome, const QString& sDidascalia);
     void ApriFiglia(const VoceFiglia& voce);
     void ApriModale(const QString& sNome);
+    // Runs the opening of a window; an error of it is shown in the box "Errore T5" (its source
+    // and description) and gives false.
+    bool AperturaProtetta(const QString& sNome, const std::function<void()>& apertura);
     void LeggiMenu();
     void Guida(int n);
 

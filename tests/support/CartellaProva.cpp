@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QtTest>
 
 CartellaProva::CartellaProva() {
@@ -40,4 +41,20 @@ void CartellaProva::ScriviSito(const QString& sTesta, const QString& sServer,
     Scrivi(QStringLiteral("Menu.txt"), "Uno\r\nDue\r\nTre\r\nQuattro\r\nCinque\r\nSei\r\n");
     Scrivi(QStringLiteral("Connetti.txt"), sTesta.toUtf8() + "\r\n");
     Scrivi(QStringLiteral("Istituto.txt"), sTipoSito.toUtf8() + "\r\n");
+}
+
+void CartellaProva::CopiaDalSito(const QStringList& nomi) const {
+    const QDir sito(QStringLiteral(TABELLION_SORGENTI "/site"));
+    for (const QString& nome : nomi) {
+        const QFileInfo origine(sito.filePath(nome));
+        if (origine.isDir()) {
+            QVERIFY(QDir().mkpath(File(nome)));
+            const QDir cartellaOrigine(origine.filePath());
+            for (const QString& file : cartellaOrigine.entryList(QDir::Files)) {
+                QVERIFY(QFile::copy(cartellaOrigine.filePath(file), File(nome + u'/' + file)));
+            }
+        } else {
+            QVERIFY2(QFile::copy(origine.filePath(), File(nome)), qPrintable(nome));
+        }
+    }
 }

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 class CartellaProva {
@@ -21,6 +22,8 @@ public:
     // Param.txt, Connetti.txt and Istituto.txt for a database; no DbNames.txt.
     void ScriviSito(const QString& sTesta, const QString& sServer, const QString& sDatabase,
                     const QString& sTipoSito = QStringLiteral("I")) const;
+    // Copies files or folders (as Bitmap) of the program's own site folder into this one.
+    void CopiaDalSito(const QStringList& nomi) const;
 
 private:
     QTemporaryDir cartella;

@@ -43,8 +43,10 @@ void CompilaLogin(QWidget* login, const QString& sUtente, const QString& sPasswo
 }
 
 bool AvviaSessione(PrimoMDI& principale, const BancaDatiProva& banca) {
-    const QString utente = banca.Utente();
-    const QString password = banca.Password();
+    return AvviaSessione(principale, banca.Utente(), banca.Password());
+}
+
+bool AvviaSessione(PrimoMDI& principale, const QString& utente, const QString& password) {
     AlComparire(QStringLiteral("frmLogin"),
                 [utente, password](QWidget* login) { CompilaLogin(login, utente, password); });
     principale.show();

@@ -31,3 +31,5 @@ void CompilaLogin(QWidget* login, const QString& sUtente, const QString& sPasswo
 // Shows the main form, logs in with the test database's login and waits for the road of the
 // start to end. True when the session is open.
 bool AvviaSessione(PrimoMDI& principale, const BancaDatiProva& banca);
+// The same with another login of the server.
+bool AvviaSessione(PrimoMDI& principale, const QString& sUtente, const QString& sPassword);
