@@ -2,9 +2,11 @@
 """Writes db/sqlite/schema.sql and db/postgresql/schema.sql from one description of the
 database: tables, keys, indexes, views and the triggers that carry the database's duties.
 
-    python3 db/genera_schema.py
+    python3 db/genera_schema.py              writes them
+    python3 db/genera_schema.py --controlla  exits 1, naming them, when a file differs
 
-The two scripts are committed; run this again after changing the description below.
+The two scripts, the upgrade site/alter.sql and the exchange schema files site/Schemi are
+committed; run this again after changing the description below (a test runs --controlla).
 
 Decisions kept here, where a reader of the schema finds them (they are repeated at the head
 of each generated script):
@@ -1296,9 +1298,40 @@ def scrivi_schemi(cartella: str):
             f.write('\n'.join(righe))
 
 
+def genera(radice: str):
+    """Writes every generated file below radice, the sources' root."""
+    for cartella in ('db/sqlite', 'db/postgresql', 'site'):
+        os.makedirs(os.path.join(radice, cartella), exist_ok=True)
+    scrivi(SQLite(), os.path.join(radice, 'db', 'sqlite', 'schema.sql'))
+    scrivi(PostgreSQL(), os.path.join(radice, 'db', 'postgresql', 'schema.sql'))
+    scrivi_schemi(os.path.join(radice, 'site', 'Schemi'))
+    scrivi_aggiornamento(os.path.join(radice, 'site', 'alter.sql'))
+
+
+def controlla(radice: str) -> list[str]:
+    """The generated files that differ from those below radice (or lack, or are too many)."""
+    import filecmp
+    import tempfile
+    with tempfile.TemporaryDirectory() as nuova:
+        genera(nuova)
+        nomi = ['db/sqlite/schema.sql', 'db/postgresql/schema.sql', 'site/alter.sql']
+        for cartella in (nuova, radice):
+            schemi = os.path.join(cartella, 'site', 'Schemi')
+            nomi += ['site/Schemi/' + n for n in os.listdir(schemi) if n.endswith('Sch.xml')]
+        return sorted({n for n in nomi
+                       if not (os.path.isfile(os.path.join(nuova, n))
+                               and os.path.isfile(os.path.join(radice, n))
+                               and filecmp.cmp(os.path.join(nuova, n), os.path.join(radice, n),
+                                               shallow=False))})
+
+
 if __name__ == '__main__':
-    cartella = os.path.dirname(os.path.abspath(__file__))
-    scrivi(SQLite(), os.path.join(cartella, 'sqlite', 'schema.sql'))
-    scrivi(PostgreSQL(), os.path.join(cartella, 'postgresql', 'schema.sql'))
-    scrivi_schemi(os.path.join(os.path.dirname(cartella), 'site', 'Schemi'))
-    scrivi_aggiornamento(os.path.join(os.path.dirname(cartella), 'site', 'alter.sql'))
+    import sys
+    radice = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+    if sys.argv[1:] == ['--controlla']:
+        # The committed files are those a fresh run writes.
+        diversi = controlla(radice)
+        for nome in diversi:
+            print('%s: not as db/genera_schema.py writes it' % nome)
+        sys.exit(1 if diversi else 0)
+    genera(radice)

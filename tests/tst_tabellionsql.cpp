@@ -129,6 +129,9 @@ private Q_SLOTS:
     void unSitoPostgreSQLAppartieneAlProprietarioEAgliArchivistiSoloLeRighe();
     void iRuoliDelSitoSonoControllatiPrimaDiCreare();
     void lAiutoDescriveOgniOpzione();
+    void alterPortaUnDatabaseDiUnaVersionePrecedenteAlloSchemaAttuale_data();
+    void alterPortaUnDatabaseDiUnaVersionePrecedenteAlloSchemaAttuale();
+    void alterDiUnSitoPostgreSQLSpettaAllAmministratoreETieneIDiritti();
 };
 
 void TestTabellionSql::initTestCase() {
@@ -688,6 +691,164 @@ void TestTabellionSql::lAiutoDescriveOgniOpzione() {
           QStringLiteral("-- Server: PostgreSQL")}) {
         QVERIFY2(aiuto.uscita.contains(opzione), qPrintable(opzione));
     }
+}
+
+namespace {
+
+// The schema of a database as text, one line per object, in a fixed order: what an upgrade
+// must give back exactly. Columns are listed by name (an added column stands last in its
+// table).
+QStringList DescrizioneSchema(const Connessione& connessione, TipoBackend backend) {
+    if (backend == TipoBackend::SQLite) {
+        return Elenco(connessione,
+                      QStringLiteral("SELECT type || ' ' || name || ': ' || COALESCE(sql, '') "
+                                     "FROM sqlite_master ORDER BY type, name"));
+    }
+    return Elenco(
+        connessione,
+        QStringLiteral(
+            "SELECT * FROM ("
+            "SELECT 'colonna ' || table_name || '.' || column_name || ' ' || data_type || ' ' || "
+            "is_nullable || ' ' || COALESCE(column_default, '') || ' ' || is_identity AS riga "
+            "FROM information_schema.columns WHERE table_schema = 'public' "
+            "UNION ALL SELECT 'vista ' || viewname || ': ' || definition FROM pg_views "
+            "WHERE schemaname = 'public' "
+            "UNION ALL SELECT 'indice ' || indexdef FROM pg_indexes WHERE schemaname = 'public' "
+            "UNION ALL SELECT 'trigger ' || pg_get_triggerdef(t.oid) || ' ' || CAST(t.tgenabled AS "
+            "text) "
+            "FROM pg_trigger t JOIN pg_class c ON c.oid = t.tgrelid JOIN pg_namespace n ON "
+            "n.oid = c.relnamespace WHERE n.nspname = 'public' AND NOT t.tgisinternal "
+            "UNION ALL SELECT 'funzione ' || p.proname || ' ' || md5(p.prosrc) || ' ' || "
+            "p.prosecdef || ' ' || COALESCE(array_to_string(p.proconfig, ','), '') || ' ' || "
+            "COALESCE(array_to_string(p.proacl, ','), '') FROM pg_proc p JOIN pg_namespace n "
+            "ON n.oid = p.pronamespace WHERE n.nspname = 'public' "
+            "UNION ALL SELECT 'sequenza ' || sequencename || ' ' || min_value || ' ' || "
+            "max_value || ' ' || start_value FROM pg_sequences WHERE schemaname = 'public' "
+            "UNION ALL SELECT 'diritti ' || c.relname || ' ' || COALESCE(array_to_string("
+            "c.relacl, ','), '') FROM pg_class c JOIN pg_namespace n ON n.oid = "
+            "c.relnamespace WHERE n.nspname = 'public' AND c.relkind IN ('r', 'v', 'S')"
+            ") AS s ORDER BY 1"));
+}
+
+QString Alter() {
+    return QStringLiteral(TABELLION_SORGENTI "/site/alter.sql");
+}
+
+} // namespace
+
+void TestTabellionSql::alterPortaUnDatabaseDiUnaVersionePrecedenteAlloSchemaAttuale_data() {
+    AggiungiBackend();
+}
+
+void TestTabellionSql::alterPortaUnDatabaseDiUnaVersionePrecedenteAlloSchemaAttuale() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    CartellaProva cartella;
+    BancaDatiProva banca(backend);
+    cartella.ScriviSito(banca.Testa(), banca.Server(), banca.Database());
+    const QStringList aggiorna = Login(banca, false) << QStringLiteral("-i") << Alter();
+    QStringList attuale;
+    {
+        auto connessione = banca.Apri();
+        connessione->Inserisci(QStringLiteral("Elementi"), QStringLiteral("ID_Elemento"),
+                               {QStringLiteral("Tipologia"), QStringLiteral("Denominazione")},
+                               {QStringLiteral("01"), QStringLiteral("Archivio")});
+        attuale = DescrizioneSchema(*connessione, backend);
+    }
+    QVERIFY2(attuale.size() > 100, qPrintable(attuale.join(u'\n')));
+
+    // On a current database it changes nothing.
+    const Esito suAttuale = Esegui(cartella, aggiorna);
+    QVERIFY2(suAttuale.codice == 0, qPrintable(suAttuale.errori));
+    QCOMPARE(DescrizioneSchema(*banca.Apri(), backend), attuale);
+
+    // A database of an earlier version: a view, a trigger, an index, the table of the trigger
+    // switches or the functions that run with the owner's rights, a column, missing; no version.
+    {
+        auto connessione = banca.Apri();
+        QStringList vecchio = {QStringLiteral("DROP VIEW AlberoGlobale"),
+                               QStringLiteral("DROP INDEX Links_ID_ElementoLink"),
+                               QStringLiteral("UPDATE Config SET Versione = NULL")};
+        if (backend == TipoBackend::SQLite) {
+            vecchio << QStringLiteral("DROP TRIGGER Elementi_Inserimento")
+                    << QStringLiteral("DROP TABLE TriggerSospesi");
+        } else {
+            vecchio.prepend(QStringLiteral("SET client_min_messages = warning"));
+            vecchio << QStringLiteral("DROP TRIGGER Elementi_Inserimento ON Elementi")
+                    << QStringLiteral("DROP FUNCTION tabellion_interruttore_trigger(text, boolean)")
+                    << QStringLiteral("DROP FUNCTION tabellion_riallinea_chiave(text) CASCADE")
+                    << QStringLiteral("ALTER TABLE Istituti DROP COLUMN ISAD_Sigla CASCADE");
+        }
+        for (const QString& sql : vecchio) {
+            QVERIFY2(Riesce(*connessione, sql), qPrintable(sql));
+        }
+        QVERIFY(DescrizioneSchema(*connessione, backend) != attuale);
+    }
+    const Esito aggiornato = Esegui(cartella, aggiorna);
+    QVERIFY2(aggiornato.codice == 0, qPrintable(aggiornato.errori));
+    QVERIFY(aggiornato.uscita.contains(QStringLiteral("alter.sql: ")));
+    auto connessione = banca.Apri();
+    QCOMPARE(DescrizioneSchema(*connessione, backend), attuale);
+    QCOMPARE(Elenco(*connessione, QStringLiteral("SELECT Versione FROM Config")),
+             QStringList{QStringLiteral("4")});
+    // The data stayed, and the database does its duties again.
+    QCOMPARE(Elenco(*connessione, QStringLiteral("SELECT ELEM_Denominazione FROM AlberoGlobale")),
+             QStringList{QStringLiteral("Archivio")});
+    connessione->Inserisci(QStringLiteral("Elementi"), QStringLiteral("ID_Elemento"),
+                           {QStringLiteral("Tipologia"), QStringLiteral("Denominazione")},
+                           {QStringLiteral("02"), QStringLiteral("Fondo")});
+    QCOMPARE(Elenco(*connessione, QStringLiteral("SELECT Denominazione FROM ComplessiDoc")),
+             QStringList{QStringLiteral("Fondo")});
+}
+
+void TestTabellionSql::alterDiUnSitoPostgreSQLSpettaAllAmministratoreETieneIDiritti() {
+    RICHIEDI_BACKEND(TipoBackend::PostgreSQL);
+    RuoliSitoProva ruoli;
+    QVERIFY(ruoli.Creati());
+    CartellaProva cartella;
+    cartella.Scrivi(QStringLiteral("Connetti.txt"), "Provider=QPSQL\r\n");
+    const QString database = ruoli.Database(QStringLiteral("Aggiornato"));
+    const auto login = [&](const QString& sUtente) {
+        return QStringList{
+            QStringLiteral("-U"), sUtente,        QStringLiteral("-P"), RuoliSitoProva::Password(),
+            QStringLiteral("-S"), ruoli.Server(), QStringLiteral("-d"), database};
+    };
+    const Esito creato = Esegui(
+        cartella, QStringList{QStringLiteral("--crea"), QStringLiteral("--proprietario"),
+                              ruoli.Proprietario(), QStringLiteral("--gruppo"), ruoli.Gruppo()}
+                      << Identita(QStringLiteral("ASLU"), 1, 999) << login(ruoli.Amministratore())
+                      << QStringList{QStringLiteral("-i"), Schema(TipoBackend::PostgreSQL)});
+    QVERIFY2(creato.codice == 0, qPrintable(creato.errori));
+    // An earlier version: no view of the tree, no version.
+    QVERIFY(Riesce(*Accedi(ruoli, database, ruoli.Amministratore()),
+                   QStringLiteral("SET ROLE %1; DROP VIEW AlberoGlobale; UPDATE Config SET "
+                                  "Versione = 3.1")
+                       .arg(ruoli.Proprietario())));
+
+    // An archivist's login is told whose work it is, and nothing changes.
+    const Esito archivista =
+        Esegui(cartella, login(ruoli.Archivista()) << QStringLiteral("-i") << Alter());
+    QCOMPARE(archivista.codice, 1);
+    QVERIFY2(archivista.errori.contains(QStringLiteral("con il login dell'amministratore")),
+             qPrintable(archivista.errori));
+    QVERIFY2(archivista.errori.contains(ruoli.Proprietario()), qPrintable(archivista.errori));
+    QCOMPARE(Elenco(*Accedi(ruoli, database, ruoli.Archivista()),
+                    QStringLiteral("SELECT Versione FROM Config")),
+             QStringList{QStringLiteral("3.1")});
+
+    // The administrator's: the view is back, the owner's, and the archivists may read it.
+    const Esito amministratore =
+        Esegui(cartella, login(ruoli.Amministratore()) << QStringLiteral("-i") << Alter());
+    QVERIFY2(amministratore.codice == 0, qPrintable(amministratore.errori));
+    const auto lettore = Accedi(ruoli, database, ruoli.Archivista());
+    QCOMPARE(Elenco(*lettore, QStringLiteral("SELECT Versione FROM Config")),
+             QStringList{QStringLiteral("4")});
+    QCOMPARE(Elenco(*lettore, QStringLiteral("SELECT COUNT(*) FROM AlberoGlobale")),
+             QStringList{QStringLiteral("0")});
+    QCOMPARE(Elenco(*lettore, QStringLiteral("SELECT viewowner FROM pg_views WHERE viewname = "
+                                             "'alberoglobale'")),
+             QStringList{ruoli.Proprietario()});
+    QVERIFY(!Riesce(*lettore, QStringLiteral("DROP VIEW AlberoGlobale")));
 }
 
 QTEST_GUILESS_MAIN(TestTabellionSql)
