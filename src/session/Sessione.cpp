@@ -125,6 +125,10 @@ void LeggiParam(const QString& sSorgente) {
     }
 }
 
+QString LeggiTipoSito(const QString& sSorgente) {
+    return LeggiLista(FileProgramma(QStringLiteral("Istituto.txt")), sSorgente).value(0).left(1);
+}
+
 QString FileProgramma(const QString& nome) {
     return QDir(CartellaProgramma()).filePath(nome);
 }

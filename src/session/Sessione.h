@@ -100,4 +100,10 @@ QString FileProgramma(const QString& nome);
 // or unreadable file raises Errore with the given source.
 void LeggiParam(const QString& sSorgente);
 
+// The kind of site that Istituto.txt of the program folder gives: the first character of its
+// first record, "I" (an institute: it imports) or "S" (it exports), or whatever else stands
+// there ("" for an empty file). A missing or unreadable file raises Errore with the given
+// source.
+QString LeggiTipoSito(const QString& sSorgente);
+
 } // namespace Sessione
