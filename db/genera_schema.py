@@ -138,7 +138,7 @@ tabella('CodiciIstituto', [
 
 tabella('Provincie', [
     C('Provincia', 'testo:4', False), C('NomeProvincia', 'testo:64'),
-], ['Provincia'], indici=[('NomeProvincia',)])  # travels between sites, so it has Code
+], ['Provincia'], codice=False, indici=[('NomeProvincia',)])  # a reference list: stays home
 
 tabella('ComplessiDoc', [
     C('ID_ComplessoDoc', 'id'), C('ID_Elemento', 'long', False), C('ID_Istituto', 'long'),
@@ -967,7 +967,10 @@ def crea_trigger_pg(tr: Trigger, sostituisci: bool = False) -> str:
 
 # Triggers of earlier versions that the schema no longer has, as (name, table): the upgrade
 # drops them.
-TRIGGER_DISMESSI: list[tuple[str, str]] = []
+TRIGGER_DISMESSI: list[tuple[str, str]] = [
+    # Provincie, a reference list, no longer carries the site's code.
+    ('Provincie_Codice', 'Provincie'),
+]
 
 
 def intestazione(d: Dialetto) -> str:
@@ -1276,8 +1279,10 @@ def tipo_ado(c: Colonna) -> int:
 
 
 def tabelle_scambiate() -> list[Tabella]:
-    """The tables that travel between sites: those that carry Code, and Provincie."""
-    return [t for t in T if t.codice or t.nome == 'Provincie']
+    """The tables that travel between sites: those that carry Code, the mark of a row's home
+    site. The reference lists loaded into every database (riferimenti.sql) carry none and stay
+    home: each site has its own copy, and a sender's copy would clash with it."""
+    return [t for t in T if t.codice]
 
 
 def scrivi_schemi(cartella: str):

@@ -91,7 +91,6 @@ CREATE INDEX IF NOT EXISTS CodiciIstituto_Denominazione ON CodiciIstituto (Denom
 CREATE TABLE IF NOT EXISTS Provincie (
     Provincia VARCHAR(4) COLLATE NOCASE NOT NULL,
     NomeProvincia VARCHAR(64) COLLATE NOCASE,
-    Code VARCHAR(10) COLLATE NOCASE,
     PRIMARY KEY (Provincia)
 );
 CREATE INDEX IF NOT EXISTS Provincie_NomeProvincia ON Provincie (NomeProvincia);
@@ -1153,6 +1152,8 @@ LEFT JOIN Persone PRS ON PRS.ID_Soggetto = SOG.ID_Soggetto
 LEFT JOIN Famiglie FMG ON FMG.ID_Soggetto = SOG.ID_Soggetto
 LEFT JOIN Enti EN ON EN.ID_Soggetto = SOG.ID_Soggetto;
 
+DROP TRIGGER IF EXISTS Provincie_Codice;
+
 DROP TRIGGER IF EXISTS Elementi_Inserimento;
 CREATE TRIGGER Elementi_Inserimento AFTER INSERT ON Elementi FOR EACH ROW
 WHEN NOT EXISTS (SELECT 1 FROM TriggerSospesi WHERE Tabella = 'Elementi')
@@ -1623,13 +1624,6 @@ BEGIN
     UPDATE Links SET Code = (SELECT Code FROM Config) WHERE ID_Elemento = NEW.ID_Elemento AND ID_ElementoLink = NEW.ID_ElementoLink;
 END;
 
-DROP TRIGGER IF EXISTS Provincie_Codice;
-CREATE TRIGGER Provincie_Codice AFTER INSERT ON Provincie FOR EACH ROW
-WHEN NOT EXISTS (SELECT 1 FROM TriggerSospesi WHERE Tabella = 'Provincie') AND (NEW.Code IS NULL)
-BEGIN
-    UPDATE Provincie SET Code = (SELECT Code FROM Config) WHERE Provincia = NEW.Provincia;
-END;
-
 DROP TRIGGER IF EXISTS RigheVersamento_Codice;
 CREATE TRIGGER RigheVersamento_Codice AFTER INSERT ON RigheVersamento FOR EACH ROW
 WHEN NOT EXISTS (SELECT 1 FROM TriggerSospesi WHERE Tabella = 'RigheVersamento') AND (NEW.Code IS NULL)
@@ -1973,13 +1967,11 @@ CREATE INDEX IF NOT EXISTS CodiciIstituto_Denominazione ON CodiciIstituto (Denom
 CREATE TABLE IF NOT EXISTS Provincie (
     Provincia VARCHAR(4) NOT NULL,
     NomeProvincia VARCHAR(64),
-    Code VARCHAR(10),
     PRIMARY KEY (Provincia)
 );
 ALTER TABLE Provincie
     ADD COLUMN IF NOT EXISTS Provincia VARCHAR(4) NOT NULL,
-    ADD COLUMN IF NOT EXISTS NomeProvincia VARCHAR(64),
-    ADD COLUMN IF NOT EXISTS Code VARCHAR(10);
+    ADD COLUMN IF NOT EXISTS NomeProvincia VARCHAR(64);
 CREATE INDEX IF NOT EXISTS Provincie_NomeProvincia ON Provincie (NomeProvincia);
 
 CREATE TABLE IF NOT EXISTS ComplessiDoc (
@@ -3404,6 +3396,9 @@ LEFT JOIN Persone PRS ON PRS.ID_Soggetto = SOG.ID_Soggetto
 LEFT JOIN Famiglie FMG ON FMG.ID_Soggetto = SOG.ID_Soggetto
 LEFT JOIN Enti EN ON EN.ID_Soggetto = SOG.ID_Soggetto;
 
+DROP TRIGGER IF EXISTS Provincie_Codice ON Provincie;
+DROP FUNCTION IF EXISTS tabellion_provincie_codice();
+
 CREATE OR REPLACE FUNCTION tabellion_elementi_inserimento() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN
     UPDATE Elementi SET Code = (SELECT Code FROM Config) WHERE ID_Elemento = NEW.ID_Elemento AND Code IS NULL;
@@ -3981,16 +3976,6 @@ BEGIN
 END
 $$;
 CREATE OR REPLACE TRIGGER Links_Codice AFTER INSERT ON Links FOR EACH ROW EXECUTE FUNCTION tabellion_links_codice();
-
-CREATE OR REPLACE FUNCTION tabellion_provincie_codice() RETURNS trigger LANGUAGE plpgsql AS $$
-BEGIN
-    IF NEW.Code IS NULL THEN
-    UPDATE Provincie SET Code = (SELECT Code FROM Config) WHERE Provincia = NEW.Provincia;
-    END IF;
-    RETURN NULL;
-END
-$$;
-CREATE OR REPLACE TRIGGER Provincie_Codice AFTER INSERT ON Provincie FOR EACH ROW EXECUTE FUNCTION tabellion_provincie_codice();
 
 CREATE OR REPLACE FUNCTION tabellion_righeversamento_codice() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN

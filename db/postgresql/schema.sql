@@ -129,7 +129,6 @@ CREATE INDEX CodiciIstituto_Denominazione ON CodiciIstituto (Denominazione);
 CREATE TABLE Provincie (
     Provincia VARCHAR(4) NOT NULL,
     NomeProvincia VARCHAR(64),
-    Code VARCHAR(10),
     PRIMARY KEY (Provincia)
 );
 CREATE INDEX Provincie_NomeProvincia ON Provincie (NomeProvincia);
@@ -1768,16 +1767,6 @@ BEGIN
 END
 $$;
 CREATE TRIGGER Links_Codice AFTER INSERT ON Links FOR EACH ROW EXECUTE FUNCTION tabellion_links_codice();
-
-CREATE FUNCTION tabellion_provincie_codice() RETURNS trigger LANGUAGE plpgsql AS $$
-BEGIN
-    IF NEW.Code IS NULL THEN
-    UPDATE Provincie SET Code = (SELECT Code FROM Config) WHERE Provincia = NEW.Provincia;
-    END IF;
-    RETURN NULL;
-END
-$$;
-CREATE TRIGGER Provincie_Codice AFTER INSERT ON Provincie FOR EACH ROW EXECUTE FUNCTION tabellion_provincie_codice();
 
 CREATE FUNCTION tabellion_righeversamento_codice() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN

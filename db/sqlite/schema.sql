@@ -134,7 +134,6 @@ CREATE INDEX CodiciIstituto_Denominazione ON CodiciIstituto (Denominazione);
 CREATE TABLE Provincie (
     Provincia VARCHAR(4) COLLATE NOCASE NOT NULL,
     NomeProvincia VARCHAR(64) COLLATE NOCASE,
-    Code VARCHAR(10) COLLATE NOCASE,
     PRIMARY KEY (Provincia)
 );
 CREATE INDEX Provincie_NomeProvincia ON Provincie (NomeProvincia);
@@ -1612,12 +1611,6 @@ CREATE TRIGGER Links_Codice AFTER INSERT ON Links FOR EACH ROW
 WHEN NOT EXISTS (SELECT 1 FROM TriggerSospesi WHERE Tabella = 'Links') AND (NEW.Code IS NULL)
 BEGIN
     UPDATE Links SET Code = (SELECT Code FROM Config) WHERE ID_Elemento = NEW.ID_Elemento AND ID_ElementoLink = NEW.ID_ElementoLink;
-END;
-
-CREATE TRIGGER Provincie_Codice AFTER INSERT ON Provincie FOR EACH ROW
-WHEN NOT EXISTS (SELECT 1 FROM TriggerSospesi WHERE Tabella = 'Provincie') AND (NEW.Code IS NULL)
-BEGIN
-    UPDATE Provincie SET Code = (SELECT Code FROM Config) WHERE Provincia = NEW.Provincia;
 END;
 
 CREATE TRIGGER RigheVersamento_Codice AFTER INSERT ON RigheVersamento FOR EACH ROW
