@@ -45,8 +45,10 @@ int main(int argc, char** argv) {
         cnn->Esegui(QStringLiteral("CREATE TABLE Config (Code VARCHAR(10), Versione INTEGER)"));
         cnn->Esegui(QStringLiteral("INSERT INTO Config (Code, Versione) VALUES (?, ?)"),
                     {QStringLiteral("AB01"), 4});
+        // The site's own rows, which the export sends, carry its code.
         cnn->Esegui(QStringLiteral("CREATE TABLE Prova (ID INTEGER, Nome VARCHAR(64), Misura "
-                                   "DOUBLE PRECISION, Data TIMESTAMP, Note VARCHAR(255))"));
+                                   "DOUBLE PRECISION, Data TIMESTAMP, Note VARCHAR(255), Code "
+                                   "VARCHAR(10))"));
         QElapsedTimer tempo;
         tempo.start();
         cnn->Db().transaction();
@@ -54,13 +56,15 @@ int main(int argc, char** argv) {
             std::unique_ptr<Caricamento> carico = cnn->backend().ApriCaricamento(
                 cnn->Db(), QStringLiteral("Prova"),
                 {QStringLiteral("ID"), QStringLiteral("Nome"), QStringLiteral("Misura"),
-                 QStringLiteral("Data"), QStringLiteral("Note")});
+                 QStringLiteral("Data"), QStringLiteral("Note"), QStringLiteral("Code")});
             for (qint64 i = 1; i <= righe; ++i) {
-                const QVariantList riga = {
-                    QString::number(i), QStringLiteral("Fondo notarile di L'Aquila %1").arg(i),
-                    QString::number(static_cast<double>(i) * 0.25, 'g', 17),
-                    QStringLiteral("2001-03-02 12:00:00"),
-                    i % 3 ? QVariant(QStringLiteral("a < b & c\r\n\tfine")) : QVariant()};
+                const QVariantList riga = {QString::number(i),
+                                           QStringLiteral("Fondo notarile di L'Aquila %1").arg(i),
+                                           QString::number(static_cast<double>(i) * 0.25, 'g', 17),
+                                           QStringLiteral("2001-03-02 12:00:00"),
+                                           i % 3 ? QVariant(QStringLiteral("a < b & c\r\n\tfine"))
+                                                 : QVariant(),
+                                           QStringLiteral("AB01")};
                 carico->Aggiungi(riga);
                 if (carico->Pieno() && carico->Invia().iRiga >= 0)
                     return 1;

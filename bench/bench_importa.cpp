@@ -77,6 +77,8 @@ int main(int argc, char* argv[]) {
                                (postgresql ? QStringLiteral("/db/postgresql/schema.sql")
                                            : QStringLiteral("/db/sqlite/schema.sql"));
         EseguiScript(*Sessione::cnn, LeggiFile(schema), schema);
+        // The receiving site has a code of its own, other than the file's.
+        Esegui(*Sessione::cnn, QStringLiteral("UPDATE Config SET Code = 'CD02'"));
         const QString tipi = postgresql ? QStringLiteral("DOUBLE PRECISION, Data TIMESTAMP")
                                         : QStringLiteral("REAL, Data VARCHAR(20)");
         for (const QString& sTabella : {QStringLiteral("Prova"), QStringLiteral("Riferimento")})

@@ -310,7 +310,7 @@ private Q_SLOTS:
         RICHIEDI_BACKEND(backend);
         Scena scena(backend);
         scena.cnn->Esegui(QStringLiteral("CREATE TABLE Misure (ID INTEGER, Metri DOUBLE "
-                                         "PRECISION)"));
+                                         "PRECISION, Code VARCHAR(10))"));
         scena.cnn->Esegui(QStringLiteral("INSERT INTO Misure (ID, Metri) VALUES (?, ?)"), {1, 2.5});
         Scrivi(scena.sSchemi + QStringLiteral("/MisureSch.xml"),
                "<s datafile=\"Misure.xml\" version=\"5\"><stru fieldcount=\"2\">"
@@ -318,6 +318,71 @@ private Q_SLOTS:
         QVERIFY(scena.Esporta(QStringLiteral("Misure")).bEsportata);
         QVERIFY(Leggi(scena.sDestinazione + QStringLiteral("/Misure.xml"))
                     .contains("<field id=\"2\" null=\"0\">2,5</field>"));
+    }
+
+    void soloLeRigheDelSitoEsconoSottoIlSuoCodice_data() { AggiungiBackend(); }
+    void soloLeRigheDelSitoEsconoSottoIlSuoCodice() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        const QString inserisci =
+            QStringLiteral("INSERT INTO Esempio (ID, Nome, Code) VALUES (?, ?, ?)");
+        scena.cnn->Esegui(inserisci, {1, QStringLiteral("Propria"), QStringLiteral("AB01")});
+        scena.cnn->Esegui(inserisci, {2, QStringLiteral("Ricevuta"), QStringLiteral("CD02")});
+        scena.cnn->Esegui(inserisci, {3, QStringLiteral("Senza codice"), Nullo});
+        scena.cnn->Esegui(inserisci,
+                          {4, QStringLiteral("Fatta prima del codice"), QStringLiteral("SITO")});
+        const Export::Esito esito = scena.Esporta();
+        QVERIFY2(esito.bEsportata, qPrintable(esito.sMessaggio));
+        // The row received from another site stays home; the site's own, and those made here
+        // before it had a code, leave under its code.
+        QCOMPARE(esito.lRecord, 3);
+        const QByteArray dati = Leggi(scena.File());
+        QVERIFY(dati.contains("code=\"AB01\""));
+        for (const char* nome : {">Propria<", ">Senza codice<", ">Fatta prima del codice<"})
+            QVERIFY2(dati.contains(nome), nome);
+        QVERIFY(!dati.contains("Ricevuta"));
+        QCOMPARE(esito.sPercorso, scena.File());
+    }
+
+    void unSitoSenzaIdentitaOUnaTabellaSenzaCodeNonEsconoESenzaFile_data() { AggiungiBackend(); }
+    void unSitoSenzaIdentitaOUnaTabellaSenzaCodeNonEsconoESenzaFile() {
+        QFETCH(TipoBackend, backend);
+        RICHIEDI_BACKEND(backend);
+        Scena scena(backend);
+        scena.Riga(7, QStringLiteral("Roma"), Nullo);
+        const QString sSchema = scena.sSchemi + QStringLiteral("/EsempioSch.xml");
+        scena.cnn->Esegui(QStringLiteral("UPDATE Config SET Code = 'SITO'"));
+        Export::Esito esito = scena.Esporta();
+        QVERIFY(!esito.bEsportata);
+        QCOMPARE(esito.sTitolo, QStringLiteral("Attenzione"));
+        QVERIFY(esito.bCritico);
+        QVERIFY2(esito.sMessaggio.contains(QStringLiteral("il codice del sito è ancora \"SITO\"")),
+                 qPrintable(esito.sMessaggio));
+        QVERIFY(esito.sMessaggio.contains(QStringLiteral("tabellion-sql --crea --codice CODICE")));
+        QCOMPARE(esito.sPercorso, sSchema);
+        QVERIFY(!QFile::exists(scena.File()));
+
+        scena.cnn->Esegui(QStringLiteral("UPDATE Config SET Code = 'AB01'"));
+        scena.cnn->Esegui(QStringLiteral("CREATE TABLE Nuda (ID INTEGER)"));
+        scena.cnn->Esegui(QStringLiteral("INSERT INTO Nuda (ID) VALUES (1)"));
+        Scrivi(scena.sSchemi + QStringLiteral("/NudaSch.xml"),
+               "<s datafile=\"Nuda.xml\" version=\"5\"><stru fieldcount=\"1\">"
+               "<field type=\"3\">ID</field></stru></s>");
+        esito = scena.Esporta(QStringLiteral("Nuda"));
+        QVERIFY(!esito.bEsportata);
+        QCOMPARE(esito.sTitolo, QStringLiteral("Attenzione"));
+        QVERIFY2(esito.sMessaggio.startsWith(QStringLiteral("La tabella Nuda non ha la colonna "
+                                                            "Code")),
+                 qPrintable(esito.sMessaggio));
+        QCOMPARE(esito.sPercorso, scena.sSchemi + QStringLiteral("/NudaSch.xml"));
+        QVERIFY(!QFile::exists(scena.sDestinazione + QStringLiteral("/Nuda.xml")));
+
+        // A folder that can't be written: the outcome names the data file.
+        QVERIFY(QDir(scena.sDestinazione).removeRecursively());
+        esito = scena.Esporta();
+        QVERIFY(!esito.bEsportata);
+        QCOMPARE(esito.sPercorso, scena.File());
     }
 
     void versioniDiverseDannoAttenzioneESenzaFile_data() { AggiungiBackend(); }
@@ -503,6 +568,8 @@ private Q_SLOTS:
         const QString sSchemi = QStringLiteral(TABELLION_SORGENTI) + QStringLiteral("/site/Schemi");
         const QStringList tabelle = Export::TabelleDisponibili(sSchemi);
         QVERIFY(tabelle.size() > 20);
+        QVERIFY(!tabelle.contains(QStringLiteral("Provincie")));
+        QVERIFY(!tabelle.contains(QStringLiteral("CodiciIstituto")));
         QSqlQuery config = cnn->Esegui(QStringLiteral("SELECT Versione FROM Config"));
         QVERIFY(config.next());
         const int iVersione = config.value(0).toInt();
@@ -520,9 +587,9 @@ private Q_SLOTS:
                             cnn->backend().Identificatore(sTabella.toLower()) +
                             QStringLiteral(" WHERE 1 = 0"))
                     .record();
-            QVERIFY2(sTabella == QLatin1String("Provincie") ||
-                         colonne.indexOf(QStringLiteral("Code")) >= 0,
-                     qPrintable(sTabella));
+            // Every table that travels carries the code of each row's site; the reference
+            // lists loaded into every database carry none and have no schema file.
+            QVERIFY2(colonne.indexOf(QStringLiteral("Code")) >= 0, qPrintable(sTabella));
             const QDomElement stru = radice.firstChildElement(QStringLiteral("stru"));
             int iCampi = 0;
             for (QDomElement campo = stru.firstChildElement(QStringLiteral("field"));

@@ -12,6 +12,7 @@
 #include "PiattaformaScriptata.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
@@ -160,6 +161,10 @@ private Q_SLOTS:
     void unaColonnaAssenteDalRecordPrendeIlValorePredefinito();
     void versioniDiverseMostranoIlMessaggioENonToccanoNulla_data() { AggiungiBackend(); }
     void versioniDiverseMostranoIlMessaggioENonToccanoNulla();
+    void unFileDelSitoStessoOSenzaSitoORicevutoSenzaIdentitaNonToccaNulla_data() {
+        AggiungiBackend();
+    }
+    void unFileDelSitoStessoOSenzaSitoORicevutoSenzaIdentitaNonToccaNulla();
     void unaTabellaSenzaCodeFallisceAllaCancellazioneEVieneAnnullata_data() { AggiungiBackend(); }
     void unaTabellaSenzaCodeFallisceAllaCancellazioneEVieneAnnullata();
     void unValoreSbagliatoNelRecordNLasciaLaTabellaComEraEIlLogFinisceColComandoFallito_data() {
@@ -210,6 +215,8 @@ bool TestImporta::Prepara() {
     Esegui(QStringLiteral("INSERT INTO Esempio (ID, Nome, Numero, Code) VALUES "
                           "(1, 'Vecchia', 1, 'AB01'), (2, 'Altra', 2, 'AB01'), "
                           "(100, 'Nostra', 3, 'CD02')"));
+    // The receiving site: its own rows are those of its code.
+    Esegui(QStringLiteral("UPDATE Config SET Code = 'CD02'"));
     cartella->Scrivi(QStringLiteral("EsempioSch.xml"), SchemaEsempio);
     return true;
 }
@@ -310,6 +317,60 @@ void TestImporta::versioniDiverseMostranoIlMessaggioENonToccanoNulla() {
     QCOMPARE(Righe(), prima);
     QVERIFY(!QFile::exists(cartella->File(QStringLiteral("EsempioSql.xml"))));
     QVERIFY(Import::TabelleImportate.isEmpty());
+}
+
+void TestImporta::unFileDelSitoStessoOSenzaSitoORicevutoSenzaIdentitaNonToccaNulla() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    QVERIFY(Prepara());
+    const QStringList prima = Righe();
+    const QString sFile = QDir::toNativeSeparators(cartella->File(QStringLiteral("Esempio.xml")));
+    const QByteArray record = Record(Campo(1, "7") + Campo(2, "Roma"));
+    const struct {
+        const char* codiceFile;
+        const char* codiceSito;
+        QString parole;
+    } casi[] = {
+        // The receiving site's own code, as it stands or in another case.
+        {"CD02", "CD02",
+         QStringLiteral("Il file %1 porta il codice \"CD02\", che è quello di questo stesso sito")
+             .arg(sFile)},
+        {"cd02", "CD02",
+         QStringLiteral("Il file %1 porta il codice \"cd02\", che è quello di questo stesso sito")
+             .arg(sFile)},
+        // The placeholder of a site without identity.
+        {"SITO", "CD02",
+         QStringLiteral("Il file %1 porta il codice provvisorio \"SITO\" di un sito").arg(sFile)},
+        // A receiving site without identity.
+        {"AB01", "SITO",
+         QStringLiteral("Il sito non ha ancora la sua identità: in Config il codice del sito è "
+                        "ancora \"SITO\"")},
+    };
+    for (const auto& caso : casi) {
+        Esegui(QStringLiteral("UPDATE Config SET Code = '%1'").arg(QLatin1String(caso.codiceSito)));
+        Scrivi(Dati(record, caso.codiceFile));
+        piattaforma->Svuota();
+        QVERIFY(!Import::ImportaTabella(QStringLiteral("Esempio")));
+        QCOMPARE(piattaforma->Messaggi().size(), 1);
+        const Messaggio m = piattaforma->Messaggi().first();
+        QCOMPARE(m.sTitolo, QStringLiteral("Attenzione"));
+        QCOMPARE(m.icona, Icona::Critica);
+        QVERIFY2(m.sTesto.startsWith(caso.parole), qPrintable(m.sTesto));
+        QCOMPARE(Righe(), prima);
+        QCOMPARE(TriggerSospesi(tipo), 0);
+        QVERIFY(!QFile::exists(cartella->File(QStringLiteral("EsempioSql.xml"))));
+        QVERIFY(Import::TabelleImportate.isEmpty());
+    }
+    // Without the session: the same words, and the file they are about.
+    Esegui(QStringLiteral("UPDATE Config SET Code = 'CD02'"));
+    Scrivi(Dati(record, "CD02"));
+    const Import::Esito esito = Import::ImportaTabella(*Sessione::cnn, QStringLiteral("Esempio"),
+                                                       cartella->Percorso(), cartella->Percorso());
+    QVERIFY(!esito.bImportata);
+    QCOMPARE(esito.sTitolo, QStringLiteral("Attenzione"));
+    QCOMPARE(esito.sPercorso, cartella->File(QStringLiteral("Esempio.xml")));
+    QVERIFY(esito.sMessaggio.startsWith(casi[0].parole));
+    QCOMPARE(Righe(), prima);
 }
 
 void TestImporta::unaTabellaSenzaCodeFallisceAllaCancellazioneEVieneAnnullata() {

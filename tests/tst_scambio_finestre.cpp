@@ -1,17 +1,22 @@
 // The failures of the exchange windows: a folder that is not there when the choice of the export
 // or import folder loads, is opened or is clicked, and a schema folder that is not there when the
-// list of the tables loads. Each shows its box and the window stays open and usable.
+// list of the tables loads. Each shows its box and the window stays open and usable. And a site
+// without identity: the menus' Export and Import say so, and how to give it, and go no further.
 
 #include "exchange/frmEsporta.h"
 #include "exchange/frmImporta.h"
 #include "exchange/frmScEsporta.h"
 #include "exchange/frmScImporta.h"
+#include "session/PrimoMDI.h"
 #include "session/Sessione.h"
+#include "store/Connessione.h"
 
+#include "BancaDatiProva.h"
 #include "CartellaProva.h"
 #include "Modali.h"
 #include "PiattaformaScriptata.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QLineEdit>
@@ -90,6 +95,8 @@ private Q_SLOTS:
     void unClicSuUnaCartellaSparitaDaErrore3ETesto1RestaComEra();
     void unaCartellaDegliSchemiMancanteDaErroreW1ELElencoRestaApertoEVuoto_data() { Righe(); }
     void unaCartellaDegliSchemiMancanteDaErroreW1ELElencoRestaApertoEVuoto();
+    void unSitoSenzaIdentitaNonAprePiuLaSceltaDellaCartellaDalMenu_data() { AggiungiBackend(); }
+    void unSitoSenzaIdentitaNonAprePiuLaSceltaDellaCartellaDalMenu();
 };
 
 void TestScambioFinestre::Righe() {
@@ -262,6 +269,59 @@ void TestScambioFinestre::unaCartellaDegliSchemiMancanteDaErroreW1ELElencoRestaA
     QCOMPARE(piattaforma.Messaggi().size(), 2);
     QCOMPARE(piattaforma.Messaggi().last().sTitolo, sChiusura);
     QCOMPARE(piattaforma.Messaggi().last().sTesto, QString());
+}
+
+void TestScambioFinestre::unSitoSenzaIdentitaNonAprePiuLaSceltaDellaCartellaDalMenu() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    BancaDatiProva banca(backend);
+    for (const char* tipo : {"S", "I"}) {
+        const bool bEsporta = QLatin1String(tipo) == QLatin1String("S");
+        const char* voce = bEsporta ? "mnuExport" : "mnuImport";
+        const QString sNome =
+            bEsporta ? QStringLiteral("frmScEsporta") : QStringLiteral("frmScImporta");
+        banca.Apri()->Esegui(QStringLiteral("UPDATE Config SET Code = 'SITO'"));
+        CartellaProva sito;
+        sito.ScriviSito(banca.Testa(), banca.Server(), banca.Database(), QLatin1String(tipo));
+        PiattaformaScriptata piattaforma;
+        PrimoMDI principale;
+        QVERIFY(AvviaSessione(principale, banca));
+        // The folders offered for the exchange.
+        Sessione::sParam04 = sito.Percorso();
+        Sessione::sParam05 = sito.Percorso();
+        piattaforma.Svuota();
+        QAction* azione = principale.findChild<QAction*>(QLatin1String(voce));
+        QVERIFY(azione->isEnabled());
+        bool bComparsa = false;
+        const auto chiudi = [&bComparsa](QWidget* dialogo) {
+            bComparsa = true;
+            Controllo<QPushButton>(dialogo, QStringLiteral("cmdAnnulla"))->click();
+        };
+
+        // The placeholder code of a new database: one box, and no choice of a folder.
+        AlComparire(sNome, chiudi, 1000);
+        azione->trigger();
+        QTest::qWait(1200);
+        QVERIFY2(!bComparsa, voce);
+        QCOMPARE(piattaforma.Messaggi().size(), 1);
+        const Messaggio box = piattaforma.Messaggi().first();
+        QCOMPARE(box.sTitolo, QStringLiteral("Attenzione"));
+        QCOMPARE(box.icona, Icona::Critica);
+        for (const QString& parole :
+             {QStringLiteral("il codice del sito è ancora \"SITO\""),
+              QStringLiteral("tabellion-sql --crea --codice CODICE --id-inizio N --id-fine M"),
+              QStringLiteral("UPDATE Config SET Code = 'CODICE', ID_Start = N, ID_End = M")})
+            QVERIFY2(box.sTesto.contains(parole), qPrintable(box.sTesto));
+
+        // With a code of its own, the choice of the folder comes up.
+        Sessione::cnn->Esegui(QStringLiteral("UPDATE Config SET Code = 'ASLU'"));
+        piattaforma.Svuota();
+        AlComparire(sNome, chiudi);
+        azione->trigger();
+        QVERIFY2(bComparsa, voce);
+        QCOMPARE(piattaforma.Messaggi().size(), 0);
+        Sessione::ChiudiConnessione();
+    }
 }
 
 QTEST_MAIN(TestScambioFinestre)

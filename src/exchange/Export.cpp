@@ -1,4 +1,5 @@
 #include "Export.h"
+#include "SitoScambio.h"
 
 #include "session/Conversioni.h"
 #include "session/Errore.h"
@@ -7,6 +8,7 @@
 #include "session/Utility.h"
 #include "store/Backend.h"
 #include "store/Connessione.h"
+#include "store/IdentitaSito.h"
 #include "store/LetturaTesto.h"
 #include "store/TestoErrore.h"
 
@@ -528,6 +530,7 @@ void ChiudiRecord(ScritturaDati& out) {
 qint64 Scrivi(const Connessione& cnn, const QString& sTabella, const Schema& schema,
               const QString& sPercorso, bool bConfig, const QString& sCode,
               const QString& sVersione, const Progresso& progresso) {
+    const Scambio::RigheDelSito righeDelSito(sCode);
     QSaveFile file(sPercorso);
     if (!file.open(QIODevice::WriteOnly)) {
         if (!QFileInfo(QFileInfo(sPercorso).absolutePath()).isDir())
@@ -560,23 +563,28 @@ qint64 Scrivi(const Connessione& cnn, const QString& sTabella, const Schema& sch
             Fallisci(ErroreComando, errore.descrizione());
         }
         std::vector<int> indici;
+        int iCodice = -1; // the column Code
         if (lettura) {
             // The server's own path: values in its text form.
+            const auto indiceDi = [&lettura](const QString& sNome) {
+                const QStringList& colonne = lettura->Colonne();
+                qsizetype indice = 0;
+                while (indice < colonne.size() &&
+                       colonne[indice].compare(sNome, Qt::CaseInsensitive) != 0)
+                    ++indice;
+                if (indice >= colonne.size())
+                    ColonnaMancante();
+                return static_cast<int>(indice);
+            };
             try {
                 while (!out.Fallita() && lettura->Prossima()) {
                     if (indici.empty()) {
-                        for (int i = 0; i < schema.iColonne; ++i) {
-                            const QString& sNome = schema.nomi[static_cast<size_t>(i)];
-                            const QStringList& colonne = lettura->Colonne();
-                            qsizetype indice = 0;
-                            while (indice < colonne.size() &&
-                                   colonne[indice].compare(sNome, Qt::CaseInsensitive) != 0)
-                                ++indice;
-                            if (indice >= colonne.size())
-                                ColonnaMancante();
-                            indici.push_back(static_cast<int>(indice));
-                        }
+                        for (int i = 0; i < schema.iColonne; ++i)
+                            indici.push_back(indiceDi(schema.nomi[static_cast<size_t>(i)]));
+                        iCodice = indiceDi(QStringLiteral("Code"));
                     }
+                    if (!righeDelSito.Propria(lettura->Null(iCodice), lettura->Testo(iCodice)))
+                        continue;
                     ApriRecord(out);
                     for (int i = 0; i < schema.iColonne; ++i) {
                         const int indice = indici[static_cast<size_t>(i)];
@@ -607,7 +615,13 @@ qint64 Scrivi(const Connessione& cnn, const QString& sTabella, const Schema& sch
                             ColonnaMancante();
                         indici.push_back(indice);
                     }
+                    iCodice = record.indexOf(QStringLiteral("Code"));
+                    if (iCodice < 0)
+                        ColonnaMancante();
                 }
+                const QVariant codice = query.value(iCodice);
+                if (!righeDelSito.Propria(ENull(codice), codice.toString()))
+                    continue;
                 ApriRecord(out);
                 for (int i = 0; i < schema.iColonne; ++i) {
                     const QVariant valore = query.value(indici[static_cast<size_t>(i)]);
@@ -651,6 +665,13 @@ Esito EsportaTabella(const Connessione& cnn, const QString& sTabella,
                      const QString& sCartellaSchemi, const QString& sCartellaDestinazione,
                      const Progresso& progresso) {
     Esito esito;
+    const QString sSchema = QDir(sCartellaSchemi).filePath(sTabella + QStringLiteral("Sch.xml"));
+    // A refusal before anything is written: its words in a critical box.
+    const auto rifiuta = [&esito](const QString& sMessaggio) {
+        esito.sTitolo = QStringLiteral("Attenzione");
+        esito.bCritico = true;
+        esito.sMessaggio = sMessaggio;
+    };
     try {
         // Step 1: pending events; an empty name is only listed.
         if (progresso)
@@ -659,12 +680,21 @@ Esito EsportaTabella(const Connessione& cnn, const QString& sTabella,
             esito.bEsportata = true;
             return esito;
         }
+        esito.sPercorso = sSchema;
         // Step 2: a missing table stops here, before anything else is done (no row is read:
         // the rows are read once, when the file is written).
-        Interroga(cnn, SelezionaTutto(cnn, sTabella) + QStringLiteral(" WHERE 1 = 0"));
+        const QSqlRecord colonne =
+            Interroga(cnn, SelezionaTutto(cnn, sTabella) + QStringLiteral(" WHERE 1 = 0")).record();
+        // A table's rows belong to the site whose code they carry: a table without it has
+        // none that another site could take in or replace.
+        if (colonne.indexOf(QStringLiteral("Code")) < 0) {
+            rifiuta(QStringLiteral("La tabella %1 non ha la colonna Code, il codice del sito da "
+                                   "cui viene ogni riga: le sue righe non viaggiano tra i siti.")
+                        .arg(sTabella));
+            return esito;
+        }
         // Steps 3 to 5: the schema file.
-        const Schema schema =
-            LeggiSchema(QDir(sCartellaSchemi).filePath(sTabella + QStringLiteral("Sch.xml")));
+        const Schema schema = LeggiSchema(sSchema);
         // Step 8: the site's code and version.
         QSqlQuery config = Interroga(cnn, QStringLiteral("SELECT * FROM Config"));
         const bool bConfig = config.next();
@@ -676,19 +706,22 @@ Esito EsportaTabella(const Connessione& cnn, const QString& sTabella,
             const QVariant versione = record.value(QStringLiteral("Versione"));
             sVersione = TestoValore(versione);
             config.finish();
+            if (CodiceProvvisorio(sCode)) {
+                rifiuta(Scambio::MessaggioSenzaIdentita(sCode));
+                return esito;
+            }
             // Step 9.
             if (!VersioniUguali(schema.sVersione, versione)) {
-                esito.sTitolo = QStringLiteral("Attenzione");
-                esito.bCritico = true;
-                esito.sMessaggio = QStringLiteral("Versioni incompatibili tra schema file [") +
-                                   schema.sVersione + QStringLiteral("] e Database [") + sVersione +
-                                   QStringLiteral("]");
+                rifiuta(QStringLiteral("Versioni incompatibili tra schema file [") +
+                        schema.sVersione + QStringLiteral("] e Database [") + sVersione +
+                        QStringLiteral("]"));
                 return esito;
             }
         }
         config.finish();
         // Steps 6, 7 and 10 to 16, streamed.
         esito.sFile = QDir(sCartellaDestinazione).filePath(schema.sDataFile);
+        esito.sPercorso = esito.sFile;
         esito.lRecord =
             Scrivi(cnn, sTabella, schema, esito.sFile, bConfig, sCode, sVersione, progresso);
         if (progresso)
@@ -697,7 +730,9 @@ Esito EsportaTabella(const Connessione& cnn, const QString& sTabella,
     } catch (...) {
         // Whatever the failure, the program's own or a library's: its number and its words.
         const Errore errore = ErroreDi(std::current_exception(), Sorgente);
+        const QString sPercorso = esito.sPercorso;
         esito = Esito{};
+        esito.sPercorso = sPercorso;
         esito.sMessaggio =
             QString::number(errore.numero()) + QStringLiteral("\r\n") + errore.descrizione();
     }

@@ -34,6 +34,8 @@ struct Esito {
     bool bCritico = false;   // the box has the critical icon (version mismatch)
     qint64 lRecord = 0;      // rows written
     QString sFile;           // the data file written
+    QString sPercorso;       // the file the outcome is about: the schema file until the table
+                             // is checked against it, then the data file
 };
 
 // The tables a schema folder offers, in the folder's order: files whose extension in upper case
@@ -41,7 +43,9 @@ struct Esito {
 QStringList TabelleDisponibili(const QString& sCartellaSchemi);
 
 // Exports one table: reads <sCartellaSchemi>/<sTabella>Sch.xml and writes the data file it
-// names into sCartellaDestinazione. Never raises and never shows a box.
+// names into sCartellaDestinazione, with the site's own rows only (SitoScambio.h). A site
+// without identity, or a table without the column Code, is refused. Never raises and never
+// shows a box.
 Esito EsportaTabella(const Connessione& cnn, const QString& sTabella,
                      const QString& sCartellaSchemi, const QString& sCartellaDestinazione,
                      const Progresso& progresso = {});

@@ -1,6 +1,7 @@
 #include "Import.h"
 #include "Export.h"
 #include "LetturaDati.h"
+#include "SitoScambio.h"
 
 #include "session/Conversioni.h"
 #include "session/Errore.h"
@@ -10,6 +11,7 @@
 #include "store/Backend.h"
 #include "store/Caricamento.h"
 #include "store/Connessione.h"
+#include "store/IdentitaSito.h"
 #include "store/TestoErrore.h"
 
 #include <QDir>
@@ -151,8 +153,7 @@ struct Schema {
     QVector<int> pk;
 };
 
-Schema LeggiSchema(const QString& sTabella) {
-    const QString sPercorso = PercorsoIn(Sessione::sParam09, sTabella + QStringLiteral("Sch.xml"));
+Schema LeggiSchema(const QString& sPercorso) {
     QFile file(sPercorso);
     if (!file.open(QIODevice::ReadOnly))
         Fallisci(QStringLiteral("File non trovato: %1").arg(QDir::toNativeSeparators(sPercorso)));
@@ -203,14 +204,19 @@ Schema LeggiSchema(const QString& sTabella) {
     return schema;
 }
 
-double VersioneDatabase(const Connessione& connessione) {
+struct Config {
+    double dVersione = 0;
+    QString sCodice;
+};
+
+Config LeggiConfig(const Connessione& connessione) {
     QSqlQuery query(connessione.Db());
     query.setForwardOnly(true);
-    if (!query.exec(QStringLiteral("SELECT Versione FROM Config")))
+    if (!query.exec(QStringLiteral("SELECT Versione, Code FROM Config")))
         Fallisci(TestoErrore(query.lastError()));
     if (!query.next())
         Fallisci(QStringLiteral("La tabella Config è vuota"));
-    return query.value(0).toDouble();
+    return {query.value(0).toDouble(), query.value(1).toString()};
 }
 
 // A step that may fail without harm (a refused switch): run within a savepoint, so that its
@@ -292,35 +298,48 @@ struct Destinazione {
     QString sInizioLog;
 };
 
-// False when the versions differ: their box is shown and nothing is touched.
-bool Importa(const QString& sTabella, const Avanzamento& avanzamento) {
+// False when the table is refused before anything is touched (versions that differ, a site
+// without identity, a file of the site's own code or of none): the words are in the outcome.
+bool Importa(const Connessione* cnn, const QString& sTabella, const QString& sCartellaSchemi,
+             const QString& sCartellaDati, const Avanzamento& avanzamento, Esito& esito) {
+    const auto rifiuta = [&esito](const QString& sMessaggio) {
+        esito.sTitolo = QStringLiteral("Attenzione");
+        esito.sMessaggio = sMessaggio;
+        return false;
+    };
+    esito.sPercorso = PercorsoIn(sCartellaSchemi, sTabella + QStringLiteral("Sch.xml"));
     ControllaNome(sTabella);
-    const Schema schema = LeggiSchema(sTabella);
-    if (!Sessione::cnn || !Sessione::cnn->Aperta())
+    const Schema schema = LeggiSchema(esito.sPercorso);
+    if (!cnn || !cnn->Aperta())
         Fallisci(QStringLiteral("Nessuna connessione al database"));
-    const Connessione& connessione = *Sessione::cnn;
-    const double dVersione = VersioneDatabase(connessione);
+    const Connessione& connessione = *cnn;
+    const Config config = LeggiConfig(connessione);
+    if (CodiceProvvisorio(config.sCodice))
+        return rifiuta(Scambio::MessaggioSenzaIdentita(config.sCodice));
 
-    const QString sPercorsoDati = PercorsoIn(Sessione::sCartellaImport, schema.sDatafile);
+    const QString sPercorsoDati = PercorsoIn(sCartellaDati, schema.sDatafile);
+    esito.sPercorso = sPercorsoDati;
     const LettoreDati::Testa testa = LettoreDati::LeggiTesta(sPercorsoDati);
     const QString sCode = testa.sCode;
     const int iVersioneFile = Intero(testa.sVersione, QStringLiteral("version"));
 
-    if (schema.iVersione != iVersioneFile || dVersione != schema.iVersione) {
-        MsgBox(QStringLiteral("Versioni incompatibili tra schema file [%1], Data File [%2] e "
-                              "Database [%3]")
-                   .arg(schema.iVersione)
-                   .arg(iVersioneFile)
-                   .arg(QString::number(dVersione)),
-               Pulsanti::Ok, Icona::Critica, QStringLiteral("Attenzione"));
-        return false;
-    }
+    if (schema.iVersione != iVersioneFile || config.dVersione != schema.iVersione)
+        return rifiuta(QStringLiteral("Versioni incompatibili tra schema file [%1], Data File "
+                                      "[%2] e Database [%3]")
+                           .arg(schema.iVersione)
+                           .arg(iVersioneFile)
+                           .arg(QString::number(config.dVersione)));
     if (sCode.isEmpty())
         Fallisci(QStringLiteral("Il file %1 non indica il codice del sito")
                      .arg(QDir::toNativeSeparators(sPercorsoDati)));
+    // The import replaces the rows of the file's code: never those of the site itself, nor
+    // those of a code that names no site.
+    if (sCode.trimmed().compare(config.sCodice.trimmed(), Qt::CaseInsensitive) == 0)
+        return rifiuta(Scambio::FileDelSitoStesso(sPercorsoDati, sCode));
+    if (CodiceProvvisorio(sCode))
+        return rifiuta(Scambio::FileDiSitoSenzaIdentita(sPercorsoDati, sCode));
 
-    LogComandi log(PercorsoIn(Sessione::sCartellaImport, sTabella + QStringLiteral("Sql.xml")),
-                   sTabella);
+    LogComandi log(PercorsoIn(sCartellaDati, sTabella + QStringLiteral("Sql.xml")), sTabella);
     QSqlDatabase db = connessione.Db();
     const Backend& backend = connessione.backend();
     // One load per set of columns; records of another set send the rows held first, so that
@@ -433,6 +452,7 @@ bool Importa(const QString& sTabella, const Avanzamento& avanzamento) {
         }
         invia();
         destinazioni.clear();
+        esito.lRecord = lRecord;
         if (avanzamento)
             avanzamento(lRecord);
 
@@ -455,18 +475,42 @@ bool Importa(const QString& sTabella, const Avanzamento& avanzamento) {
 
 } // namespace
 
-bool ImportaTabella(const QString& sTabella, const Avanzamento& avanzamento) {
+namespace {
+
+Esito Esegui(const Connessione* cnn, const QString& sTabella, const QString& sCartellaSchemi,
+             const QString& sCartellaDati, const Avanzamento& avanzamento) {
+    Esito esito;
     if (!sTabella.isEmpty()) {
         try {
-            if (!Importa(sTabella, avanzamento))
-                return false;
+            if (!Importa(cnn, sTabella, sCartellaSchemi, sCartellaDati, avanzamento, esito))
+                return esito;
         } catch (...) {
-            // Whatever the failure, the program's own or a library's: its box, and the table
-            // is not listed.
-            MsgBox(ErroreDi(std::current_exception(), QStringLiteral("Import")).descrizione(),
-                   Pulsanti::Ok, Icona::Critica);
-            return false;
+            // Whatever the failure, the program's own or a library's: its words.
+            esito.sTitolo.clear();
+            esito.sMessaggio =
+                ErroreDi(std::current_exception(), QStringLiteral("Import")).descrizione();
+            return esito;
         }
+    }
+    esito.bImportata = true;
+    return esito;
+}
+
+} // namespace
+
+Esito ImportaTabella(const Connessione& cnn, const QString& sTabella,
+                     const QString& sCartellaSchemi, const QString& sCartellaDati,
+                     const Avanzamento& avanzamento) {
+    return Esegui(&cnn, sTabella, sCartellaSchemi, sCartellaDati, avanzamento);
+}
+
+bool ImportaTabella(const QString& sTabella, const Avanzamento& avanzamento) {
+    const Esito esito = Esegui(Sessione::cnn.get(), sTabella, Sessione::sParam09,
+                               Sessione::sCartellaImport, avanzamento);
+    if (!esito.bImportata) {
+        // The table's box, and the table is not listed.
+        MsgBox(esito.sMessaggio, Pulsanti::Ok, Icona::Critica, esito.sTitolo);
+        return false;
     }
     TabelleImportate.append(sTabella);
     return true;

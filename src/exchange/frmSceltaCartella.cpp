@@ -1,7 +1,9 @@
 #include "frmSceltaCartella.h"
 
+#include "exchange/SitoScambio.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
+#include "session/Sessione.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -75,9 +77,17 @@ frmSceltaCartella::frmSceltaCartella(Impostazioni impostazioniDate, QWidget* par
     connect(cmdConferma, &QPushButton::clicked, this, &frmSceltaCartella::cmdConfermaClick);
     connect(cmdAnnulla, &QPushButton::clicked, this, &QDialog::reject);
 
+    if (Sessione::cnn) {
+        try {
+            Scambio::ControllaIdentita(*Sessione::cnn, impostazioni.sNome);
+        } catch (const Errore& errore) {
+            sRifiuto = errore.descrizione();
+        }
+    }
     try {
         cmdConferma->setEnabled(false);
-        ImpostaPercorso(*impostazioni.sRadice);
+        if (sRifiuto.isEmpty())
+            ImpostaPercorso(*impostazioni.sRadice);
     } catch (const Errore& errore) {
         MostraErrore(errore, impostazioni.sErrore + QLatin1Char('2'));
     }
@@ -85,6 +95,15 @@ frmSceltaCartella::frmSceltaCartella(Impostazioni impostazioniDate, QWidget* par
         adjustSize();
         move(parent->window()->geometry().center() - rect().center());
     }
+}
+
+int frmSceltaCartella::exec() {
+    if (sRifiuto.isEmpty())
+        return QDialog::exec();
+    MsgBox(sRifiuto, Pulsanti::Ok, Icona::Critica, QStringLiteral("Attenzione"));
+    if (testAttribute(Qt::WA_DeleteOnClose))
+        deleteLater();
+    return QDialog::Rejected;
 }
 
 void frmSceltaCartella::ImpostaPercorso(const QString& sNuovo) {

@@ -33,6 +33,12 @@ public:
 
     frmSceltaCartella(Impostazioni impostazioni, QWidget* parent);
 
+    // A site without its own code exchanges nothing: the dialog first reads Config on the
+    // session's connection, and for a site still holding the placeholder code lists no folder
+    // and does not come up: exec shows a critical box that says how the site's identity is
+    // given, and gives back Rejected.
+    int exec() override;
+
     // Dir1.Path: the folder whose subfolders Dir1 lists; setting it is Dir1's change. A path
     // out of the root gives the root. Raises Errore when the folder can't be listed, and then
     // Dir1, its path and Text1 stay as they were.
@@ -55,4 +61,5 @@ private:
     QPushButton* cmdAnnulla;
     QString sPercorso;
     Impostazioni impostazioni;
+    QString sRifiuto; // why the site may not exchange, "" when it may
 };
