@@ -8,6 +8,9 @@
 #include <QAtomicInt>
 #include <QCoreApplication>
 #include <QFile>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
 #include <QtTest>
 
 namespace ServerProva {
@@ -30,6 +33,42 @@ QString Utente() {
 QString Password() {
     return qEnvironmentVariable("TABELLION_PG_PASSWORD");
 }
+QString NomeUnico(const QString& sPrefisso) {
+    static QAtomicInt contatore;
+    return QStringLiteral("%1_%2_%3")
+        .arg(sPrefisso)
+        .arg(QCoreApplication::applicationPid())
+        .arg(contatore.fetchAndAddRelaxed(1));
+}
+bool EseguiComeSuperutente(const QString& sSql, bool bMuto, QString* sValore) {
+    // A connection of its own for each statement, closed and removed at once: none is left for
+    // the end of the process.
+    const QString sConnessione = NomeUnico(QStringLiteral("superutente"));
+    bool bFatto = false;
+    {
+        QSqlDatabase server = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), sConnessione);
+        server.setHostName(Host());
+        server.setPort(Porta());
+        server.setUserName(Utente());
+        server.setPassword(Password());
+        server.setDatabaseName(QStringLiteral("postgres"));
+        if (!server.open()) {
+            qWarning("%s: %s", qPrintable(sSql), qPrintable(server.lastError().text()));
+        } else {
+            QSqlQuery query(server);
+            query.exec(QStringLiteral("SET client_min_messages = warning"));
+            bFatto = query.exec(sSql);
+            if (!bFatto && !bMuto) {
+                qWarning("%s: %s", qPrintable(sSql), qPrintable(query.lastError().text()));
+            }
+            if (bFatto && sValore) {
+                *sValore = query.next() ? query.value(0).toString() : QString();
+            }
+        }
+    }
+    QSqlDatabase::removeDatabase(sConnessione);
+    return bFatto;
+}
 } // namespace ServerProva
 
 void AggiungiBackend() {
@@ -48,18 +87,11 @@ QString LeggiFile(const QString& percorso) {
     return QString::fromUtf8(file.readAll());
 }
 
-QString NuovoNome() {
-    static QAtomicInt contatore;
-    return QStringLiteral("prova_%1_%2")
-        .arg(QCoreApplication::applicationPid())
-        .arg(contatore.fetchAndAddRelaxed(1));
-}
-
 } // namespace
 
 BancaDatiProva::BancaDatiProva(TipoBackend tipoDato, const QStringList& altriScript)
     : tipo(tipoDato)
-    , sDatabase(NuovoNome()) {
+    , sDatabase(ServerProva::NomeUnico(QStringLiteral("prova"))) {
     const StringaConnessione stringa = StringaConnessione::Leggi(Stringa());
     Connessione::BackendDi(stringa).CreaDatabase(stringa);
     bCreata = true;

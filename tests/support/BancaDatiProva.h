@@ -20,6 +20,13 @@ QString Host();
 int Porta();
 QString Utente();
 QString Password();
+// A name that no other test of this run, nor another test process, takes: the prefix, the
+// process and a counter.
+QString NomeUnico(const QString& sPrefisso);
+// A statement run as it stands by the test server's superuser on the database "postgres" (roles,
+// databases, rights); false, with a warning unless bMuto, when the server refuses it. The first
+// column of the first row, if any, goes to *sValore.
+bool EseguiComeSuperutente(const QString& sSql, bool bMuto = false, QString* sValore = nullptr);
 } // namespace ServerProva
 
 // Adds the rows "sqlite" and "postgresql" with the column "backend" to a data-driven test.

@@ -10,20 +10,13 @@
 #include "BancaDatiProva.h"
 #include "session/StrumentoSql.h"
 
-#include <QAtomicInt>
-#include <QCoreApplication>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QStringList>
 #include <QTextStream>
 
 class RuoliSitoProva {
 public:
     RuoliSitoProva()
-        : sRadice(QStringLiteral("tabellion_prova_%1_%2")
-                      .arg(QCoreApplication::applicationPid())
-                      .arg(Contatore().fetchAndAddRelaxed(1))) {
+        : sRadice(ServerProva::NomeUnico(QStringLiteral("tabellion_prova"))) {
         bCreati =
             Esegui(QStringLiteral("CREATE ROLE %1 NOLOGIN").arg(Proprietario())) &&
             Esegui(QStringLiteral("CREATE ROLE %1 NOLOGIN").arg(Gruppo())) &&
@@ -44,7 +37,6 @@ public:
             Esegui(QStringLiteral("DROP OWNED BY %1").arg(ruolo), true);
             Esegui(QStringLiteral("DROP ROLE IF EXISTS %1").arg(ruolo));
         }
-        QSqlDatabase::removeDatabase(NomeConnessione());
     }
     RuoliSitoProva(const RuoliSitoProva&) = delete;
     RuoliSitoProva& operator=(const RuoliSitoProva&) = delete;
@@ -70,49 +62,16 @@ public:
     // A statement run by the test server's superuser (on the database "postgres"); false, with
     // a warning unless bMuto, when the server refuses it.
     bool Esegui(const QString& sSql, bool bMuto = false) const {
-        QSqlQuery query;
-        return Esegui(sSql, query, bMuto);
+        return ServerProva::EseguiComeSuperutente(sSql, bMuto);
     }
     // The first column of the first row of a statement run the same way; "" when none.
     QString Valore(const QString& sSql) const {
-        QSqlQuery query;
-        return Esegui(sSql, query, false) && query.next() ? query.value(0).toString() : QString();
+        QString sValore;
+        ServerProva::EseguiComeSuperutente(sSql, false, &sValore);
+        return sValore;
     }
 
 private:
-    bool Esegui(const QString& sSql, QSqlQuery& query, bool bMuto) const {
-        QSqlDatabase server = QSqlDatabase::database(NomeConnessione(), false);
-        if (!server.isValid()) {
-            server = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), NomeConnessione());
-            server.setHostName(ServerProva::Host());
-            server.setPort(ServerProva::Porta());
-            server.setUserName(ServerProva::Utente());
-            server.setPassword(ServerProva::Password());
-            server.setDatabaseName(QStringLiteral("postgres"));
-        }
-        if (!server.isOpen()) {
-            if (!server.open()) {
-                qWarning("%s", qPrintable(server.lastError().text()));
-                return false;
-            }
-            QSqlQuery(server).exec(QStringLiteral("SET client_min_messages = warning"));
-        }
-        query = QSqlQuery(server);
-        if (query.exec(sSql)) {
-            return true;
-        }
-        if (!bMuto) {
-            qWarning("%s: %s", qPrintable(sSql), qPrintable(query.lastError().text()));
-        }
-        return false;
-    }
-
-    static QAtomicInt& Contatore() {
-        static QAtomicInt contatore;
-        return contatore;
-    }
-    QString NomeConnessione() const { return QStringLiteral("ruoli-") + sRadice; }
-
     QString sRadice;
     QStringList databases;
     bool bCreati = false;

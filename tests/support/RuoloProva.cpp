@@ -5,8 +5,6 @@
 #include "store/Connessione.h"
 #include "store/StringaConnessione.h"
 
-#include <QAtomicInt>
-#include <QCoreApplication>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -23,18 +21,11 @@ bool Esegui(const QSqlDatabase& db, const QString& sSql) {
     return false;
 }
 
-QString NuovoNome() {
-    static QAtomicInt contatore;
-    return QStringLiteral("tabellion_senza_diritti_%1_%2")
-        .arg(QCoreApplication::applicationPid())
-        .arg(contatore.fetchAndAddRelaxed(1));
-}
-
 } // namespace
 
 RuoloProva::RuoloProva(const BancaDatiProva& bancaDati)
     : banca(bancaDati)
-    , sNome(NuovoNome()) {
+    , sNome(ServerProva::NomeUnico(QStringLiteral("tabellion_senza_diritti"))) {
     const auto proprietario = banca.Apri();
     bCreato = Esegui(proprietario->Db(),
                      QStringLiteral("CREATE ROLE %1 LOGIN PASSWORD '%2'").arg(sNome, Password())) &&
@@ -51,23 +42,7 @@ RuoloProva::~RuoloProva() {
     } catch (const std::exception& errore) {
         qWarning("database %s not removed: %s", qPrintable(banca.Database()), errore.what());
     }
-    const QString sConnessione = QStringLiteral("ruolo-") + sNome;
-    {
-        QSqlDatabase server = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), sConnessione);
-        server.setHostName(ServerProva::Host());
-        server.setPort(ServerProva::Porta());
-        server.setUserName(ServerProva::Utente());
-        server.setPassword(ServerProva::Password());
-        server.setDatabaseName(QStringLiteral("postgres"));
-        if (server.open()) {
-            Esegui(server, QStringLiteral("DROP ROLE IF EXISTS ") + sNome);
-            server.close();
-        } else {
-            qWarning("role %s not removed: %s", qPrintable(sNome),
-                     qPrintable(server.lastError().text()));
-        }
-    }
-    QSqlDatabase::removeDatabase(sConnessione);
+    ServerProva::EseguiComeSuperutente(QStringLiteral("DROP ROLE IF EXISTS ") + sNome);
 }
 
 bool RuoloProva::Concedi(const QString& sSql) const {
