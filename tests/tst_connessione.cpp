@@ -6,6 +6,7 @@
 #include "store/Connessione.h"
 #include "store/EsecuzioneScript.h"
 #include "store/IdentitaSito.h"
+#include "store/LetturaRighe.h"
 #include "store/StringaConnessione.h"
 
 #include "BancaDatiProva.h"
@@ -35,6 +36,10 @@ private Q_SLOTS:
     void unoScriptCheFallisceNonLasciaNulla_data();
     void unoScriptCheFallisceNonLasciaNulla();
     void unaConnessioneChiusaDaUnErroreChiaro();
+    void leRigheSiLeggonoPerLaViaDelMotoreConIValoriLegati_data();
+    void leRigheSiLeggonoPerLaViaDelMotoreConIValoriLegati();
+    void unaLetturaDiRigheRifiutataDaUnErroreConLeParoleDelServer_data();
+    void unaLetturaDiRigheRifiutataDaUnErroreConLeParoleDelServer();
     void unDatabaseNuovoHaIlCodiceProvvisorioFinoAllIdentitaDelSito_data();
     void unDatabaseNuovoHaIlCodiceProvvisorioFinoAllIdentitaDelSito();
 };
@@ -295,4 +300,69 @@ void TestConnessione::unDatabaseNuovoHaIlCodiceProvvisorioFinoAllIdentitaDelSito
 }
 
 QTEST_GUILESS_MAIN(TestConnessione)
+void TestConnessione::leRigheSiLeggonoPerLaViaDelMotoreConIValoriLegati_data() {
+    AggiungiBackend();
+}
+
+void TestConnessione::leRigheSiLeggonoPerLaViaDelMotoreConIValoriLegati() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    BancaDatiProva banca(backend);
+    const auto cnn = banca.Apri();
+    const QString sPadre = QStringLiteral("Archivio dell'Opera di Santa Maria, \"Città\" è ñ 中");
+    const qint64 padre =
+        cnn->Inserisci(QStringLiteral("Elementi"), QStringLiteral("ID_Elemento"),
+                       {QStringLiteral("Tipologia"), QStringLiteral("Denominazione")},
+                       {QStringLiteral("01"), sPadre});
+    const qint64 figlio =
+        cnn->Inserisci(QStringLiteral("Elementi"), QStringLiteral("ID_Elemento"),
+                       {QStringLiteral("ID_ElementoPadre"), QStringLiteral("Tipologia"),
+                        QStringLiteral("Denominazione")},
+                       {padre, QStringLiteral("02"), QStringLiteral("")});
+    // The engine's own path where the backend has one, named.
+    const auto righe = cnn->backend().ApriLetturaRighe(
+        cnn->Db(),
+        QStringLiteral("SELECT ID_Elemento, ID_ElementoPadre, Denominazione, Tipologia FROM "
+                       "Elementi WHERE ID_Elemento IN (?, ?) AND Denominazione <> ? "
+                       "ORDER BY ID_Elemento"),
+        {padre, figlio, QStringLiteral("nessuno")}, QStringLiteral("prova"));
+    QCOMPARE(righe->Via(),
+             backend == TipoBackend::SQLite ? QStringLiteral("sqlite3") : QStringLiteral("Qt"));
+    QVERIFY(righe->Prossima());
+    QCOMPARE(righe->Intero(0), padre);
+    QVERIFY(righe->Null(1));
+    QVERIFY(!righe->Null(2));
+    QCOMPARE(QString::fromUtf8(righe->Testo(2)), sPadre);
+    QCOMPARE(QString::fromUtf8(righe->Testo(3)), QStringLiteral("01"));
+    QVERIFY(righe->Prossima());
+    QCOMPARE(righe->Intero(0), figlio);
+    QCOMPARE(righe->Intero(1), padre);
+    // An empty text is no Null.
+    QVERIFY(!righe->Null(2));
+    QVERIFY(righe->Testo(2).isEmpty());
+    QVERIFY(!righe->Prossima());
+}
+
+void TestConnessione::unaLetturaDiRigheRifiutataDaUnErroreConLeParoleDelServer_data() {
+    AggiungiBackend();
+}
+
+void TestConnessione::unaLetturaDiRigheRifiutataDaUnErroreConLeParoleDelServer() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    BancaDatiProva banca(backend);
+    const auto cnn = banca.Apri();
+    try {
+        cnn->backend().ApriLetturaRighe(cnn->Db(),
+                                        QStringLiteral("SELECT Manca FROM TabellaCheNonCe"), {},
+                                        QStringLiteral("prova"));
+        QFAIL("a statement on a missing table was read");
+    } catch (const Errore& errore) {
+        QCOMPARE(errore.sorgente(), QStringLiteral("prova"));
+        QVERIFY2(
+            errore.descrizione().contains(QStringLiteral("tabellachenonce"), Qt::CaseInsensitive),
+            qPrintable(errore.descrizione()));
+    }
+}
+
 #include "tst_connessione.moc"

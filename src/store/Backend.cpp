@@ -3,6 +3,7 @@
 #include "BackendPostgreSQL.h"
 #include "BackendSQLite.h"
 #include "Caricamento.h"
+#include "LetturaRighe.h"
 #include "LetturaTesto.h"
 
 QString Backend::Identificatore(const QString& sNome) const {
@@ -19,6 +20,16 @@ std::unique_ptr<Caricamento> Backend::ApriCaricamento(const QSqlDatabase& db,
                                                       const QString& sTabella,
                                                       const QStringList& colonne) const {
     return std::make_unique<CaricamentoInserimenti>(db, sTabella, colonne, this);
+}
+
+std::unique_ptr<LetturaRighe> Backend::ApriLetturaRighe(const QSqlDatabase& db, const QString& sSql,
+                                                        const QVariantList& valori,
+                                                        const QString& sSorgente) const {
+    QVariantList legati;
+    for (const QVariant& valore : valori) {
+        legati.append(ValoreDaLegare(valore));
+    }
+    return std::make_unique<LetturaRigheQt>(db, sSql, legati, sSorgente);
 }
 
 std::unique_ptr<LetturaTesto> Backend::ApriLetturaTesto(const QSqlDatabase&, const QString&) const {

@@ -11,6 +11,7 @@
 
 class Caricamento;
 class LetturaTesto;
+class LetturaRighe;
 class StringaConnessione;
 
 // The roles of a site's database, on a server that has roles (PostgreSQL): the owner of the
@@ -101,6 +102,14 @@ public:
     // A whole table read by the server's bulk path, values in the server's text form; null
     // where the server has no such path (the caller then reads through Qt). Raises Errore
     // with the server's words when the table cannot be read.
+    // The rows of a SELECT with its values bound in order ("?"), read forward by the engine's
+    // own path where the backend has one, by Qt's otherwise. Raises Errore (under sSorgente)
+    // with the server's words when the statement fails.
+    virtual std::unique_ptr<LetturaRighe> ApriLetturaRighe(const QSqlDatabase& db,
+                                                           const QString& sSql,
+                                                           const QVariantList& valori,
+                                                           const QString& sSorgente) const;
+
     virtual std::unique_ptr<LetturaTesto> ApriLetturaTesto(const QSqlDatabase& db,
                                                            const QString& sTabella) const;
 

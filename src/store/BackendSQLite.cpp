@@ -1,4 +1,6 @@
 #include "BackendSQLite.h"
+
+#include "LetturaRighe.h"
 #include "OrdineItaliano.h"
 #include "TestoErrore.h"
 
@@ -17,6 +19,7 @@
 #include <QSqlQuery>
 #include <QVariant>
 
+#include <memory>
 #include <sqlite3.h>
 
 namespace {
@@ -36,20 +39,123 @@ int ConfrontoItaliano(void*, int iLunghezzaA, const void* a, int iLunghezzaB, co
         std::string_view(static_cast<const char*>(b), static_cast<size_t>(iLunghezzaB)));
 }
 
+// SQLite's handle of the connection, or null when Qt's driver gives none.
+sqlite3* ManigliaDi(const QSqlDatabase& db) {
+    const QVariant maniglia = db.driver() ? db.driver()->handle() : QVariant();
+    if (!maniglia.isValid() || qstrcmp(maniglia.typeName(), "sqlite3*") != 0)
+        return nullptr;
+    return *static_cast<sqlite3* const*>(maniglia.constData());
+}
+
 // The Italian order on the connection, under the name that InOrdineAlfabetico writes. Qt's
 // driver hands out SQLite's own handle, of the same library that the program links.
 bool RegistraCollazione(const QSqlDatabase& db) {
-    const QVariant maniglia = db.driver()->handle();
-    if (!maniglia.isValid() || qstrcmp(maniglia.typeName(), "sqlite3*") != 0)
-        return false;
-    sqlite3* connessione = *static_cast<sqlite3* const*>(maniglia.constData());
+    sqlite3* connessione = ManigliaDi(db);
     return connessione != nullptr &&
            sqlite3_create_collation_v2(
                connessione, BackendSQLite::CollazioneItaliana().toUtf8().constData(), SQLITE_UTF8,
                nullptr, ConfrontoItaliano, nullptr) == SQLITE_OK;
 }
 
+// A SELECT on SQLite's own statement: each value read where SQLite keeps it.
+class LetturaRigheSQLite : public LetturaRighe {
+public:
+    LetturaRigheSQLite(sqlite3* connessioneDb, const QString& sSql, const QVariantList& valori,
+                       const QString& sSorgenteErrori, const Backend& backend)
+        : connessione(connessioneDb)
+        , sSorgente(sSorgenteErrori) {
+        const QByteArray sql = sSql.toUtf8();
+        sqlite3_stmt* preparata = nullptr;
+        const int esito = sqlite3_prepare_v2(connessione, sql.constData(),
+                                             static_cast<int>(sql.size()), &preparata, nullptr);
+        // Finalized however the reading ends, a failed binding in this constructor included.
+        istruzione.reset(preparata);
+        if (esito != SQLITE_OK) {
+            Fallita();
+        }
+        for (int i = 0; i < valori.size(); ++i) {
+            Lega(i + 1, backend.ValoreDaLegare(valori[i]));
+        }
+    }
+
+    bool Prossima() override {
+        const int esito = sqlite3_step(istruzione.get());
+        if (esito == SQLITE_ROW)
+            return true;
+        if (esito != SQLITE_DONE)
+            Fallita();
+        return false;
+    }
+    bool Null(int iColonna) const override {
+        return sqlite3_column_type(istruzione.get(), iColonna) == SQLITE_NULL;
+    }
+    qint64 Intero(int iColonna) const override {
+        return sqlite3_column_int64(istruzione.get(), iColonna);
+    }
+    QByteArrayView Testo(int iColonna) const override {
+        const auto* testo = sqlite3_column_text(istruzione.get(), iColonna);
+        return QByteArrayView(reinterpret_cast<const char*>(testo),
+                              sqlite3_column_bytes(istruzione.get(), iColonna));
+    }
+    QString Via() const override { return QStringLiteral("sqlite3"); }
+
+private:
+    [[noreturn]] void Fallita() const {
+        throw Errore(sSorgente, QString::fromUtf8(sqlite3_errmsg(connessione)));
+    }
+    void Lega(int iPosto, const QVariant& valore) {
+        int esito = SQLITE_OK;
+        switch (valore.metaType().id()) {
+        case QMetaType::UnknownType:
+            esito = sqlite3_bind_null(istruzione.get(), iPosto);
+            break;
+        case QMetaType::Bool:
+        case QMetaType::Int:
+        case QMetaType::UInt:
+        case QMetaType::Long:
+        case QMetaType::LongLong:
+        case QMetaType::Short:
+        case QMetaType::UShort:
+            esito = valore.isNull()
+                        ? sqlite3_bind_null(istruzione.get(), iPosto)
+                        : sqlite3_bind_int64(istruzione.get(), iPosto, valore.toLongLong());
+            break;
+        case QMetaType::Double:
+        case QMetaType::Float:
+            esito = valore.isNull()
+                        ? sqlite3_bind_null(istruzione.get(), iPosto)
+                        : sqlite3_bind_double(istruzione.get(), iPosto, valore.toDouble());
+            break;
+        default: {
+            if (valore.isNull()) {
+                esito = sqlite3_bind_null(istruzione.get(), iPosto);
+                break;
+            }
+            const QByteArray testo = valore.toString().toUtf8();
+            esito = sqlite3_bind_text(istruzione.get(), iPosto, testo.constData(),
+                                      static_cast<int>(testo.size()), SQLITE_TRANSIENT);
+        }
+        }
+        if (esito != SQLITE_OK)
+            Fallita();
+    }
+
+    sqlite3* connessione;
+    std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> istruzione{nullptr, sqlite3_finalize};
+    QString sSorgente;
+};
+
 } // namespace
+
+std::unique_ptr<LetturaRighe> BackendSQLite::ApriLetturaRighe(const QSqlDatabase& db,
+                                                              const QString& sSql,
+                                                              const QVariantList& valori,
+                                                              const QString& sSorgente) const {
+    sqlite3* connessione = ManigliaDi(db);
+    if (connessione == nullptr)
+        return Backend::ApriLetturaRighe(db, sSql, valori, sSorgente);
+    return std::make_unique<LetturaRigheSQLite>(connessione, sSql, valori, sSorgente, *this);
+}
 
 QString BackendSQLite::FileDatabase(const StringaConnessione& stringa) {
     QString cartella = stringa.Valore(QStringLiteral("Data Source"));

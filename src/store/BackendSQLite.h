@@ -25,6 +25,10 @@ public:
     void Backup(const QSqlDatabase& db, const StringaConnessione& stringa,
                 const QString& sDestinazione) const override;
     void IndiceWeb(const QSqlDatabase& db, const QString& sLingua) const override;
+    // SQLite's own statements on the driver's handle (Qt's path when the driver gives none).
+    std::unique_ptr<LetturaRighe> ApriLetturaRighe(const QSqlDatabase& db, const QString& sSql,
+                                                   const QVariantList& valori,
+                                                   const QString& sSorgente) const override;
 
     // The file of the database that the string names. A Data Source that names a server
     // ("host:port", the form PostgreSQL takes) raises Errore: Connetti.txt says SQLite.

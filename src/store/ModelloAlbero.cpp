@@ -1,6 +1,8 @@
 #include "ModelloAlbero.h"
 
+#include "Backend.h"
 #include "Connessione.h"
+#include "LetturaRighe.h"
 #include "OrdineItaliano.h"
 #include "TestoErrore.h"
 #include "session/Errore.h"
@@ -8,8 +10,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <algorithm>
 
 namespace {
@@ -778,24 +778,11 @@ namespace {
 
 const QString SorgenteCaricamento = QStringLiteral("CaricaAlbero");
 
-// Forward only: the rows are read once and not kept by the driver.
-QSqlQuery Esegui(const Connessione& connessione, const QString& sSql,
-                 const QVariantList& valori = {}) {
-    QSqlQuery query(connessione.Db());
-    query.setForwardOnly(true);
-    bool bFatto = false;
-    if (valori.isEmpty()) {
-        bFatto = query.exec(sSql);
-    } else if (query.prepare(sSql)) {
-        for (int i = 0; i < valori.size(); ++i) {
-            query.bindValue(i, valori[i]);
-        }
-        bFatto = query.exec();
-    }
-    if (!bFatto) {
-        throw Errore(SorgenteCaricamento, TestoErrore(query.lastError()));
-    }
-    return query;
+// The rows of a statement, by the backend's quickest path.
+std::unique_ptr<LetturaRighe> Leggi(const Connessione& connessione, const QString& sSql,
+                                    const QVariantList& valori = {}) {
+    return connessione.backend().ApriLetturaRighe(connessione.Db(), sSql, valori,
+                                                  SorgenteCaricamento);
 }
 
 // The columns of a group's statement, in the order of GruppoAlbero::Sql.
@@ -803,37 +790,40 @@ enum ColonnaGruppo { ColonnaId, ColonnaPadre, ColonnaTesto, ColonnaTag, ColonnaL
 
 void CaricaGruppo(ModelloAlbero& modello, const Connessione& connessione,
                   const GruppoAlbero& gruppo) {
-    QSqlQuery query = Esegui(connessione, gruppo.Sql(connessione), gruppo.valori);
+    const auto righe = Leggi(connessione, gruppo.Sql(connessione), gruppo.valori);
     const bool bLink = !gruppo.sColonnaLink.isEmpty();
     const QString silink = QStringLiteral("silink");
     // A Null parent in a group that does not hang on the root has no parent in the tree.
     constexpr qint64 PadreAssente = -1;
-    while (query.next()) {
-        const QVariant padre = query.value(ColonnaPadre);
+    // The kinds are few: the text of the last one is kept.
+    QByteArray ultimoTag;
+    QString sTag;
+    while (righe->Prossima()) {
         qint64 lIdPadre = PadreAssente;
-        if (!padre.isNull()) {
-            lIdPadre = padre.toLongLong();
+        if (!righe->Null(ColonnaPadre)) {
+            lIdPadre = righe->Intero(ColonnaPadre);
         } else if (gruppo.bPadreNulloERadice) {
             lIdPadre = ModelloAlbero::IdRadice;
         }
+        const QByteArrayView tag = righe->Testo(ColonnaTag);
+        if (tag != QByteArrayView(ultimoTag)) {
+            ultimoTag = tag.toByteArray();
+            sTag = QString::fromUtf8(ultimoTag);
+        }
         const QString& immagine =
-            bLink && query.value(ColonnaLink).toLongLong() > 0 ? silink : gruppo.sImmagine;
-        modello.Aggiungi(lIdPadre, query.value(ColonnaId).toLongLong(),
-                         query.value(ColonnaTesto).toString(), immagine,
-                         query.value(ColonnaTag).toString());
-    }
-    if (query.lastError().isValid()) {
-        throw Errore(SorgenteCaricamento, TestoErrore(query.lastError()));
+            bLink && righe->Intero(ColonnaLink) > 0 ? silink : gruppo.sImmagine;
+        modello.Aggiungi(lIdPadre, righe->Intero(ColonnaId),
+                         QString::fromUtf8(righe->Testo(ColonnaTesto)), immagine, sTag);
     }
 }
 
 } // namespace
 
 void ApplicaSoggetti(ModelloAlbero& modello, const Connessione& connessione) {
-    QSqlQuery query =
-        Esegui(connessione, QStringLiteral("SELECT CD_ID_Elemento FROM V_ComplessiDocSoggetti"));
-    while (query.next()) {
-        const QModelIndex nodo = modello.Trova(query.value(0).toLongLong());
+    const auto righe =
+        Leggi(connessione, QStringLiteral("SELECT CD_ID_Elemento FROM V_ComplessiDocSoggetti"));
+    while (righe->Prossima()) {
+        const QModelIndex nodo = modello.Trova(righe->Intero(0));
         if (!nodo.isValid()) {
             continue;
         }
