@@ -14,12 +14,15 @@
 #include "CartellaProva.h"
 #include "PiattaformaScriptata.h"
 
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSqlQuery>
+#include <QTimer>
 #include <QTreeView>
 #include <QtTest>
 #include <map>
@@ -187,6 +190,7 @@ private Q_SLOTS:
     void ilPannelloScorreviNascondeEMostraFrame1();
     void unaFiguraMancanteDaUnMessaggioENonFermaLaFinestra();
     void escChiudeLaFinestra();
+    void inUnDialogoEscChiudeIlDialogo();
 };
 
 // ---------------------------------------------------------------------------------------------
@@ -785,6 +789,36 @@ void TestAlbero::escChiudeLaFinestra() {
     finestra.BloccaComandi();
     QTest::keyClick(&finestra, Qt::Key_Escape);
     QVERIFY(!finestra.isVisible());
+}
+
+void TestAlbero::inUnDialogoEscChiudeIlDialogo() {
+    CartellaProva cartella;
+    PiattaformaScriptata piattaforma;
+    auto* finestra = new FinestraDiProva;
+    finestra->setWindowTitle(QStringLiteral("Finestra modale"));
+    const QPointer<QDialog> dialogo = finestra->InDialogo();
+    QCOMPARE(finestra->parentWidget(), dialogo.data());
+    QCOMPARE(dialogo->windowTitle(), QStringLiteral("Finestra modale"));
+    QVERIFY(dialogo->isModal());
+    int iEsito = -1;
+    QTimer::singleShot(0, finestra, [finestra] {
+        finestra->tvwDB->setFocus();
+        QTest::keyClick(finestra->tvwDB, Qt::Key_Escape);
+    });
+    // A dialog that Escape did not close would keep exec() waiting: the guard ends it as
+    // accepted, which the assertion below tells apart.
+    QTimer::singleShot(5000, dialogo.data(), [&dialogo] {
+        if (dialogo) {
+            dialogo->accept();
+        }
+    });
+    iEsito = dialogo->exec();
+    QCOMPARE(iEsito, int(QDialog::Rejected));
+    QVERIFY(!dialogo->isVisible());
+    // The window is still the dialog's, shown inside it.
+    QCOMPARE(finestra->parentWidget(), dialogo.data());
+    QVERIFY(finestra->isVisibleTo(dialogo));
+    delete dialogo;
 }
 
 QTEST_MAIN(TestAlbero)

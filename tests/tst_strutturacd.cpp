@@ -31,6 +31,7 @@
 #include <QRadioButton>
 #include <QSqlQuery>
 #include <QTreeView>
+#include <QVBoxLayout>
 #include <QtTest>
 
 namespace {
@@ -222,6 +223,57 @@ void RifiutaAggiornamenti(const Ambiente& a, const QString& sTabella, const QStr
                        .arg(sTabella, sColonna));
 }
 
+// A window with one kind described here: the institutes under another name, image, question
+// and titles, two commands driven by the editor's flags and one that no kind describes.
+class FinestraUnTipo : public FinestraStruttura {
+public:
+    FinestraUnTipo()
+        : FinestraStruttura(QStringLiteral("frmStrutturaUnTipo")) {
+        auto* pannello = new QVBoxLayout(Frame1);
+        fraIstituto = new ucIstituto(Frame1);
+        fraIstituto->setObjectName(QStringLiteral("fraIstituto"));
+        pannello->addWidget(fraIstituto);
+        for (QPushButton** comando : {&cmdPrimo, &cmdSecondo, &cmdLibero}) {
+            *comando = new QPushButton(this);
+            RegistraComando(*comando);
+        }
+        TipoNodo sede;
+        sede.sTag = QStringLiteral("01");
+        sede.altriTag = {QStringLiteral("00")};
+        sede.sTipo = QStringLiteral("sede");
+        sede.editore = fraIstituto;
+        sede.sImmagineNuovo = QStringLiteral("root");
+        sede.sTabella = QStringLiteral("Istituti");
+        sede.sDomandaCancella = QStringLiteral("Togliere davvero questa sede?");
+        sede.sTitoloCancella = QStringLiteral("Via la sede: ");
+        sede.sTitoloErroreCancella = QStringLiteral("Errore di prova");
+        sede.pulsanti = {{cmdPrimo, &fraIstituto->OkNuovoComplesso},
+                         {cmdSecondo, &fraIstituto->OkNuovoIstituto}};
+        RegistraTipo(sede);
+        fraIstituto->Init();
+        Avvia(false);
+    }
+
+    // The enabled state of the three commands, "Primo Secondo Libero" 0/1.
+    QString Pulsanti3() const {
+        QString s;
+        for (const QPushButton* p : {cmdPrimo, cmdSecondo, cmdLibero}) {
+            s += p->isEnabled() ? u'1' : u'0';
+        }
+        return s;
+    }
+
+    ucIstituto* fraIstituto = nullptr;
+    QPushButton* cmdPrimo = nullptr;
+    QPushButton* cmdSecondo = nullptr;
+    QPushButton* cmdLibero = nullptr;
+
+protected:
+    void CaricaAlbero(const QString&) override {
+        CaricaGruppi({frmStrutturaCD::Gruppi(QStringLiteral("ELEM_Denominazione")).first()}, false);
+    }
+};
+
 } // namespace
 
 class TestStrutturaCD : public QObject {
@@ -262,6 +314,13 @@ private Q_SLOTS:
     void laStradaCompletaDalMenu_data() { AggiungiBackend(); }
     void laStradaCompletaDalMenu();
     void laDenominazioneSiLeggeInteraEAllargaConLaCornice();
+    // A window whose kind is described in the test.
+    void laDescrizioneDelTipoGuidaIPulsantiDaiFlagDellEditore_data() { AggiungiBackend(); }
+    void laDescrizioneDelTipoGuidaIPulsantiDaiFlagDellEditore();
+    void laDescrizioneDelTipoDaDomandaETitoloDellaCancellazione_data() { AggiungiBackend(); }
+    void laDescrizioneDelTipoDaDomandaETitoloDellaCancellazione();
+    void laDescrizioneDelTipoDaImmagineETagDelNuovoNodo_data() { AggiungiBackend(); }
+    void laDescrizioneDelTipoDaImmagineETagDelNuovoNodo();
 };
 
 void TestStrutturaCD::unDatabaseVuotoMostraLaSolaRadiceEIFlagDellaRadice() {
@@ -882,6 +941,106 @@ void TestStrutturaCD::laStradaCompletaDalMenu() {
     principale->Area()->subWindowList().value(0)->close();
     QVERIFY(QTest::qWaitFor([] { return !Sessione::bFrmStrutturaCDAperto; }));
     principale.reset();
+}
+
+void TestStrutturaCD::laDescrizioneDelTipoGuidaIPulsantiDaiFlagDellEditore() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    FinestraUnTipo f;
+    // The root is shown by the kind as one of its other Tags.
+    QCOMPARE(f.sTipo, QStringLiteral("sede"));
+    QVERIFY(!f.fraIstituto->isHidden());
+    QVERIFY(!f.fraIstituto->OkNuovoComplesso);
+    QVERIFY(f.fraIstituto->OkNuovoIstituto);
+    QCOMPARE(f.Pulsanti3(), QStringLiteral("011"));
+    f.SelezionaNodo(f.Modello().Trova(ist));
+    QVERIFY(f.fraIstituto->OkNuovoComplesso);
+    QCOMPARE(f.Pulsanti3(), QStringLiteral("111"));
+    // While editing the commands are hidden, and they come back after Annulla.
+    f.Modifica();
+    QCOMPARE(f.sStato, QStringLiteral("modifica"));
+    QVERIFY(f.cmdPrimo->isHidden());
+    QVERIFY(f.cmdLibero->isHidden());
+    f.Annulla();
+    QCOMPARE(f.sStato, QStringLiteral("mostra"));
+    QVERIFY(!f.cmdPrimo->isHidden());
+    QCOMPARE(f.Pulsanti3(), QStringLiteral("111"));
+    f.SelezionaNodo(f.Modello().Radice());
+    QCOMPARE(f.Pulsanti3(), QStringLiteral("011"));
+}
+
+void TestStrutturaCD::laDescrizioneDelTipoDaDomandaETitoloDellaCancellazione() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    FinestraUnTipo f;
+    // The root is not the kind's own Tag: it is not deleted, nothing is asked.
+    f.Cancella();
+    QVERIFY(a.piattaforma.Messaggi().isEmpty());
+
+    f.SelezionaNodo(f.Modello().Trova(ist));
+    a.piattaforma.risposte = {Risposta::No};
+    f.Cancella();
+    QCOMPARE(a.piattaforma.Messaggi().size(), 1);
+    const Messaggio domanda = a.piattaforma.Messaggi().first();
+    QCOMPARE(domanda.sTesto, QStringLiteral("Togliere davvero questa sede?"));
+    QCOMPARE(domanda.sTitolo, QStringLiteral("Via la sede: Archivio"));
+    QCOMPARE(domanda.icona, Icona::Domanda);
+    QCOMPARE(domanda.pulsanti, Pulsanti::SiNo);
+    QCOMPARE(a.Righe("Istituti"), 1);
+
+    // A child makes the delete fail: the box has the kind's title and the node stays.
+    const long figlio = a.Crea("01", QStringLiteral("Sede staccata"), ist);
+    a.piattaforma.Svuota();
+    a.piattaforma.risposte = {Risposta::Si};
+    f.Cancella();
+    QCOMPARE(MessaggiCon(a.piattaforma, QStringLiteral("Errore di prova")).size(), 1);
+    QVERIFY(f.Modello().Trova(ist).isValid());
+    QCOMPARE(a.Righe("Istituti"), 2);
+
+    a.cnn().Esegui(QStringLiteral("UPDATE Elementi SET ID_ElementoPadre = NULL "
+                                  "WHERE ID_Elemento = ?"),
+                   {L(figlio)});
+    a.piattaforma.Svuota();
+    a.piattaforma.risposte = {Risposta::Si};
+    f.Cancella();
+    QVERIFY(MessaggiCon(a.piattaforma, QStringLiteral("Errore di prova")).isEmpty());
+    QVERIFY(!f.Modello().Trova(ist).isValid());
+    QCOMPARE(f.tvwDB->currentIndex(), f.Modello().Radice());
+    QCOMPARE(a.Righe("Istituti"), 1);
+}
+
+void TestStrutturaCD::laDescrizioneDelTipoDaImmagineETagDelNuovoNodo() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    FinestraUnTipo f;
+    f.Nuovo(QStringLiteral("01"));
+    QCOMPARE(f.sStato, QStringLiteral("nuovo"));
+    const QModelIndex temp = f.Modello().Trova(ModelloAlbero::IdTemporaneo);
+    QVERIFY(temp.isValid());
+    QCOMPARE(f.Modello().Immagine(temp), QStringLiteral("root"));
+    QCOMPARE(f.Modello().Tag(temp), QStringLiteral("01"));
+    CompilaIstituto(f.fraIstituto, QStringLiteral("Archivio di Stato di Pisa"));
+    f.Conferma();
+    QCOMPARE(f.sStato, QStringLiteral("mostra"));
+    const QModelIndex nodo = f.tvwDB->currentIndex();
+    QVERIFY(f.Modello().Id(nodo) > 0);
+    QCOMPARE(f.Modello().Immagine(nodo), QStringLiteral("root"));
+    QCOMPARE(f.Modello().Tag(nodo), QStringLiteral("01"));
+    QCOMPARE(f.Modello().Testo(nodo), QStringLiteral("Archivio di Stato di Pisa"));
+    QCOMPARE(a.Valore(QStringLiteral("SELECT Tipologia FROM Elementi WHERE ID_Elemento = ?"),
+                      {L(f.Modello().Id(nodo))})
+                 .toString(),
+             QStringLiteral("01"));
+    // A Tag the window does not describe makes nothing.
+    f.Nuovo(QStringLiteral("02"));
+    QVERIFY(!f.Modello().Trova(ModelloAlbero::IdTemporaneo).isValid());
+    f.Annulla();
+    QCOMPARE(f.sStato, QStringLiteral("mostra"));
 }
 
 QTEST_MAIN(TestStrutturaCD)

@@ -1,9 +1,13 @@
 #include "FinestraStruttura.h"
 
+#include "records/EditoreRecord.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
+#include "store/ArchivioElementi.h"
+#include "store/Connessione.h"
 
+#include <QDialog>
 #include <QDir>
 #include <QEvent>
 #include <QFile>
@@ -19,6 +23,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <QSqlQuery>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -43,6 +48,25 @@ QPixmap Figura(const QString& sNome) {
 }
 
 const QString Vuoto = QString(10, u' ');
+const QString StatoMostra = QStringLiteral("mostra");
+const QString StatoNuovo = QStringLiteral("nuovo");
+const QString StatoModifica = QStringLiteral("modifica");
+
+// Salva of an editor, once the row of Elementi is there: a failure is shown and goes no further.
+// The row stands, the node is made, and the editor is locked as after a save.
+void SalvaEditore(EditoreRecord& editore, long lIdElemento) {
+    QString sTesto;
+    try {
+        editore.Salva(lIdElemento);
+        return;
+    } catch (const Errore& errore) {
+        sTesto = errore.testo();
+    } catch (const std::exception& errore) {
+        sTesto = QString::fromUtf8(errore.what());
+    }
+    MsgBox(sTesto, Pulsanti::Ok, Icona::Critica);
+    editore.Annulla();
+}
 
 } // namespace
 
@@ -163,7 +187,11 @@ void FinestraStruttura::OpzioneCambiata(int iOpzione, bool bAttiva) {
     }
 }
 
-void FinestraStruttura::MostraNodo(const QString&) {}
+void FinestraStruttura::MostraNodo(const QString& sTag) {
+    if (const TipoNodo* tipo = TipoDelTag(sTag)) {
+        MostraTipo(*tipo);
+    }
+}
 
 bool FinestraStruttura::CaricaGruppi(const QList<GruppoAlbero>& gruppi, bool bSoggettiComplessi) {
     if (!Sessione::cnn) {
@@ -345,8 +373,216 @@ void FinestraStruttura::ChkSogg() {
 
 void FinestraStruttura::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() == Qt::Key_Escape) {
-        close();
+        // Hosted in a dialog, the dialog closes.
+        if (auto* dialogo = qobject_cast<QDialog*>(parentWidget())) {
+            dialogo->reject();
+        } else {
+            close();
+        }
         return;
     }
     QWidget::keyPressEvent(evento);
+}
+
+QDialog* FinestraStruttura::InDialogo(QWidget* genitore) {
+    auto* dialogo = new QDialog(genitore);
+    dialogo->setObjectName(objectName() + QStringLiteral("Dialogo"));
+    dialogo->setWindowTitle(windowTitle());
+    dialogo->setModal(true);
+    auto* disposizione = new QVBoxLayout(dialogo);
+    disposizione->setContentsMargins(0, 0, 0, 0);
+    setParent(dialogo);
+    disposizione->addWidget(this);
+    show();
+    return dialogo;
+}
+
+// ---------------------------------------------------------------------------------------------
+// The kinds
+
+void FinestraStruttura::RegistraTipo(const TipoNodo& tipo) {
+    tipi.append(tipo);
+}
+
+const TipoNodo* FinestraStruttura::TipoDelTag(const QString& sTag, bool bAncheAltri) const {
+    for (const TipoNodo& tipo : tipi) {
+        if (tipo.sTag == sTag || (bAncheAltri && tipo.altriTag.contains(sTag))) {
+            return &tipo;
+        }
+    }
+    return nullptr;
+}
+
+const TipoNodo* FinestraStruttura::TipoInUso() const {
+    for (const TipoNodo& tipo : tipi) {
+        if (tipo.sTipo == sTipo) {
+            return &tipo;
+        }
+    }
+    return nullptr;
+}
+
+void FinestraStruttura::NascondiAltriEditori(const TipoNodo& tipo) {
+    for (const TipoNodo& altro : tipi) {
+        if (altro.editore != tipo.editore) {
+            altro.editore->setVisible(false);
+        }
+    }
+}
+
+void FinestraStruttura::AbilitaPulsanti(const TipoNodo& tipo) {
+    for (const TipoNodo& altro : tipi) {
+        for (const auto& [pulsante, flag] : altro.pulsanti) {
+            pulsante->setEnabled(false);
+        }
+    }
+    for (const auto& [pulsante, flag] : tipo.pulsanti) {
+        pulsante->setEnabled(flag != nullptr && *flag);
+    }
+}
+
+void FinestraStruttura::DopoMostra(const TipoNodo&) {}
+
+void FinestraStruttura::PreparaEditore(const TipoNodo&) {}
+
+void FinestraStruttura::NuovoNellEditore(const TipoNodo& tipo, const QString&) {
+    tipo.editore->Nuovo();
+}
+
+long FinestraStruttura::AggiungiElemento(const QString& sDenominazione, const QString& sTipologia,
+                                         long lIdPadre) {
+    return ArchivioElementi::Crea(*Sessione::cnn, sTipologia, sDenominazione, lIdPadre);
+}
+
+void FinestraStruttura::MostraTipo(const TipoNodo& tipo) {
+    sStato = StatoMostra;
+    sTipo = tipo.sTipo;
+    MostraPannello();
+    NascondiAltriEditori(tipo);
+    tipo.editore->Mostra(static_cast<long>(lIdCorrente));
+    DopoMostra(tipo);
+    AbilitaPulsanti(tipo);
+    tipo.editore->setVisible(true);
+}
+
+// ---------------------------------------------------------------------------------------------
+// The commands
+
+void FinestraStruttura::Nuovo(const QString& sTag) {
+    BloccaComandi();
+    const TipoNodo* tipo = TipoDelTag(sTag, false);
+    if (tipo == nullptr) {
+        return;
+    }
+    sStato = StatoNuovo;
+    sTipo = tipo->sTipo;
+    const QModelIndex padre = NodoCorrente();
+    const QString sTagPadre = padre.isValid() ? pModello->Tag(padre) : QString();
+    MostraPannello();
+    AggiungiNodoTemporaneo(tipo->sTag, tipo->sImmagineNuovo);
+    NascondiAltriEditori(*tipo);
+    PreparaEditore(*tipo);
+    tipo->editore->setVisible(true);
+    NuovoNellEditore(*tipo, sTagPadre);
+}
+
+void FinestraStruttura::Modifica() {
+    BloccaComandi();
+    const TipoNodo* tipo = TipoDelTag(sTagCorrente);
+    if (tipo == nullptr) {
+        return;
+    }
+    sStato = StatoModifica;
+    sTipo = tipo->sTipo;
+    MostraPannello();
+    NascondiAltriEditori(*tipo);
+    PreparaEditore(*tipo);
+    tipo->editore->Modifica();
+    tipo->editore->setVisible(true);
+}
+
+void FinestraStruttura::Conferma() {
+    const TipoNodo* tipo = TipoInUso();
+    if (tipo == nullptr) {
+        return;
+    }
+    EditoreRecord& editore = *tipo->editore;
+    long lIdSalvato = 0;
+    try {
+        if (!editore.CheckMandatoryFields()) {
+            return; // the state stays and the user goes on
+        }
+        lIdSalvato = sStato == StatoNuovo
+                         ? AggiungiElemento(editore.LeggiDenominazione(), tipo->sTag,
+                                            static_cast<long>(lIdCorrente))
+                         : static_cast<long>(lIdCorrente);
+    } catch (const Errore& errore) {
+        // The row of Elementi could not be written (a failure of Salva does not come here):
+        // the edit goes on.
+        MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica, tipo->sTitoloErroreSalva);
+        return;
+    }
+    SalvaEditore(editore, lIdSalvato);
+    AbilitaPulsanti(*tipo);
+    if (sStato == StatoNuovo) {
+        SostituisciNodoTemporaneo(lIdSalvato, editore.LeggiDenominazione(), tipo->sImmagineNuovo,
+                                  tipo->sTag);
+    } else if (sStato == StatoModifica) {
+        const QModelIndex nodo = NodoCorrente();
+        if (nodo.isValid()) {
+            pModello->ImpostaTesto(nodo, editore.LeggiDenominazione());
+        }
+    }
+    sStato = StatoMostra;
+    SbloccaComandi();
+}
+
+void FinestraStruttura::Annulla() {
+    const TipoNodo* tipo = TipoInUso();
+    if (tipo != nullptr && sStato == StatoNuovo) {
+        RimuoviNodoTemporaneo();
+        tipo->editore->Annulla();
+        SelezionaNodo(NodoCorrente());
+    } else if (tipo != nullptr && sStato == StatoModifica) {
+        MostraTipo(*tipo);
+    }
+    sStato = StatoMostra;
+    SbloccaComandi();
+}
+
+void FinestraStruttura::Cancella() {
+    const QModelIndex nodo = NodoCorrente();
+    if (!nodo.isValid()) {
+        return;
+    }
+    const qint64 lIdPadre = pModello->Id(nodo.parent());
+    const TipoNodo* tipo = TipoDelTag(sTagCorrente, false);
+    if (tipo == nullptr || tipo->sTabella.isEmpty()) {
+        return;
+    }
+    const Risposta risposta = MsgBox(tipo->sDomandaCancella, Pulsanti::SiNo, Icona::Domanda,
+                                     tipo->sTitoloCancella + tipo->editore->LeggiDenominazione());
+    if (risposta != Risposta::Si) {
+        SelezionaNodo(nodo);
+        tvwDB->setFocus();
+        return;
+    }
+    try {
+        // The table's name comes from the kinds' fixed texts.
+        QSqlQuery riga = Sessione::cnn->Esegui(
+            QStringLiteral("SELECT ID_Elemento FROM %1 WHERE ID_Elemento = ?").arg(tipo->sTabella),
+            {static_cast<qlonglong>(lIdCorrente)});
+        if (riga.next()) {
+            riga.finish();
+            ArchivioElementi::Elimina(*Sessione::cnn, tipo->sTag, static_cast<long>(lIdCorrente));
+            pModello->Rimuovi(lIdCorrente);
+        }
+    } catch (const Errore& errore) {
+        MsgBox(QString::number(errore.numero()) + QLatin1Char('\n') + errore.sorgente() +
+                   QLatin1Char('\n') + errore.descrizione(),
+               Pulsanti::Ok, Icona::Critica, tipo->sTitoloErroreCancella);
+        return;
+    }
+    SelezionaNodo(pModello->Trova(lIdPadre));
+    tvwDB->setFocus();
 }

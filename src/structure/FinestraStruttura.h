@@ -4,15 +4,22 @@
 // FrameOrd (Ord(0) "Alfabetico", Ord(1) "Archivistico"), the editor's frame Frame1 that the
 // sliding panel (cmdSposta, picSposta) hides and shows, the editing state that hides the
 // commands and disables the tree, the temporary node of a new element, the click on a node.
-// A window of the family derives from it, fills Frame1, registers its command buttons and
-// loads its own groups of elements in CaricaAlbero.
+// A window of the family derives from it, fills Frame1, registers its command buttons and the
+// kinds of element it holds (TipoNodo), and loads its own groups of elements in CaricaAlbero.
+// The commands New, Edit, Conferma, Annulla and Delete are the same for every kind: the kind's
+// description says which editor, image, detail table, question and titles they use.
 
 #include "store/ModelloAlbero.h"
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
+#include <utility>
+
+class EditoreRecord;
+class QDialog;
 class QFrame;
 class QScrollArea;
 class QGroupBox;
@@ -21,6 +28,33 @@ class QLabel;
 class QPushButton;
 class QRadioButton;
 class QTreeView;
+
+// A kind of element of a structure window.
+struct TipoNodo {
+    // The kind's ELEM_Tipologia, the Tag of its nodes ("01").
+    QString sTag;
+    // Other Tags whose nodes this kind's editor shows and edits, not creates nor deletes (the
+    // root "00" shown as an institute).
+    QStringList altriTag;
+    // The window's sTipo while a record of this kind is in hand ("istituto").
+    QString sTipo;
+    // The editor in Frame1; the editors of the other kinds are hidden while it is shown.
+    EditoreRecord* editore = nullptr;
+    // The image of a new node of this kind.
+    QString sImmagineNuovo;
+    // The detail table whose row the delete looks for; "" for a kind that is not deleted.
+    QString sTabella;
+    // The delete's question, and its title followed by the record's denomination.
+    QString sDomandaCancella;
+    QString sTitoloCancella;
+    // The title of the box when the row of Elementi cannot be written ("" the program's own),
+    // and the title of the box when the delete fails.
+    QString sTitoloErroreSalva;
+    QString sTitoloErroreCancella = QStringLiteral("Errore T4");
+    // Each command enabled by a flag of the editor while a record of this kind is shown. A
+    // command that another kind lists and this one does not is disabled.
+    QList<std::pair<QPushButton*, const bool*>> pulsanti;
+};
 
 class FinestraStruttura : public QWidget {
     Q_OBJECT
@@ -48,8 +82,25 @@ public:
     void ChkLinks();
     void ChkSogg();
 
+    // The commands, for every kind the window describes. Nuovo makes a new element of the kind
+    // with that Tag under the node last clicked; Modifica edits the node last clicked; Conferma
+    // writes the record in hand (for a new one the row of Elementi first, then the editor's
+    // Salva); Annulla drops the edit; Cancella deletes the node last clicked after the
+    // question.
+    void Nuovo(const QString& sTag);
+    void Modifica();
+    void Conferma();
+    void Annulla();
+    void Cancella();
+
+    // Hosts the window in a modal dialog, which closes with it; the dialog is returned for its
+    // exec().
+    QDialog* InDialogo(QWidget* genitore = nullptr);
+
     // The state: "mostra", "nuovo" or "modifica".
     QString sStato = QStringLiteral("mostra");
+    // The sTipo of the kind of the record in hand.
+    QString sTipo;
     // The node last clicked.
     QString sTagCorrente;
     qint64 lIdCorrente = 0;
@@ -66,8 +117,33 @@ protected:
     virtual void CaricaAlbero(const QString& sOrdine) = 0;
     // The tail of the ORDER BY of each option.
     virtual QString OrdineDi(int iOpzione) const;
-    // Shows the node last clicked by its Tag; a Tag the window does not know does nothing.
+    // Shows the node last clicked by its Tag with its kind's editor; a Tag the window does not
+    // know does nothing.
     virtual void MostraNodo(const QString& sTag);
+
+    // The kinds of the window, in the order of registration.
+    void RegistraTipo(const TipoNodo& tipo);
+    // The kind whose Tag is that one (nullptr if none); with bAncheAltri also the kind that
+    // shows that Tag among its other Tags.
+    const TipoNodo* TipoDelTag(const QString& sTag, bool bAncheAltri = true) const;
+    // The kind of the record in hand, by sTipo (nullptr if none).
+    const TipoNodo* TipoInUso() const;
+    // Shows the node last clicked with the kind's editor, the commands from its flags.
+    void MostraTipo(const TipoNodo& tipo);
+    // The commands enabled from the kind's flags.
+    void AbilitaPulsanti(const TipoNodo& tipo);
+
+    // What a window adds to the commands for a kind. After the editor's Mostra:
+    virtual void DopoMostra(const TipoNodo& tipo);
+    // Before a new record or an edit is started, sStato already set:
+    virtual void PreparaEditore(const TipoNodo& tipo);
+    // The editor's Nuovo for a new element under a node with that Tag (the editor's own by
+    // default).
+    virtual void NuovoNellEditore(const TipoNodo& tipo, const QString& sTagPadre);
+
+    // The row of Elementi of a new element; Errore when it cannot be written.
+    static long AggiungiElemento(const QString& sDenominazione, const QString& sTipologia,
+                                 long lIdPadre);
 
     // Loads the groups into the tree. On an error the box "Errore U5" and false: the tree
     // stays as far as it came. Otherwise the tree is collapsed on its root, Sorted, and the
@@ -111,9 +187,11 @@ private:
     void OpzioneCambiata(int iOpzione, bool bAttiva);
     void CambioSelezione(const QModelIndex& corrente);
     void ImpostaPulsanteSposta(const QString& sBitmap, const QString& sIcona);
+    void NascondiAltriEditori(const TipoNodo& tipo);
 
     ModelloAlbero* pModello = nullptr;
     QHBoxLayout* barraComandi = nullptr;
     QList<QPushButton*> comandi;
+    QList<TipoNodo> tipi;
     bool bSelezioneInterna = false;
 };

@@ -2,8 +2,9 @@
 
 // The window of institutes and complessi documentari: the tree of both kinds on the left, on
 // the right the institute's editor fraIstituto and the complesso's editor fraComplesso, of
-// which at most one is visible. It creates an element at Conferma (the row of Elementi, then
-// the editor's Salva), deletes one through its detail row, and answers the complesso record
+// which at most one is visible. Its two kinds are described to the structure window, which
+// runs the commands; it adds its groups and order option, the institute handed to the editors,
+// the parent's Tag given to a new complesso, and the answers to the complesso record
 // (GetDenon, ChkLinks, ChkSogg, MostraComplesso).
 
 #include "FinestraStruttura.h"
@@ -27,8 +28,6 @@ public:
     // Shows the complesso of the node last clicked.
     void MostraComplesso();
 
-    // "istituto" or "complesso": the kind of the record in hand.
-    QString sTipo;
     // ID_Istituto read from the editor shown.
     long lIdIstituto = 0;
 
@@ -58,24 +57,11 @@ public:
 protected:
     void CaricaAlbero(const QString& sOrdine) override;
     QString OrdineDi(int iOpzione) const override;
-    void MostraNodo(const QString& sTag) override;
+    void DopoMostra(const TipoNodo& tipo) override;
+    void PreparaEditore(const TipoNodo& tipo) override;
+    void NuovoNellEditore(const TipoNodo& tipo, const QString& sTagPadre) override;
     void showEvent(QShowEvent* evento) override;
 
 private:
-    void MostraIstituto();
-    void NuovoIstituto();
-    void NuovoComplesso();
-    void ModificaIstituto();
-    void ModificaComplesso();
-    bool SalvaIstituto();
-    bool SalvaComplesso();
-    long AggiungiElemento(const QString& sDenominazione, const QString& sTipologia, long lIdPadre);
-    void PulsantiDaIstituto();
-    void PulsantiDaComplesso();
-    // The denomination in the editor of the record in hand.
-    QString LeggiDenominazione() const;
-
     bool bPrimaVisualizzazione = true;
-    // The id of the element that the last Salva... wrote.
-    long lIdSalvato = 0;
 };
