@@ -233,7 +233,7 @@ public:
         fraIstituto = new ucIstituto(Frame1);
         fraIstituto->setObjectName(QStringLiteral("fraIstituto"));
         pannello->addWidget(fraIstituto);
-        for (QPushButton** comando : {&cmdPrimo, &cmdSecondo, &cmdLibero}) {
+        for (QPushButton** comando : {&cmdPrimo, &cmdSecondo, &cmdLibero, &cmdNuovaSede}) {
             *comando = new QPushButton(this);
             RegistraComando(*comando);
         }
@@ -242,6 +242,7 @@ public:
         sede.altriTag = {QStringLiteral("00")};
         sede.sTipo = QStringLiteral("sede");
         sede.editore = fraIstituto;
+        sede.cmdNuovo = cmdNuovaSede;
         sede.sImmagineNuovo = QStringLiteral("root");
         sede.sTabella = QStringLiteral("Istituti");
         sede.sDomandaCancella = QStringLiteral("Togliere davvero questa sede?");
@@ -267,6 +268,7 @@ public:
     QPushButton* cmdPrimo = nullptr;
     QPushButton* cmdSecondo = nullptr;
     QPushButton* cmdLibero = nullptr;
+    QPushButton* cmdNuovaSede = nullptr;
 
 protected:
     void CaricaAlbero(const QString&) override {
@@ -1018,15 +1020,18 @@ void TestStrutturaCD::laDescrizioneDelTipoDaImmagineETagDelNuovoNodo() {
     RICHIEDI_BACKEND(backend);
     Ambiente a(backend);
     FinestraUnTipo f;
-    f.Nuovo(QStringLiteral("01"));
+    // The kind's own New command starts it, Conferma of the window ends it.
+    f.cmdNuovaSede->click();
     QCOMPARE(f.sStato, QStringLiteral("nuovo"));
+    QVERIFY(f.cmdNuovaSede->isHidden());
     const QModelIndex temp = f.Modello().Trova(ModelloAlbero::IdTemporaneo);
     QVERIFY(temp.isValid());
     QCOMPARE(f.Modello().Immagine(temp), QStringLiteral("root"));
     QCOMPARE(f.Modello().Tag(temp), QStringLiteral("01"));
     CompilaIstituto(f.fraIstituto, QStringLiteral("Archivio di Stato di Pisa"));
-    f.Conferma();
+    f.cmdConferma->click();
     QCOMPARE(f.sStato, QStringLiteral("mostra"));
+    QVERIFY(!f.cmdNuovaSede->isHidden());
     const QModelIndex nodo = f.tvwDB->currentIndex();
     QVERIFY(f.Modello().Id(nodo) > 0);
     QCOMPARE(f.Modello().Immagine(nodo), QStringLiteral("root"));

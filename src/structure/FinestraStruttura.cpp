@@ -154,6 +154,8 @@ FinestraStruttura::FinestraStruttura(const QString& sNome, QWidget* genitore)
     barraComandi->addStretch();
     barraComandi->addWidget(cmdConferma);
     barraComandi->addWidget(cmdAnnulla);
+    connect(cmdConferma, &QPushButton::clicked, this, [this] { Conferma(); });
+    connect(cmdAnnulla, &QPushButton::clicked, this, [this] { Annulla(); });
 
     auto* principale = new QVBoxLayout(this);
     principale->addLayout(corpo, 1);
@@ -402,6 +404,10 @@ QDialog* FinestraStruttura::InDialogo(QWidget* genitore) {
 
 void FinestraStruttura::RegistraTipo(const TipoNodo& tipo) {
     tipi.append(tipo);
+    if (tipo.cmdNuovo != nullptr) {
+        const QString sTag = tipo.sTag;
+        connect(tipo.cmdNuovo, &QPushButton::clicked, this, [this, sTag] { Nuovo(sTag); });
+    }
 }
 
 const TipoNodo* FinestraStruttura::TipoDelTag(const QString& sTag, bool bAncheAltri) const {

@@ -40,6 +40,8 @@ struct TipoNodo {
     QString sTipo;
     // The editor in Frame1; the editors of the other kinds are hidden while it is shown.
     EditoreRecord* editore = nullptr;
+    // The command that makes a new element of this kind (none if the window makes none).
+    QPushButton* cmdNuovo = nullptr;
     // The image of a new node of this kind.
     QString sImmagineNuovo;
     // The detail table whose row the delete looks for; "" for a kind that is not deleted.
@@ -121,7 +123,8 @@ protected:
     // know does nothing.
     virtual void MostraNodo(const QString& sTag);
 
-    // The kinds of the window, in the order of registration.
+    // The kinds of the window, in the order of registration; the kind's cmdNuovo runs Nuovo
+    // with its Tag. Conferma and Annulla run the commands of the same names.
     void RegistraTipo(const TipoNodo& tipo);
     // The kind whose Tag is that one (nullptr if none); with bAncheAltri also the kind that
     // shows that Tag among its other Tags.

@@ -47,18 +47,15 @@ frmStrutturaCD::frmStrutturaCD(QWidget* genitore)
     for (QPushButton* comando : {cmdNuovoIst, cmdNuovoCD, cmdModifica, cmdCancella}) {
         RegistraComando(comando);
     }
-    connect(cmdNuovoIst, &QPushButton::clicked, this, [this] { cmdNuovoIst_Click(); });
-    connect(cmdNuovoCD, &QPushButton::clicked, this, [this] { cmdNuovoCD_Click(); });
     connect(cmdModifica, &QPushButton::clicked, this, [this] { cmdModifica_Click(); });
     connect(cmdCancella, &QPushButton::clicked, this, [this] { cmdCancella_Click(); });
-    connect(cmdConferma, &QPushButton::clicked, this, [this] { cmdConferma_Click(); });
-    connect(cmdAnnulla, &QPushButton::clicked, this, [this] { cmdAnnulla_Click(); });
 
     TipoNodo istituto;
     istituto.sTag = TagIstituto;
     istituto.altriTag = {TagRadice};
     istituto.sTipo = QStringLiteral("istituto");
     istituto.editore = fraIstituto;
+    istituto.cmdNuovo = cmdNuovoIst;
     istituto.sImmagineNuovo = QStringLiteral("istituto");
     istituto.sTabella = QStringLiteral("Istituti");
     istituto.sDomandaCancella = QStringLiteral("Sei sicuro di voler cancellare l'Istituto?");
@@ -72,6 +69,7 @@ frmStrutturaCD::frmStrutturaCD(QWidget* genitore)
     complesso.sTag = TagComplesso;
     complesso.sTipo = QStringLiteral("complesso");
     complesso.editore = fraComplesso;
+    complesso.cmdNuovo = cmdNuovoCD;
     complesso.sImmagineNuovo = QStringLiteral("nolink");
     complesso.sTabella = QStringLiteral("ComplessiDoc");
     complesso.sDomandaCancella =
