@@ -233,7 +233,8 @@ public:
         fraIstituto = new ucIstituto(Frame1);
         fraIstituto->setObjectName(QStringLiteral("fraIstituto"));
         pannello->addWidget(fraIstituto);
-        for (QPushButton** comando : {&cmdPrimo, &cmdSecondo, &cmdLibero, &cmdNuovaSede}) {
+        for (QPushButton** comando :
+             {&cmdPrimo, &cmdSecondo, &cmdLibero, &cmdNuovaSede, &cmdSempre}) {
             *comando = new QPushButton(this);
             RegistraComando(*comando);
         }
@@ -249,7 +250,8 @@ public:
         sede.sTitoloCancella = QStringLiteral("Via la sede: ");
         sede.sTitoloErroreCancella = QStringLiteral("Errore di prova");
         sede.pulsanti = {{cmdPrimo, &fraIstituto->OkNuovoComplesso},
-                         {cmdSecondo, &fraIstituto->OkNuovoIstituto}};
+                         {cmdSecondo, &fraIstituto->OkNuovoIstituto},
+                         {cmdSempre, &TipoNodo::Sempre}};
         RegistraTipo(sede);
         fraIstituto->Init();
         Avvia(false);
@@ -269,8 +271,15 @@ public:
     QPushButton* cmdSecondo = nullptr;
     QPushButton* cmdLibero = nullptr;
     QPushButton* cmdNuovaSede = nullptr;
+    QPushButton* cmdSempre = nullptr;
+    // The id shown each time the commands were set.
+    QList<qint64> pulsantiImpostati;
 
 protected:
+    void DopoPulsanti(const TipoNodo& tipo) override {
+        QCOMPARE(tipo.sTipo, QStringLiteral("sede"));
+        pulsantiImpostati.append(lIdCorrente);
+    }
     void CaricaAlbero(const QString&) override {
         CaricaGruppi({frmStrutturaCD::Gruppi(QStringLiteral("ELEM_Denominazione")).first()}, false);
     }
@@ -957,9 +966,12 @@ void TestStrutturaCD::laDescrizioneDelTipoGuidaIPulsantiDaiFlagDellEditore() {
     QVERIFY(!f.fraIstituto->OkNuovoComplesso);
     QVERIFY(f.fraIstituto->OkNuovoIstituto);
     QCOMPARE(f.Pulsanti3(), QStringLiteral("011"));
+    QVERIFY(f.cmdSempre->isEnabled());
+    QCOMPARE(f.pulsantiImpostati, QList<qint64>{0});
     f.SelezionaNodo(f.Modello().Trova(ist));
     QVERIFY(f.fraIstituto->OkNuovoComplesso);
     QCOMPARE(f.Pulsanti3(), QStringLiteral("111"));
+    QCOMPARE(f.pulsantiImpostati, (QList<qint64>{0, ist}));
     // While editing the commands are hidden, and they come back after Annulla.
     f.Modifica();
     QCOMPARE(f.sStato, QStringLiteral("modifica"));
@@ -1032,6 +1044,8 @@ void TestStrutturaCD::laDescrizioneDelTipoDaImmagineETagDelNuovoNodo() {
     f.cmdConferma->click();
     QCOMPARE(f.sStato, QStringLiteral("mostra"));
     QVERIFY(!f.cmdNuovaSede->isHidden());
+    // The commands were set after the save, and then by the click on the new node.
+    QCOMPARE(f.pulsantiImpostati.size(), 3);
     const QModelIndex nodo = f.tvwDB->currentIndex();
     QVERIFY(f.Modello().Id(nodo) > 0);
     QCOMPARE(f.Modello().Immagine(nodo), QStringLiteral("root"));

@@ -445,9 +445,12 @@ void FinestraStruttura::AbilitaPulsanti(const TipoNodo& tipo) {
     for (const auto& [pulsante, flag] : tipo.pulsanti) {
         pulsante->setEnabled(flag != nullptr && *flag);
     }
+    DopoPulsanti(tipo);
 }
 
 void FinestraStruttura::DopoMostra(const TipoNodo&) {}
+
+void FinestraStruttura::DopoPulsanti(const TipoNodo&) {}
 
 void FinestraStruttura::PreparaEditore(const TipoNodo&) {}
 

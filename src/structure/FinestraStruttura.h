@@ -54,8 +54,10 @@ struct TipoNodo {
     QString sTitoloErroreSalva;
     QString sTitoloErroreCancella = QStringLiteral("Errore T4");
     // Each command enabled by a flag of the editor while a record of this kind is shown. A
-    // command that another kind lists and this one does not is disabled.
+    // command that another kind lists and this one does not is disabled; &Sempre enables a
+    // command whenever a record of the kind is shown.
     QList<std::pair<QPushButton*, const bool*>> pulsanti;
+    static constexpr bool Sempre = true;
 };
 
 class FinestraStruttura : public QWidget {
@@ -133,11 +135,14 @@ protected:
     const TipoNodo* TipoInUso() const;
     // Shows the node last clicked with the kind's editor, the commands from its flags.
     void MostraTipo(const TipoNodo& tipo);
-    // The commands enabled from the kind's flags.
+    // The commands enabled from the kind's flags, after a Mostra and after a Conferma; then
+    // DopoPulsanti.
     void AbilitaPulsanti(const TipoNodo& tipo);
 
     // What a window adds to the commands for a kind. After the editor's Mostra:
     virtual void DopoMostra(const TipoNodo& tipo);
+    // After the commands were enabled (what a window paints or tags on its own commands):
+    virtual void DopoPulsanti(const TipoNodo& tipo);
     // Before a new record or an edit is started, sStato already set:
     virtual void PreparaEditore(const TipoNodo& tipo);
     // The editor's Nuovo for a new element under a node with that Tag (the editor's own by
