@@ -5,7 +5,6 @@
 #include "store/IdentitaSito.h"
 
 #include <QDir>
-#include <QSqlQuery>
 
 namespace Scambio {
 
@@ -30,8 +29,7 @@ QString MessaggioSenzaIdentita(const QString& sCodice) {
 }
 
 void ControllaIdentita(const Connessione& cnn, const QString& sSorgente) {
-    QSqlQuery config = cnn.Esegui(QStringLiteral("SELECT Code FROM Config"), {}, sSorgente);
-    const QString sCodice = config.next() ? config.value(0).toString() : QString();
+    const QString sCodice = CodiceDelSito(cnn, sSorgente);
     if (CodiceProvvisorio(sCodice))
         throw Errore(sSorgente, MessaggioSenzaIdentita(sCodice));
 }

@@ -22,12 +22,15 @@ bool CodiceProvvisorio(const QString& sCodice) {
     return codice.isEmpty() || codice.compare(CodiceSitoProvvisorio(), Qt::CaseInsensitive) == 0;
 }
 
+QString CodiceDelSito(const Connessione& connessione, const QString& sSorgente) {
+    QSqlQuery config = connessione.Esegui(QStringLiteral("SELECT Code FROM Config"), {},
+                                          sSorgente.isEmpty() ? Sorgente : sSorgente);
+    return config.next() ? config.value(0).toString() : QString();
+}
+
 bool SitoSenzaIdentita(const Connessione& connessione) {
-    QSqlQuery config = connessione.Esegui(QStringLiteral("SELECT Code FROM Config"), {}, Sorgente);
-    if (!config.next()) {
-        return true;
-    }
-    return CodiceProvvisorio(config.value(0).toString());
+    // No row gives "", which is no identity either.
+    return CodiceProvvisorio(CodiceDelSito(connessione));
 }
 
 QString ErroreIdentita(const IdentitaSito& identita) {

@@ -22,6 +22,9 @@ struct IdentitaSito {
 QString CodiceSitoProvvisorio();
 // True when the code is the placeholder (blanks and case aside) or empty.
 bool CodiceProvvisorio(const QString& sCodice);
+// The code in the database's Config; "" when Config has no row. Raises Errore (under
+// sSorgente, "Config" when empty) when Config cannot be read.
+QString CodiceDelSito(const Connessione& connessione, const QString& sSorgente = QString());
 // True when the database's Config still holds the placeholder code, or has no row at all: the
 // site has no identity yet. Raises Errore when Config cannot be read.
 bool SitoSenzaIdentita(const Connessione& connessione);
