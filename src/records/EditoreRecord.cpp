@@ -412,3 +412,25 @@ bool EditoreRecord::LeggiElemento(long lIdElemento, long& lIdPadre, bool& bPubbl
     bPubblicato = riga.value(1).toString() == QLatin1String("S");
     return true;
 }
+
+// --- Values of bound columns ---------------------------------------------------------------
+
+QVariant EditoreRecord::Id(long valore) {
+    return QVariant(qlonglong(valore));
+}
+
+QVariant EditoreRecord::NullTesto() {
+    return QVariant(QMetaType::fromType<QString>());
+}
+
+QVariant EditoreRecord::NullNumero() {
+    return QVariant(QMetaType::fromType<qlonglong>());
+}
+
+QVariant EditoreRecord::ColonnaTesto(const QVariant& valore) {
+    return ENull(valore) ? NullTesto() : valore;
+}
+
+long EditoreRecord::Lungo(const QVariant& valore) {
+    return ENull(valore) ? 0 : static_cast<long>(valore.toLongLong());
+}

@@ -80,6 +80,17 @@ public:
     // not (a light button is a list with contents).
     static void ColoraPulsante(QAbstractButton* pulsante, bool bHaRighe);
 
+    // --- Values of bound columns ----------------------------------------------------------
+    // A key as a bound value.
+    static QVariant Id(long valore);
+    // Typed Nulls, so that every backend binds the column's kind.
+    static QVariant NullTesto();
+    static QVariant NullNumero();
+    // A text value for a column: a typed Null where the text is Null.
+    static QVariant ColonnaTesto(const QVariant& valore);
+    // A whole number read from a column, 0 for Null.
+    static long Lungo(const QVariant& valore);
+
     // --- Existence tests -------------------------------------------------------------------
     // True if the statement (values bound) gives no row.
     static bool NessunaRiga(const QString& sSql, std::initializer_list<QVariant> valori);

@@ -1,5 +1,6 @@
 #include "ucComplesso.h"
 
+#include "SediIstituto.h"
 #include "authorities/frmAltreDenominazioni.h"
 #include "session/Conversioni.h"
 #include "session/Errore.h"
@@ -25,31 +26,15 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <memory>
 
 namespace {
-
-QVariant Id(long valore) {
-    return QVariant(qlonglong(valore));
-}
-
-QVariant NullTesto() {
-    return QVariant(QMetaType::fromType<QString>());
-}
-
-QVariant NullNumero() {
-    return QVariant(QMetaType::fromType<qlonglong>());
-}
-
-// A text value for a column: a typed Null where the text is Null.
-QVariant ColonnaTesto(const QVariant& valore) {
-    return ENull(valore) ? NullTesto() : valore;
-}
 
 // A whole number for a column from the text of a box: Null stays Null, a text that is not a
 // number raises, as the assignment to a numeric field does.
 QVariant ColonnaIntera(const QVariant& valore) {
     if (ENull(valore))
-        return NullNumero();
+        return EditoreRecord::NullNumero();
     return QVariant(qlonglong(qRound64(CDbl(valore.toString()))));
 }
 
@@ -60,10 +45,6 @@ QString TestoNumero(const QVariant& valore) {
     QString testo = QString::number(valore.toDouble(), 'g', 15);
     testo.replace(QLatin1Char('.'), QLatin1Char(','));
     return testo;
-}
-
-long Lungo(const QVariant& valore) {
-    return ENull(valore) ? 0 : static_cast<long>(valore.toLongLong());
 }
 
 // The colours of the system that the blinking boxes use.
@@ -156,6 +137,7 @@ struct ucComplesso::Dati {
     QComboBox* cmbTipologiaCD = nullptr;
     QComboBox* cmbSede = nullptr;
     QComboBox* cmbMagazzino = nullptr;
+    std::unique_ptr<SediIstituto> sedi;
     QCheckBox* chkPubblicaCD = nullptr;
     QDateEdit* DTPData = nullptr;
     QPushButton* cmdAltreDen = nullptr;
@@ -225,6 +207,7 @@ void ucComplesso::CostruisciForm() {
     QLineEdit* txt16 = NuovoTesto(16, 0);
     auto* lblSede = new QLabel(QStringLiteral("Consultabile in"), this);
     d->cmbSede = NuovaCombo(QStringLiteral("cmbSede"));
+    d->sedi = std::make_unique<SediIstituto>(d->cmbSede, d->cmbMagazzino);
     QLabel* lbl11 = NuovaEtichetta(11, QStringLiteral("Bibliografia"));
     QPlainTextEdit* txt11 = NuovoTestoMultiRiga(11, 1024);
     QLabel* lbl10 = NuovaEtichetta(10, QStringLiteral("Note storico archivistiche"));
@@ -486,8 +469,8 @@ void ucComplesso::Mostra(long IDElem) {
 
     // The places of the row's institute, then the entries of the row.
     AssegnaIstituto(Lungo(riga.value(29)));
-    d->cmbMagazzino->setCurrentIndex(CercaMagazzino(Lungo(riga.value(25))));
-    d->cmbSede->setCurrentIndex(CercaSede(Lungo(riga.value(26))));
+    d->cmbMagazzino->setCurrentIndex(d->sedi->CercaMagazzino(Lungo(riga.value(25))));
+    d->cmbSede->setCurrentIndex(d->sedi->CercaSede(Lungo(riga.value(26))));
 
     LeggiStato(true, Lungo(riga.value(29)), true);
     BloccaCampiCD();
@@ -521,12 +504,8 @@ void ucComplesso::Salva(long IDElem) {
         const auto numero = [this](int n) {
             return NumeroOZero(TestoDi(Testo(n)));
         };
-        const auto luogo = [](const QComboBox* cmb) {
-            const QVariant codice = NumeroONull(CodiceVoceScelta(cmb), QStringLiteral("0"));
-            return ENull(codice) ? NullNumero() : QVariant(qlonglong(codice.toDouble()));
-        };
-        const QVariant sede = luogo(d->cmbSede);
-        const QVariant magazzino = luogo(d->cmbMagazzino);
+        const QVariant sede = d->sedi->Sede();
+        const QVariant magazzino = d->sedi->Magazzino();
         const QVariant dataInizio = ColonnaIntera(DataDaAnno(TestoDi(Testo(4)), true));
         const QVariant dataFine = ColonnaIntera(DataDaAnno(TestoDi(Testo(5)), false));
         const QVariant ordinamento = ColonnaIntera(NullSeVuoto(TestoDi(Testo(28))));
@@ -555,7 +534,7 @@ void ucComplesso::Salva(long IDElem) {
                                Id(IDElem)});
 
         // The seat just written goes down to the direct children, as seat and as warehouse.
-        PropagaSedi(sede);
+        SediIstituto::PropagaSedi(QStringLiteral("ComplessiDoc"), IDElem, sede);
 
         LeggiStato(true, Lungo(riga.value(29)), true);
         BloccaCampiCD();
@@ -571,7 +550,7 @@ void ucComplesso::Annulla() {
 
 void ucComplesso::AssegnaIstituto(long tempID_Istituto) {
     ID_Istituto = tempID_Istituto;
-    CaricaSedi();
+    d->sedi->CaricaSedi(ID_Istituto);
 }
 
 void ucComplesso::CheckDenominazioni() {
@@ -583,43 +562,6 @@ void ucComplesso::CheckDenominazioni() {
 }
 
 // --- Places and levels -------------------------------------------------------------------
-
-void ucComplesso::CaricaSedi() {
-    d->cmbSede->clear();
-    d->cmbMagazzino->clear();
-    // "Sede": the institute itself.
-    d->cmbSede->addItem(QStringLiteral("Sede"), QVariant(qlonglong(0)));
-    d->cmbMagazzino->addItem(QStringLiteral("Sede"), QVariant(qlonglong(0)));
-    try {
-        QSqlQuery righe = Sessione::cnn->Esegui(
-            QStringLiteral("SELECT vi.IST_Tipologia, vi.IST_Denominazione, vi.IST_ID_Istituto "
-                           "FROM v_istituti vi JOIN Istituti IST ON IST.ID_Elemento = "
-                           "vi.ELEM_ID_ElementoPadre WHERE IST.ID_Istituto = ?"),
-            {Id(ID_Istituto)});
-        while (righe.next()) {
-            const QString sTipologia = righe.value(0).toString();
-            const QString sNome = righe.value(1).toString();
-            const QVariant codice = QVariant(righe.value(2).toLongLong());
-            if (sTipologia == QLatin1String("03")) {
-                d->cmbSede->addItem(sNome, codice);
-                d->cmbMagazzino->addItem(sNome, codice);
-            } else if (sTipologia == QLatin1String("04")) {
-                d->cmbMagazzino->addItem(sNome, codice);
-            }
-        }
-    } catch (const Errore& errore) {
-        MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica, QStringLiteral("Errore T5"));
-    }
-}
-
-// The entry of the stored key; the first entry when the key is not in the list.
-int ucComplesso::CercaSede(long lId) const {
-    return std::max(0, IndiceDelNumero(d->cmbSede, lId));
-}
-
-int ucComplesso::CercaMagazzino(long lId) const {
-    return std::max(0, IndiceDelNumero(d->cmbMagazzino, lId));
-}
 
 int ucComplesso::CercaTipologiaCD(const QString& sCodice) const {
     return CercaIndice(d->cmbTipologiaCD, sCodice);
@@ -651,20 +593,6 @@ void ucComplesso::LeggiStato(bool bTrovato, long lIdIstitutoRiga, bool bTieniIst
                     {id}) &&
         NessunaRiga(QStringLiteral("SELECT * FROM Links WHERE ID_Elemento = ?"), {id});
     CheckDenominazioni();
-}
-
-void ucComplesso::PropagaSedi(const QVariant& vSede) {
-    QSqlQuery figli = Sessione::cnn->Esegui(
-        QStringLiteral("SELECT CD.ID_ComplessoDoc FROM Elementi ELEM JOIN ComplessiDoc CD ON "
-                       "ELEM.ID_Elemento = CD.ID_Elemento WHERE ELEM.ID_ElementoPadre = ?"),
-        {Id(d->lIdElemento)});
-    QList<qlonglong> chiavi;
-    while (figli.next())
-        chiavi.append(figli.value(0).toLongLong());
-    for (const qlonglong chiave : std::as_const(chiavi))
-        Sessione::cnn->Esegui(QStringLiteral("UPDATE ComplessiDoc SET ID_IstitutoSede = ?, "
-                                             "ID_IstitutoMag = ? WHERE ID_ComplessoDoc = ?"),
-                              {vSede, vSede, QVariant(chiave)});
 }
 
 // --- Lock and unlock ---------------------------------------------------------------------

@@ -50,13 +50,9 @@ public:
 
 private:
     void CostruisciForm();
-    void CaricaSedi();
-    int CercaSede(long lId) const;
-    int CercaMagazzino(long lId) const;
     int CercaTipologiaCD(const QString& sCodice) const;
     // Sets the detail state from the row of ComplessiDoc (bTrovato false: the row is missing).
     void LeggiStato(bool bTrovato, long lIdIstitutoRiga, bool bTieniIstituto);
-    void PropagaSedi(const QVariant& vSede);
     // The blinking boxes: quali is a mask, 1 Timer1, 2 Timer2, 4 Timer3.
     void ControllaRiporti(int quali = 7, bool bFerma = false);
     void Lampeggia(int iTimer);

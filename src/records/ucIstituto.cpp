@@ -27,15 +27,6 @@ const QString Magazzino = QStringLiteral("04");
 constexpr int VoceSede = 2;
 constexpr int VoceMagazzino = 3;
 
-QVariant Id(long valore) {
-    return QVariant(qlonglong(valore));
-}
-
-// A text value for a column: a typed Null where the text is Null.
-QVariant Colonna(const QVariant& valore) {
-    return ENull(valore) ? QVariant(QMetaType::fromType<QString>()) : valore;
-}
-
 const QString SqlMostra = QStringLiteral(
     "SELECT COALESCE(IST.Denominazione,'<<Inserire valore>>') AS Denominazione, IST.Tipologia, "
     "COALESCE(IST.Indirizzo,''), COALESCE(IST.Citta,''), RTRIM(COALESCE(IST.Cap,'')), "
@@ -243,29 +234,31 @@ void ucIstituto::Salva(long IDElem) {
         return;
     }
 
-    QVariant codice = Colonna(QVariant());
-    QVariant sigla = Colonna(QVariant());
+    QVariant codice = ColonnaTesto(QVariant());
+    QVariant sigla = ColonnaTesto(QVariant());
     if (!DCCodice->currentText().isEmpty()) {
         QSqlQuery voce = cnn.Esegui(
             QStringLiteral(
                 "SELECT ISAD_Codice, ISAD_Sigla FROM CodiciIstituto WHERE ID_CodiceIstituto = ?"),
             {QVariant(TestoLegato(DCCodice).toLongLong())});
         if (voce.next()) {
-            codice = Colonna(voce.value(0));
-            sigla = Colonna(voce.value(1));
+            codice = ColonnaTesto(voce.value(0));
+            sigla = ColonnaTesto(voce.value(1));
         }
     }
     const QVariant tipologia = CodiceDueCifre(cmbTipologiaIS);
-    cnn.Esegui(SqlScrivi,
-               {TestoODefault(TestoDi(Testo(0))), tipologia,
-                Colonna(NullSeVuoto(TestoDi(Testo(2)))), Colonna(NullSeVuoto(TestoDi(Testo(3)))),
-                Colonna(NullSeVuoto(TestoDi(Testo(4)))),
-                Colonna(NullSeVuoto(TestoLegato(DCProvincia))),
-                Colonna(NullSeVuoto(TestoDi(Testo(6)))), Colonna(NullSeVuoto(TestoDi(Testo(7)))),
-                Colonna(NullSeVuoto(TestoDi(Testo(8)))), Colonna(NullSeVuoto(TestoDi(Testo(9)))),
-                Colonna(NullSeVuoto(TestoDi(Testo(10)))), Colonna(NullSeVuoto(TestoDi(Testo(11)))),
-                Colonna(NullSeVuoto(TestoDi(Testo(12)))), Colonna(NullSeVuoto(TestoDi(Testo(13)))),
-                Colonna(NullSeVuoto(TestoDi(Testo(14)))), codice, sigla, Id(IDElem)});
+    cnn.Esegui(
+        SqlScrivi,
+        {TestoODefault(TestoDi(Testo(0))), tipologia, ColonnaTesto(NullSeVuoto(TestoDi(Testo(2)))),
+         ColonnaTesto(NullSeVuoto(TestoDi(Testo(3)))), ColonnaTesto(NullSeVuoto(TestoDi(Testo(4)))),
+         ColonnaTesto(NullSeVuoto(TestoLegato(DCProvincia))),
+         ColonnaTesto(NullSeVuoto(TestoDi(Testo(6)))), ColonnaTesto(NullSeVuoto(TestoDi(Testo(7)))),
+         ColonnaTesto(NullSeVuoto(TestoDi(Testo(8)))), ColonnaTesto(NullSeVuoto(TestoDi(Testo(9)))),
+         ColonnaTesto(NullSeVuoto(TestoDi(Testo(10)))),
+         ColonnaTesto(NullSeVuoto(TestoDi(Testo(11)))),
+         ColonnaTesto(NullSeVuoto(TestoDi(Testo(12)))),
+         ColonnaTesto(NullSeVuoto(TestoDi(Testo(13)))),
+         ColonnaTesto(NullSeVuoto(TestoDi(Testo(14)))), codice, sigla, Id(IDElem)});
 
     LeggiStato(true, ENull(tipologia) ? QString() : tipologia.toString(),
                static_cast<long>(riga.value(20).toLongLong()));
