@@ -1,0 +1,818 @@
+// The record of a finding aid, on SQLite and on PostgreSQL: the form and its order, the shape
+// that follows the support, the round trip of every field, the state read with the record (the
+// analytical inventory, the complessi linked, what may be created and deleted, the image
+// button), the years, the publishing rule, the seat that goes down to the direct children, a
+// save that is written whole or not at all, the MAG document of a digital finding aid and the
+// road of a new finding aid through a host.
+
+#include "records/ucInventario.h"
+#include "session/Sessione.h"
+#include "store/ArchivioElementi.h"
+#include "store/Connessione.h"
+
+#include "BancaDatiProva.h"
+#include "CartellaProva.h"
+#include "HostEditore.h"
+#include "PiattaformaScriptata.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSqlQuery>
+#include <QtTest>
+
+namespace {
+
+QVariant Id(long valore) {
+    return QVariant(qlonglong(valore));
+}
+
+QVariant NullTesto() {
+    return QVariant(QMetaType::fromType<QString>());
+}
+
+// A program folder with the three lookup lists of the record, a fresh database, the session's
+// connection and the scripted seam.
+struct Ambiente {
+    explicit Ambiente(TipoBackend tipo)
+        : banca(tipo) {
+        for (const char* nome : {"LivelliINV.txt", "TipologiaINV.txt", "TipoInventario.txt"}) {
+            QFile lista(QStringLiteral(TABELLION_SORGENTI "/site/") + QLatin1String(nome));
+            if (lista.open(QIODevice::ReadOnly))
+                cartella.Scrivi(QLatin1String(nome), lista.readAll());
+        }
+        Sessione::cnn = banca.Apri();
+    }
+    ~Ambiente() { Sessione::Azzera(); }
+
+    QVariant Valore(const QString& sql, std::initializer_list<QVariant> valori) const {
+        QSqlQuery query = Sessione::cnn->Esegui(sql, valori);
+        return query.next() ? query.value(0) : QVariant();
+    }
+    QVariant Colonna(const QString& colonna, long idElemento) const {
+        return Valore(QStringLiteral("SELECT %1 FROM Inventari WHERE ID_Elemento = ?").arg(colonna),
+                      {Id(idElemento)});
+    }
+    QVariant ColonnaElemento(const QString& colonna, long idElemento) const {
+        return Valore(QStringLiteral("SELECT %1 FROM Elementi WHERE ID_Elemento = ?").arg(colonna),
+                      {Id(idElemento)});
+    }
+    void Scrivi(const QString& colonne, std::initializer_list<QVariant> valori) const {
+        Sessione::cnn->Esegui(
+            QStringLiteral("UPDATE Inventari SET %1 WHERE ID_Elemento = ?").arg(colonne), valori);
+    }
+    long Crea(const char* tipo, const QString& nome, long padre = 0) const {
+        return ArchivioElementi::Crea(*Sessione::cnn, QLatin1String(tipo), nome, padre);
+    }
+    long CreaIstituto(const QString& nome, const QString& tipologia, long padre = 0) const {
+        const long id = Crea("01", nome, padre);
+        Sessione::cnn->Esegui(QStringLiteral("UPDATE Istituti SET Tipologia = ?, Denominazione = ? "
+                                             "WHERE ID_Elemento = ?"),
+                              {tipologia, nome, Id(id)});
+        return id;
+    }
+    long IdIstituto(long idElemento) const {
+        return static_cast<long>(
+            Valore(QStringLiteral("SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = ?"),
+                   {Id(idElemento)})
+                .toLongLong());
+    }
+    void Collega(long complesso, long inventario) const {
+        Sessione::cnn->Esegui(QStringLiteral("INSERT INTO Links (ID_Elemento, ID_ElementoLink, "
+                                             "Specifica) VALUES (?, ?, '')"),
+                              {Id(complesso), Id(inventario)});
+    }
+
+    CartellaProva cartella;
+    BancaDatiProva banca;
+    PiattaformaScriptata seam;
+};
+
+QLineEdit* Riga(const QWidget* editore, int n) {
+    return editore->findChild<QLineEdit*>(QStringLiteral("Text1(%1)").arg(n));
+}
+QPlainTextEdit* Blocco(const QWidget* editore, int n) {
+    return editore->findChild<QPlainTextEdit*>(QStringLiteral("Text1(%1)").arg(n));
+}
+QString Testo(const QWidget* editore, int n) {
+    if (QLineEdit* riga = Riga(editore, n))
+        return riga->text();
+    return Blocco(editore, n)->toPlainText();
+}
+QLabel* Etichetta(const QWidget* editore, int n) {
+    return editore->findChild<QLabel*>(QStringLiteral("Label1(%1)").arg(n));
+}
+QComboBox* Combo(const QWidget* editore, const char* nome) {
+    return editore->findChild<QComboBox*>(QLatin1String(nome));
+}
+QCheckBox* Pubblica(const QWidget* editore) {
+    return editore->findChild<QCheckBox*>(QStringLiteral("chkPubblicaInv"));
+}
+QPushButton* Immagine(const QWidget* editore) {
+    return editore->findChild<QPushButton*>(QStringLiteral("cmdImmagine"));
+}
+QString Lungo(const QString& pezzo, int n) {
+    QString testo;
+    while (testo.size() < n)
+        testo += pezzo;
+    return testo.left(n);
+}
+// The mandatory fields filled in.
+void Compila(ucInventario& editore) {
+    Riga(&editore, 17)->setText(QStringLiteral("Maria Rossi"));
+    Combo(&editore, "cmbTipologiaIN2")->setCurrentIndex(0);
+    Riga(&editore, 6)->setText(QStringLiteral("1890-1895"));
+    Riga(&editore, 5)->setText(QStringLiteral("1895"));
+    Riga(&editore, 0)->setText(QStringLiteral("Inventario dell'archivio comunale"));
+    Combo(&editore, "cmbTipoInv")->setCurrentIndex(1);
+    Riga(&editore, 4)->setText(QStringLiteral("1890"));
+}
+
+// The host reads the flags of the record to set its buttons.
+void Collega(HostEditore& ospite, ucInventario* editore) {
+    ospite.okNuovo = [editore] {
+        return editore->OkNuovoInventario;
+    };
+    ospite.okModifica = [editore] {
+        return editore->OkModifica;
+    };
+    ospite.okCancella = [editore] {
+        return editore->OkCancella;
+    };
+}
+
+} // namespace
+
+class TestInventario : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void cleanup() { Sessione::Azzera(); }
+
+    void iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiETag_data() { AggiungiBackend(); }
+    void iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiETag();
+    void gliObbligatoriSiControllanoNellOrdineDeiLoroMessaggi_data() { AggiungiBackend(); }
+    void gliObbligatoriSiControllanoNellOrdineDeiLoroMessaggi();
+    void nuovoScegliePrimoLivelloESedeMaNonSupportoETipologia_data() { AggiungiBackend(); }
+    void nuovoScegliePrimoLivelloESedeMaNonSupportoETipologia();
+    void ogniCampoFaIlGiroConApiciAccentiETestiPiuLunghi_data() { AggiungiBackend(); }
+    void ogniCampoFaIlGiroConApiciAccentiETestiPiuLunghi();
+    void unAnnoVuotoSiSalvaNullMaLObbligoRifiutaEntrambiGliAnniVuoti_data() { AggiungiBackend(); }
+    void unAnnoVuotoSiSalvaNullMaLObbligoRifiutaEntrambiGliAnniVuoti();
+    void soloBaseConGuidaAmmettePiuComplessi_data() { AggiungiBackend(); }
+    void soloBaseConGuidaAmmettePiuComplessi();
+    void loStatoDellInventarioAnaliticoVieneDaTipoInv_data() { AggiungiBackend(); }
+    void loStatoDellInventarioAnaliticoVieneDaTipoInv();
+    void unInventarioMostratoNonNeCreaAltriSiModificaESiCancellaSenzaFigli_data() {
+        AggiungiBackend();
+    }
+    void unInventarioMostratoNonNeCreaAltriSiModificaESiCancellaSenzaFigli();
+    void unRecordCheNonCeSpegneTutto_data() { AggiungiBackend(); }
+    void unRecordCheNonCeSpegneTutto();
+    void unComplessoCollegatoSiNominaEDueNominanoLIstituto_data() { AggiungiBackend(); }
+    void unComplessoCollegatoSiNominaEDueNominanoLIstituto();
+    void leAltreDenominazioniSiLeggonoDaInventariDenominazioni_data() { AggiungiBackend(); }
+    void leAltreDenominazioniSiLeggonoDaInventariDenominazioni();
+    void lImmagineSiOffreSoloAUnInventarioDigitale_data() { AggiungiBackend(); }
+    void lImmagineSiOffreSoloAUnInventarioDigitale();
+    void unInventarioSiCreaMostraModificaESalvaAttraversoLOspite_data() { AggiungiBackend(); }
+    void unInventarioSiCreaMostraModificaESalvaAttraversoLOspite();
+};
+
+void TestInventario::iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiETag() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    ucInventario editore;
+    editore.Init();
+    QStringList nomi;
+    const QList<QWidget*> controlli = editore.Controls();
+    for (const QWidget* controllo : controlli)
+        nomi << controllo->objectName();
+    QCOMPARE(nomi, QStringList({"Text1(17)", "chkPubblicaInv", "Text1(12)", "Text1(11)",
+                                "cmbMagazzino", "cmbSede", "cmbTipologiaIN2", "cmbTipologiaIN",
+                                "Text1(15)", "Text1(10)", "Text1(9)", "Text1(7)", "Text1(6)",
+                                "Text1(5)", "Text1(0)", "cmbTipoInv", "Text1(4)", "DTPData"}));
+    const auto tag = [&editore](const char* nome) {
+        return editore.findChild<QWidget*>(QLatin1String(nome))->property("Tag").toString();
+    };
+    QCOMPARE(tag("Text1(17)"), QStringLiteral("Inserire redattore"));
+    QCOMPARE(tag("cmbTipologiaIN2"), QStringLiteral("Specificare la tipologia"));
+    QCOMPARE(tag("Text1(6)"), QStringLiteral("Inserire la data di redazione"));
+    QCOMPARE(tag("Text1(5)"), QStringLiteral("Inserire l'estremo cronologico superiore"));
+    QCOMPARE(tag("Text1(0)"), QStringLiteral("Inserire titolo strumento di ricerca"));
+    QCOMPARE(tag("cmbTipoInv"), QStringLiteral("Specificare il tipo di supporto"));
+    QCOMPARE(tag("Text1(4)"), QStringLiteral("Inserire l'estremo cronologico inferiore"));
+    QCOMPARE(tag("DTPData"), QStringLiteral("Inserire la data di registrazione"));
+    for (const char* libero : {"Text1(12)", "Text1(11)", "cmbMagazzino", "cmbSede",
+                               "cmbTipologiaIN", "Text1(15)", "Text1(10)", "Text1(9)", "Text1(7)"})
+        QVERIFY2(tag(libero).isEmpty(), libero);
+
+    QCOMPARE(Riga(&editore, 0)->maxLength(), 256);
+    QCOMPARE(Riga(&editore, 4)->maxLength(), 4);
+    QCOMPARE(Riga(&editore, 5)->maxLength(), 4);
+    QCOMPARE(Riga(&editore, 6)->maxLength(), 256);
+    QCOMPARE(Riga(&editore, 7)->maxLength(), 256);
+    QCOMPARE(Riga(&editore, 10)->maxLength(), 128);
+    QCOMPARE(Riga(&editore, 11)->maxLength(), 128);
+    QCOMPARE(Riga(&editore, 15)->maxLength(), 256);
+    QCOMPARE(Riga(&editore, 17)->maxLength(), 64);
+    QCOMPARE(Blocco(&editore, 9)->property("MaxLength").toInt(), 1024);
+    QCOMPARE(Blocco(&editore, 12)->property("MaxLength").toInt(), 1024);
+
+    QCOMPARE(Etichetta(&editore, 0)->text(), QStringLiteral("Titolo strumento di ricerca"));
+    QCOMPARE(Etichetta(&editore, 1)->text(), QStringLiteral("Livello"));
+    QCOMPARE(Etichetta(&editore, 1)->buddy(), Combo(&editore, "cmbTipologiaIN"));
+    QCOMPARE(Etichetta(&editore, 2)->text(), QStringLiteral("Consultabile in"));
+    QCOMPARE(Etichetta(&editore, 2)->buddy(), Combo(&editore, "cmbSede"));
+    QCOMPARE(Etichetta(&editore, 3)->text(), QStringLiteral("Conservato jn"));
+    QCOMPARE(Etichetta(&editore, 3)->buddy(), Combo(&editore, "cmbMagazzino"));
+    QCOMPARE(Etichetta(&editore, 4)->text(), QStringLiteral("Anno redazione"));
+    QVERIFY(Etichetta(&editore, 5) == nullptr); // the two years share one label
+    QCOMPARE(Etichetta(&editore, 6)->text(), QStringLiteral("Data/e redazione (testo)"));
+    QCOMPARE(Etichetta(&editore, 7)->text(), QStringLiteral("Autore"));
+    QCOMPARE(Etichetta(&editore, 8)->text(), QStringLiteral("Supporto"));
+    QCOMPARE(Etichetta(&editore, 8)->buddy(), Combo(&editore, "cmbTipoInv"));
+    QCOMPARE(Etichetta(&editore, 9)->text(), QStringLiteral("Descrizione"));
+    QCOMPARE(Etichetta(&editore, 10)->text(), QStringLiteral("XmlLink"));
+    QCOMPARE(Etichetta(&editore, 11)->text(), QStringLiteral("Link ad altre Risorse"));
+    QCOMPARE(Etichetta(&editore, 12)->text(), QStringLiteral("Note gestionali"));
+    QCOMPARE(Etichetta(&editore, 13)->text(), QStringLiteral("Tipologia"));
+    QCOMPARE(Etichetta(&editore, 13)->buddy(), Combo(&editore, "cmbTipologiaIN2"));
+    QCOMPARE(Etichetta(&editore, 15)->text(), QStringLiteral("Edizione"));
+    QCOMPARE(Etichetta(&editore, 17)->text(), QStringLiteral("Redattore"));
+    QCOMPARE(Pubblica(&editore)->text(), QStringLiteral("Visibile sul web"));
+    QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Immagine"));
+
+    // The lists of the program folder, in the order of their files.
+    const QComboBox* livelli = Combo(&editore, "cmbTipologiaIN");
+    QCOMPARE(livelli->count(), 4);
+    QCOMPARE(livelli->itemText(0), QStringLiteral("Strumento di ricerca di base"));
+    QCOMPARE(livelli->itemData(3).toLongLong(), qlonglong(4));
+    const QComboBox* tipologie = Combo(&editore, "cmbTipologiaIN2");
+    QCOMPARE(tipologie->count(), 12);
+    QCOMPARE(tipologie->itemText(4), QStringLiteral("Guida"));
+    QCOMPARE(tipologie->itemData(4).toLongLong(), qlonglong(5));
+    // The supports: a one-character code, its number in the item data.
+    const QComboBox* supporti = Combo(&editore, "cmbTipoInv");
+    QCOMPARE(supporti->count(), 5);
+    QCOMPARE(supporti->itemText(0), QStringLiteral("A stampa"));
+    QCOMPARE(supporti->itemData(0).toLongLong(), qlonglong('S'));
+    QCOMPARE(supporti->itemText(3), QStringLiteral("Digitale"));
+    QCOMPARE(supporti->itemData(3).toLongLong(), qlonglong('D'));
+    QCOMPARE(editore.CercaTipoInventario(QStringLiteral("D")), 3);
+    QCOMPARE(editore.CercaTipoInventario(QStringLiteral("M")), 1);
+    QCOMPARE(editore.CercaTipoInventario(QStringLiteral("X")), -1);
+    QCOMPARE(editore.CercaTipoInventario(QString()), -1);
+    QCOMPARE(editore.CercaTipologiaINV(QStringLiteral("03")), 2);
+    QCOMPARE(editore.CercaTipologiaINV2(QStringLiteral("12")), 11);
+    QCOMPARE(editore.CercaTipologiaINV2(QStringLiteral("99")), -1);
+
+    // After Init: locked, and a new finding aid may be created.
+    QVERIFY(editore.OkNuovoInventario);
+    QVERIFY(!Riga(&editore, 0)->isEnabled());
+    QVERIFY(!Immagine(&editore)->isEnabled());
+    QCOMPARE(editore.InventariAnalitici, -1);
+}
+
+void TestInventario::gliObbligatoriSiControllanoNellOrdineDeiLoroMessaggi() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    ucInventario editore;
+    editore.Init();
+    editore.Nuovo();
+    const QStringList attesi = {QStringLiteral("Inserire redattore"),
+                                QStringLiteral("Specificare la tipologia"),
+                                QStringLiteral("Inserire la data di redazione"),
+                                QStringLiteral("Inserire l'estremo cronologico superiore"),
+                                QStringLiteral("Inserire titolo strumento di ricerca"),
+                                QStringLiteral("Specificare il tipo di supporto"),
+                                QStringLiteral("Inserire l'estremo cronologico inferiore")};
+    // Each field filled in turn lets the walk go on to the next message.
+    const QList<std::function<void()>> riempi = {
+        [&] { Riga(&editore, 17)->setText(QStringLiteral("Maria Rossi")); },
+        [&] { Combo(&editore, "cmbTipologiaIN2")->setCurrentIndex(0); },
+        [&] { Riga(&editore, 6)->setText(QStringLiteral("1890")); },
+        [&] { Riga(&editore, 5)->setText(QStringLiteral("1895")); },
+        [&] { Riga(&editore, 0)->setText(QStringLiteral("Inventario")); },
+        [&] { Combo(&editore, "cmbTipoInv")->setCurrentIndex(0); },
+        [&] { Riga(&editore, 4)->setText(QStringLiteral("1890")); },
+    };
+    for (int i = 0; i < attesi.size(); ++i) {
+        ambiente.seam.Svuota();
+        QVERIFY(!editore.CheckMandatoryFields());
+        QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+        QCOMPARE(ambiente.seam.Messaggi().at(0).sTesto, attesi.at(i));
+        QCOMPARE(ambiente.seam.Messaggi().at(0).sTitolo, QStringLiteral("Attenzione"));
+        QCOMPARE(ambiente.seam.Messaggi().at(0).icona, Icona::Informazione);
+        riempi.at(i)();
+    }
+    ambiente.seam.Svuota();
+    QVERIFY(editore.CheckMandatoryFields());
+    QVERIFY(ambiente.seam.Messaggi().isEmpty());
+    // The placeholder of a row never saved counts as empty.
+    Riga(&editore, 0)->setText(QStringLiteral("<<Inserire valore>>"));
+    QVERIFY(!editore.CheckMandatoryFields());
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTesto,
+             QStringLiteral("Inserire titolo strumento di ricerca"));
+}
+
+void TestInventario::nuovoScegliePrimoLivelloESedeMaNonSupportoETipologia() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    ambiente.CreaIstituto(QStringLiteral("Sezione"), QStringLiteral("03"), istituto);
+    ambiente.CreaIstituto(QStringLiteral("Deposito"), QStringLiteral("04"), istituto);
+    ucInventario editore;
+    editore.Init();
+    editore.AssegnaIstituto(ambiente.IdIstituto(istituto));
+    QCOMPARE(editore.ID_Istituto, ambiente.IdIstituto(istituto));
+    editore.Nuovo();
+    QCOMPARE(Combo(&editore, "cmbTipologiaIN")->currentIndex(), 0);
+    QCOMPARE(Combo(&editore, "cmbSede")->currentIndex(), 0);
+    QCOMPARE(Combo(&editore, "cmbSede")->currentText(), QStringLiteral("Sede"));
+    QCOMPARE(Combo(&editore, "cmbSede")->count(), 2);
+    QCOMPARE(Combo(&editore, "cmbMagazzino")->currentIndex(), 0);
+    QCOMPARE(Combo(&editore, "cmbMagazzino")->count(), 3);
+    QCOMPARE(Combo(&editore, "cmbTipoInv")->currentIndex(), -1);
+    QCOMPARE(Combo(&editore, "cmbTipologiaIN2")->currentIndex(), -1);
+    QVERIFY(!Pubblica(&editore)->isChecked());
+    QCOMPARE(editore.findChild<QDateEdit*>(QStringLiteral("DTPData"))->date(),
+             QDate::currentDate());
+    for (int n : {0, 4, 5, 6, 7, 10, 11, 15, 17})
+        QVERIFY2(Riga(&editore, n)->isEnabled() && Riga(&editore, n)->text().isEmpty(),
+                 qPrintable(QString::number(n)));
+    // A new finding aid has no element yet: no image to import.
+    QVERIFY(!Immagine(&editore)->isEnabled());
+}
+
+void TestInventario::ogniCampoFaIlGiroConApiciAccentiETestiPiuLunghi() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long sede =
+        ambiente.CreaIstituto(QStringLiteral("Sezione"), QStringLiteral("03"), istituto);
+    const long magazzino =
+        ambiente.CreaIstituto(QStringLiteral("Deposito"), QStringLiteral("04"), istituto);
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(id);
+    editore.Modifica();
+
+    const QString titolo = Lungo(QStringLiteral("Inventario dell'archivio «Podestà» "), 256);
+    const QString estremi = Lungo(QStringLiteral("sec. XIX \"metà\" è "), 256);
+    const QString autore = Lungo(QStringLiteral("Niccolò D'Amico "), 256);
+    const QString descrizione = Lungo(QStringLiteral("Descrizione 'vera' più \"lunga\";\n"), 1024);
+    const QString xml = Lungo(QStringLiteral("https://archivio.it/mag?a='b'&c=ù "), 128);
+    const QString url = Lungo(QStringLiteral("http://risorse.it/«x»/ò "), 128);
+    const QString gestionali = Lungo(QStringLiteral("Nota gestionale 'sì' à "), 1024);
+    const QString edizione = Lungo(QStringLiteral("Roma, \"Tipografia\" dell'Ateneo "), 256);
+    const QString redattore = Lungo(QStringLiteral("Ludovica Dell'Età "), 64);
+
+    const long idSede = ambiente.IdIstituto(sede);
+    const long idMagazzino = ambiente.IdIstituto(magazzino);
+    Riga(&editore, 17)->setText(redattore);
+    Pubblica(&editore)->setChecked(true);
+    Blocco(&editore, 12)->setPlainText(gestionali);
+    Riga(&editore, 11)->setText(url);
+    Combo(&editore, "cmbMagazzino")
+        ->setCurrentIndex(Combo(&editore, "cmbMagazzino")->findData(Id(idMagazzino)));
+    Combo(&editore, "cmbSede")->setCurrentIndex(Combo(&editore, "cmbSede")->findData(Id(idSede)));
+    Combo(&editore, "cmbTipologiaIN2")->setCurrentIndex(11); // "12" Censimento
+    Combo(&editore, "cmbTipologiaIN")->setCurrentIndex(2);   // "03"
+    Combo(&editore, "cmbTipoInv")->setCurrentIndex(4);       // "C"
+    Riga(&editore, 15)->setText(edizione);
+    Riga(&editore, 10)->setText(xml);
+    Blocco(&editore, 9)->setPlainText(descrizione);
+    Riga(&editore, 7)->setText(autore);
+    Riga(&editore, 6)->setText(estremi);
+    Riga(&editore, 5)->setText(QStringLiteral("1899"));
+    Riga(&editore, 0)->setText(titolo);
+    Riga(&editore, 4)->setText(QStringLiteral("812"));
+    editore.findChild<QDateEdit*>(QStringLiteral("DTPData"))->setDate(QDate(2024, 2, 29));
+    QVERIFY(editore.CheckMandatoryFields());
+    editore.Salva(id);
+    QVERIFY(ambiente.seam.Messaggi().isEmpty());
+
+    // What the row holds.
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Denominazione"), id).toString(), titolo);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Tipologia"), id).toString(), QStringLiteral("03"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("SubTipologia"), id).toString(), QStringLiteral("12"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("TipoInventario"), id).toString(),
+             QStringLiteral("C"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoSede"), id).toLongLong(),
+             qlonglong(idSede));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), id).toLongLong(),
+             qlonglong(idMagazzino));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("AnnoInizio"), id).toLongLong(), qlonglong(812));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("AnnoFine"), id).toLongLong(), qlonglong(1899));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("DescrizioneEstremi"), id).toString(), estremi);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Autore"), id).toString(), autore);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Note"), id).toString(), descrizione);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("XmlLink"), id).toString(), xml);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("UrlLink"), id).toString(), url);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("NoteDirezione"), id).toString(), gestionali);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Edizione"), id).toString(), edizione);
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Pubblicato"), id).toString(),
+             QStringLiteral("S"));
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Redattore"), id).toString(), redattore);
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Denominazione"), id).toString(), titolo);
+    // The state of the analytical inventory is not Salva's to write.
+    QVERIFY(ambiente.Colonna(QStringLiteral("TipoInv"), id).isNull());
+
+    // And back into a fresh form.
+    ucInventario altro;
+    altro.Init();
+    altro.Mostra(id);
+    QCOMPARE(Testo(&altro, 0), titolo);
+    QCOMPARE(Testo(&altro, 4), QStringLiteral("812"));
+    QCOMPARE(Testo(&altro, 5), QStringLiteral("1899"));
+    QCOMPARE(Testo(&altro, 6), estremi);
+    QCOMPARE(Testo(&altro, 7), autore);
+    QCOMPARE(Testo(&altro, 9), descrizione);
+    QCOMPARE(Testo(&altro, 10), xml);
+    QCOMPARE(Testo(&altro, 11), url);
+    QCOMPARE(Testo(&altro, 12), gestionali);
+    QCOMPARE(Testo(&altro, 15), edizione);
+    QCOMPARE(Testo(&altro, 17), redattore);
+    QCOMPARE(Combo(&altro, "cmbTipologiaIN")->currentIndex(), 2);
+    QCOMPARE(Combo(&altro, "cmbTipologiaIN2")->currentIndex(), 11);
+    QCOMPARE(Combo(&altro, "cmbTipoInv")->currentIndex(), 4);
+    QCOMPARE(Combo(&altro, "cmbSede")->currentData().toLongLong(), qlonglong(idSede));
+    QCOMPARE(Combo(&altro, "cmbMagazzino")->currentData().toLongLong(), qlonglong(idMagazzino));
+    QVERIFY(Pubblica(&altro)->isChecked());
+    QCOMPARE(altro.findChild<QDateEdit*>(QStringLiteral("DTPData"))->date(), QDate(2024, 2, 29));
+    QCOMPARE(altro.LeggiDenominazione(), titolo);
+    QCOMPARE(altro.ID_Istituto, ambiente.IdIstituto(istituto));
+    QVERIFY(!Riga(&altro, 0)->isEnabled());
+    QVERIFY(!Combo(&altro, "cmbTipoInv")->isEnabled());
+
+    // Emptied boxes are stored as Null, never as empty texts; "Sede" stores Null.
+    editore.Modifica();
+    for (int n : {7, 10, 11, 15})
+        Riga(&editore, n)->clear();
+    Blocco(&editore, 9)->clear();
+    Blocco(&editore, 12)->clear();
+    Combo(&editore, "cmbSede")->setCurrentIndex(0);
+    Combo(&editore, "cmbMagazzino")->setCurrentIndex(0);
+    Combo(&editore, "cmbTipologiaIN")->setCurrentIndex(-1);
+    editore.Salva(id);
+    for (const char* colonna : {"Autore", "XmlLink", "UrlLink", "Edizione", "Note", "NoteDirezione",
+                                "ID_IstitutoSede", "ID_IstitutoMag", "Tipologia"})
+        QVERIFY2(ambiente.Colonna(QLatin1String(colonna), id).isNull(), colonna);
+}
+
+void TestInventario::unAnnoVuotoSiSalvaNullMaLObbligoRifiutaEntrambiGliAnniVuoti() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    ambiente.Scrivi(QStringLiteral("AnnoInizio = ?, AnnoFine = ?"), {Id(1700), Id(1750), Id(id)});
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(id);
+    QCOMPARE(Testo(&editore, 4), QStringLiteral("1700"));
+    editore.Modifica();
+    Compila(editore);
+
+    // Each empty year box is refused by the mandatory check, with its own message.
+    Riga(&editore, 4)->clear();
+    QVERIFY(!editore.CheckMandatoryFields());
+    QCOMPARE(ambiente.seam.Messaggi().constLast().sTesto,
+             QStringLiteral("Inserire l'estremo cronologico inferiore"));
+    Riga(&editore, 4)->setText(QStringLiteral("1890"));
+    Riga(&editore, 5)->clear();
+    QVERIFY(!editore.CheckMandatoryFields());
+    QCOMPARE(ambiente.seam.Messaggi().constLast().sTesto,
+             QStringLiteral("Inserire l'estremo cronologico superiore"));
+
+    // A save that comes all the same stores Null, not 0.
+    Riga(&editore, 4)->clear();
+    editore.Salva(id);
+    QVERIFY(ambiente.Colonna(QStringLiteral("AnnoInizio"), id).isNull());
+    QVERIFY(ambiente.Colonna(QStringLiteral("AnnoFine"), id).isNull());
+    editore.Mostra(id);
+    QCOMPARE(Testo(&editore, 4), QString());
+    QCOMPARE(Testo(&editore, 5), QString());
+}
+
+void TestInventario::soloBaseConGuidaAmmettePiuComplessi() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    ucInventario editore;
+    editore.Init();
+    struct Caso {
+        QVariant tipologia;
+        QVariant subTipologia;
+        bool bPiu;
+    };
+    const QList<Caso> casi = {
+        {QStringLiteral("01"), QStringLiteral("05"), true},
+        {QStringLiteral("01"), QStringLiteral("04"), false},
+        {QStringLiteral("02"), QStringLiteral("05"), false},
+        {QStringLiteral("05"), QStringLiteral("01"), false},
+        {QStringLiteral("01"), NullTesto(), false},
+        {NullTesto(), QStringLiteral("05"), false},
+        {NullTesto(), NullTesto(), false},
+    };
+    for (const Caso& caso : casi) {
+        const QString nome =
+            caso.tipologia.toString() + QLatin1Char('/') + caso.subTipologia.toString();
+        ambiente.Scrivi(QStringLiteral("Tipologia = ?, SubTipologia = ?"),
+                        {caso.tipologia, caso.subTipologia, Id(id)});
+        editore.Mostra(id);
+        QVERIFY2(editore.bPiùLegamiComplessiDoc() == caso.bPiu, qPrintable(nome));
+    }
+
+    // Salva refreshes it from what it wrote.
+    editore.Modifica();
+    Compila(editore);
+    Combo(&editore, "cmbTipologiaIN")->setCurrentIndex(0);  // "01"
+    Combo(&editore, "cmbTipologiaIN2")->setCurrentIndex(4); // "05"
+    editore.Salva(id);
+    QVERIFY(editore.bPiùLegamiComplessiDoc());
+    editore.Modifica();
+    Combo(&editore, "cmbTipologiaIN2")->setCurrentIndex(0); // "01"
+    editore.Salva(id);
+    QVERIFY(!editore.bPiùLegamiComplessiDoc());
+}
+
+void TestInventario::loStatoDellInventarioAnaliticoVieneDaTipoInv() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    ucInventario editore;
+    editore.Init();
+    const QList<QPair<QVariant, int>> casi = {
+        {NullTesto(), 0},          {QStringLiteral("00"), 0}, {QStringLiteral("01"), 1},
+        {QStringLiteral("02"), 2}, {QStringLiteral("03"), 3}, {QStringLiteral("04"), 0},
+        {QStringLiteral("1"), 0},  {QStringLiteral("X"), 0},
+    };
+    for (const auto& caso : casi) {
+        ambiente.Scrivi(QStringLiteral("TipoInv = ?"), {caso.first, Id(id)});
+        editore.Mostra(id);
+        QVERIFY2(editore.InventariAnalitici == caso.second, qPrintable(caso.first.toString()));
+    }
+    // Salva leaves TipoInv alone and reads it back.
+    editore.Modifica();
+    Compila(editore);
+    editore.Salva(id);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("TipoInv"), id).toString(), QStringLiteral("X"));
+    QCOMPARE(editore.InventariAnalitici, 0);
+    ambiente.Scrivi(QStringLiteral("TipoInv = ?"), {QStringLiteral("02"), Id(id)});
+    editore.Modifica();
+    editore.Salva(id);
+    QCOMPARE(editore.InventariAnalitici, 2);
+}
+
+void TestInventario::unInventarioMostratoNonNeCreaAltriSiModificaESiCancellaSenzaFigli() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(id);
+    QVERIFY(!editore.OkNuovoInventario);
+    QVERIFY(editore.OkModifica);
+    QVERIFY(editore.OkCancella);
+    QCOMPARE(editore.ID_Istituto, ambiente.IdIstituto(istituto));
+
+    // A unit of the analytical inventory under it: no delete.
+    ambiente.Crea("07", QStringLiteral("Busta 1"), id);
+    editore.Mostra(id);
+    QVERIFY(!editore.OkCancella);
+    QVERIFY(editore.OkModifica);
+    editore.Modifica();
+    Compila(editore);
+    editore.Salva(id);
+    QVERIFY(!editore.OkCancella);
+    QVERIFY(!editore.OkNuovoInventario);
+}
+
+void TestInventario::unRecordCheNonCeSpegneTutto() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    const long fondo = ambiente.Crea("02", QStringLiteral("Fondo"), istituto);
+    ambiente.Collega(fondo, id);
+    ambiente.Scrivi(QStringLiteral("TipoInventario = ?, TipoInv = ?"),
+                    {QStringLiteral("D"), QStringLiteral("01"), Id(id)});
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(id);
+    QCOMPARE(editore.ComplessiLink, 1L);
+    QVERIFY(Immagine(&editore)->isEnabled());
+
+    // The institute is no finding aid: its id has no row of Inventari.
+    editore.Mostra(istituto);
+    QVERIFY(!editore.OkNuovoInventario);
+    QVERIFY(!editore.OkModifica);
+    QVERIFY(!editore.OkCancella);
+    QVERIFY(!editore.AltreDenominazioni);
+    QCOMPARE(editore.InventariAnalitici, -1);
+    QCOMPARE(editore.ComplessiLink, 0L);
+    QCOMPARE(editore.sComplessoLinked, QString());
+    QCOMPARE(editore.ID_Istituto, 0L);
+    QVERIFY(!editore.bPiùLegamiComplessiDoc());
+    QVERIFY(!Immagine(&editore)->isEnabled());
+    QCOMPARE(Testo(&editore, 0), QString());
+    QCOMPARE(Testo(&editore, 17), QString());
+
+    // Salva of it writes nothing and says nothing.
+    editore.Modifica();
+    Compila(editore);
+    editore.Salva(istituto);
+    QVERIFY(ambiente.seam.Messaggi().isEmpty());
+    QVERIFY(ambiente.ColonnaElemento(QStringLiteral("Redattore"), istituto).isNull());
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Denominazione"), istituto).toString(),
+             QStringLiteral("Istituto"));
+    QVERIFY(!editore.OkModifica);
+    QVERIFY(!Riga(&editore, 0)->isEnabled());
+}
+
+void TestInventario::unComplessoCollegatoSiNominaEDueNominanoLIstituto() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto =
+        ambiente.CreaIstituto(QStringLiteral("Archivio di Stato di Forlì"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    const long fondo = ambiente.Crea("02", QStringLiteral("Fondo «Podestà»"), istituto);
+    const long serie = ambiente.Crea("02", QStringLiteral("Serie"), fondo);
+    // Trailing blanks of the full names are not part of the name (the institute's is written
+    // first: the database carries it down to the complessi).
+    Sessione::cnn->Esegui(
+        QStringLiteral("UPDATE Istituti SET DenomCompleta = ? WHERE ID_Elemento = ?"),
+        {QStringLiteral("Archivio di Stato di Forlì  "), Id(istituto)});
+    Sessione::cnn->Esegui(
+        QStringLiteral("UPDATE ComplessiDoc SET DenomCompleta = ? WHERE ID_Elemento = ?"),
+        {QStringLiteral("Forlì > Fondo «Podestà»   "), Id(fondo)});
+
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(id);
+    QCOMPARE(editore.ComplessiLink, 0L);
+    QCOMPARE(editore.sComplessoLinked, QString());
+
+    ambiente.Collega(fondo, id);
+    editore.Mostra(id);
+    QCOMPARE(editore.ComplessiLink, 1L);
+    QCOMPARE(editore.sComplessoLinked, QStringLiteral("Forlì > Fondo «Podestà»"));
+
+    ambiente.Collega(serie, id);
+    editore.Mostra(id);
+    QCOMPARE(editore.ComplessiLink, 2L);
+    QCOMPARE(editore.sComplessoLinked, QStringLiteral("Archivio di Stato di Forlì"));
+
+    // Salva counts them again.
+    editore.Modifica();
+    Compila(editore);
+    Sessione::cnn->Esegui(QStringLiteral("DELETE FROM Links WHERE ID_Elemento = ?"), {Id(serie)});
+    editore.Salva(id);
+    QCOMPARE(editore.ComplessiLink, 1L);
+    QCOMPARE(editore.sComplessoLinked, QStringLiteral("Forlì > Fondo «Podestà»"));
+}
+
+void TestInventario::leAltreDenominazioniSiLeggonoDaInventariDenominazioni() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    const long altro = ambiente.Crea("03", QStringLiteral("Altro inventario"), istituto);
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(id);
+    QVERIFY(!editore.AltreDenominazioni);
+    const qint64 idInventario = ambiente.Colonna(QStringLiteral("ID_Inventario"), id).toLongLong();
+    Sessione::cnn->Inserisci(
+        QStringLiteral("InventariDenominazioni"), QStringLiteral("ID_Denominazione"),
+        {QStringLiteral("ID_Inventario"), QStringLiteral("AltraDenominazione")},
+        {QVariant(idInventario), QStringLiteral("Repertorio «vecchio»")});
+    // After the dialog of other names the window asks again.
+    editore.CheckDenominazioni(id);
+    QVERIFY(editore.AltreDenominazioni);
+    editore.CheckDenominazioni(altro);
+    QVERIFY(!editore.AltreDenominazioni);
+    editore.Mostra(id);
+    QVERIFY(editore.AltreDenominazioni);
+    editore.Mostra(altro);
+    QVERIFY(!editore.AltreDenominazioni);
+}
+
+void TestInventario::lImmagineSiOffreSoloAUnInventarioDigitale() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    ucInventario editore;
+    editore.Init();
+    const QList<QPair<QVariant, bool>> casi = {
+        {QStringLiteral("S"), false}, {QStringLiteral("M"), false}, {QStringLiteral("T"), false},
+        {QStringLiteral("C"), false}, {NullTesto(), false},         {QStringLiteral("D"), true},
+    };
+    for (const auto& caso : casi) {
+        ambiente.Scrivi(QStringLiteral("TipoInventario = ?"), {caso.first, Id(id)});
+        editore.Mostra(id);
+        QVERIFY2(Immagine(&editore)->isEnabled() == caso.second, qPrintable(caso.first.toString()));
+    }
+    // The button shows the state of the link of the element.
+    QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Immagine"));
+    Sessione::cnn->Esegui(QStringLiteral("UPDATE Elementi SET Md5Link = ? WHERE ID_Elemento = ?"),
+                          {QStringLiteral("0123456789abcdef0123456789abcdef"), Id(id)});
+    editore.Mostra(id);
+    QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Elimina coll. immagine"));
+    QCOMPARE(Immagine(&editore)->property("Tag").toString(), QStringLiteral("1"));
+    // Editing keeps it; a support changed and saved decides again.
+    editore.Modifica();
+    QVERIFY(Immagine(&editore)->isEnabled());
+    Compila(editore); // "M"
+    editore.Salva(id);
+    QVERIFY(!Immagine(&editore)->isEnabled());
+    // The link in hand reaches Elementi with the save.
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).toString(),
+             QStringLiteral("0123456789abcdef0123456789abcdef"));
+}
+
+void TestInventario::unInventarioSiCreaMostraModificaESalvaAttraversoLOspite() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    auto* editore = new ucInventario;
+    HostEditore ospite(editore, QStringLiteral("03"), istituto);
+    Collega(ospite, editore);
+    ospite.show();
+    ospite.Carica();
+    QVERIFY(ospite.cmdNuovo->isEnabled());
+    editore->AssegnaIstituto(ambiente.IdIstituto(istituto));
+    ospite.cmdNuovo->click();
+    QCOMPARE(ospite.Stato(), QStringLiteral("nuovo"));
+    ospite.cmdConferma->click();
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTesto, QStringLiteral("Inserire redattore"));
+    QCOMPARE(ambiente
+                 .Valore(QStringLiteral("SELECT COUNT(*) FROM Elementi WHERE Tipologia = ?"),
+                         {QStringLiteral("03")})
+                 .toInt(),
+             0);
+    Compila(*editore);
+    ospite.cmdConferma->click();
+    QCOMPARE(ospite.Stato(), QStringLiteral("mostra"));
+    const long id = ospite.IdCorrente();
+    QVERIFY(id > 0);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Denominazione"), id).toString(),
+             QStringLiteral("Inventario dell'archivio comunale"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Tipologia"), id).toString(), QStringLiteral("01"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("SubTipologia"), id).toString(), QStringLiteral("01"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("TipoInventario"), id).toString(),
+             QStringLiteral("M"));
+    QVERIFY(ambiente.Colonna(QStringLiteral("ID_IstitutoSede"), id).isNull());
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Pubblicato"), id).toString(),
+             QStringLiteral("N"));
+    QVERIFY(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).isNull());
+    QCOMPARE(editore->ID_Istituto, ambiente.IdIstituto(istituto));
+    // Shown: no finding aid under a finding aid, but edit and delete.
+    QVERIFY(!ospite.cmdNuovo->isEnabled());
+    QVERIFY(ospite.cmdModifica->isEnabled());
+    QVERIFY(ospite.cmdCancella->isEnabled());
+    QVERIFY(!Riga(editore, 0)->isEnabled());
+
+    ospite.cmdModifica->click();
+    Riga(editore, 0)->setText(QStringLiteral("Inventario \"nuovo\""));
+    ospite.cmdAnnulla->click();
+    QCOMPARE(Testo(editore, 0), QStringLiteral("Inventario dell'archivio comunale"));
+    ospite.cmdModifica->click();
+    Riga(editore, 0)->setText(QStringLiteral("Inventario \"nuovo\""));
+    ospite.cmdConferma->click();
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Denominazione"), id).toString(),
+             QStringLiteral("Inventario \"nuovo\""));
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Denominazione"), id).toString(),
+             QStringLiteral("Inventario \"nuovo\""));
+
+    ambiente.seam.risposte = {Risposta::Si};
+    QVERIFY(ospite.Cancella());
+    QVERIFY(ambiente.ColonnaElemento(QStringLiteral("ID_Elemento"), id).isNull());
+}
+
+QTEST_MAIN(TestInventario)
+#include "tst_inventario.moc"
