@@ -5,6 +5,7 @@
 // save that is written whole or not at all, the MAG document of a digital finding aid and the
 // road of a new finding aid through a host.
 
+#include "images/basGestImgMag.h"
 #include "records/ucInventario.h"
 #include "session/Sessione.h"
 #include "store/ArchivioElementi.h"
@@ -18,12 +19,15 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSqlQuery>
+#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -122,6 +126,29 @@ QString Lungo(const QString& pezzo, int n) {
         testo += pezzo;
     return testo.left(n);
 }
+// A MAG document of one image in a folder of its own, and the repository's root.
+struct DocumentoMag {
+    DocumentoMag() {
+        Scrivi(cartella.path() + QStringLiteral("/scansioni/0001.tif"), "immagine");
+        sDoc = cartella.path() + QStringLiteral("/scansioni/mag.xml");
+        Scrivi(sDoc, "<?xml version=\"1.0\"?>\n<metadigit><img><sequence_number>1"
+                     "</sequence_number><nomenclature>c. 1r</nomenclature>"
+                     "<file xlink:href=\"./0001.tif\"/></img></metadigit>\n");
+        Sessione::sParam01 = cartella.path() + QStringLiteral("/repo");
+        Sessione::sParam12 = QStringLiteral("http://archivio.example.it/img");
+        QDir().mkpath(Sessione::sParam01);
+    }
+    static void Scrivi(const QString& percorso, const QByteArray& contenuto) {
+        QDir().mkpath(QFileInfo(percorso).absolutePath());
+        QFile file(percorso);
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+            file.write(contenuto) != contenuto.size())
+            qFatal("can't write the test file");
+    }
+    QTemporaryDir cartella;
+    QString sDoc;
+};
+
 // The mandatory fields filled in.
 void Compila(ucInventario& editore) {
     Riga(&editore, 17)->setText(QStringLiteral("Maria Rossi"));
@@ -179,6 +206,19 @@ private Q_SLOTS:
     void leAltreDenominazioniSiLeggonoDaInventariDenominazioni();
     void lImmagineSiOffreSoloAUnInventarioDigitale_data() { AggiungiBackend(); }
     void lImmagineSiOffreSoloAUnInventarioDigitale();
+    void laSceltaDelSupportoRimodellaIlModulo();
+    void pubblicareSottoUnPadreNonPubblicatoERifiutatoEIlSalvaScriveN_data() { AggiungiBackend(); }
+    void pubblicareSottoUnPadreNonPubblicatoERifiutatoEIlSalvaScriveN();
+    void laSedeScendeAiFigliDirettiAncheComeMagazzinoMaNonAiNipoti_data() { AggiungiBackend(); }
+    void laSedeScendeAiFigliDirettiAncheComeMagazzinoMaNonAiNipoti();
+    void unSalvaRifiutatoDalDatabaseLasciaIlRecordComEra_data() { AggiungiBackend(); }
+    void unSalvaRifiutatoDalDatabaseLasciaIlRecordComEra();
+    void unInventarioCancellatoNelFrattempoNonSiScriveESiTace_data() { AggiungiBackend(); }
+    void unInventarioCancellatoNelFrattempoNonSiScriveESiTace();
+    void lImmagineDiUnInventarioDigitaleSiImportaESiRimuove_data() { AggiungiBackend(); }
+    void lImmagineDiUnInventarioDigitaleSiImportaESiRimuove();
+    void unImportazioneFallitaNonLasciaCollegamentoDopoIlSalva_data() { AggiungiBackend(); }
+    void unImportazioneFallitaNonLasciaCollegamentoDopoIlSalva();
     void unInventarioSiCreaMostraModificaESalvaAttraversoLOspite_data() { AggiungiBackend(); }
     void unInventarioSiCreaMostraModificaESalvaAttraversoLOspite();
 };
@@ -752,6 +792,381 @@ void TestInventario::lImmagineSiOffreSoloAUnInventarioDigitale() {
     // The link in hand reaches Elementi with the save.
     QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).toString(),
              QStringLiteral("0123456789abcdef0123456789abcdef"));
+}
+
+void TestInventario::laSceltaDelSupportoRimodellaIlModulo() {
+    Ambiente ambiente(TipoBackend::SQLite);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    ucInventario editore;
+    editore.Init();
+    editore.show();
+    QComboBox* supporto = Combo(&editore, "cmbTipoInv");
+    const auto visibile = [&editore](QWidget* w) {
+        return w->isVisibleTo(&editore);
+    };
+    // Before any support: the level is offered.
+    editore.Nuovo();
+    QVERIFY(visibile(Combo(&editore, "cmbTipologiaIN")));
+    QVERIFY(visibile(Etichetta(&editore, 1)));
+
+    // A printed one: the edition, no XML document, and no longer the level.
+    supporto->setCurrentIndex(0);
+    QVERIFY(!visibile(Combo(&editore, "cmbTipologiaIN")));
+    QVERIFY(!visibile(Etichetta(&editore, 1)));
+    QVERIFY(visibile(Riga(&editore, 15)));
+    QVERIFY(visibile(Etichetta(&editore, 15)));
+    QVERIFY(!visibile(Riga(&editore, 10)));
+    QVERIFY(!visibile(Etichetta(&editore, 10)));
+    QVERIFY(!editore.bElettronico());
+
+    // The electronic one (the fourth entry): the XML document, no edition.
+    supporto->setCurrentIndex(3);
+    QVERIFY(!visibile(Riga(&editore, 15)));
+    QVERIFY(!visibile(Etichetta(&editore, 15)));
+    QVERIFY(visibile(Riga(&editore, 10)));
+    QVERIFY(visibile(Etichetta(&editore, 10)));
+    QVERIFY(editore.bElettronico());
+
+    // Any other: neither.
+    for (int i : {1, 2, 4}) {
+        supporto->setCurrentIndex(i);
+        QVERIFY(!visibile(Riga(&editore, 15)));
+        QVERIFY(!visibile(Riga(&editore, 10)));
+        QVERIFY(!editore.bElettronico());
+        QVERIFY(!visibile(Combo(&editore, "cmbTipologiaIN")));
+    }
+
+    // The user's choice reshapes it as well.
+    supporto->setCurrentIndex(0);
+    QTest::keyClick(supporto, Qt::Key_Down);
+    QCOMPARE(supporto->currentIndex(), 1);
+    QVERIFY(!visibile(Riga(&editore, 15)));
+
+    // Mostra chooses the support of the row, and the form follows it.
+    ambiente.Scrivi(QStringLiteral("TipoInventario = ?"), {QStringLiteral("D"), Id(id)});
+    editore.Mostra(id);
+    QCOMPARE(supporto->currentIndex(), 3);
+    QVERIFY(visibile(Riga(&editore, 10)));
+    QVERIFY(!visibile(Riga(&editore, 15)));
+    QVERIFY(editore.bElettronico());
+    ambiente.Scrivi(QStringLiteral("TipoInventario = ?"), {QStringLiteral("S"), Id(id)});
+    editore.Mostra(id);
+    QVERIFY(!visibile(Riga(&editore, 10)));
+    QVERIFY(visibile(Riga(&editore, 15)));
+    QVERIFY(!editore.bElettronico());
+}
+
+void TestInventario::pubblicareSottoUnPadreNonPubblicatoERifiutatoEIlSalvaScriveN() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long chiuso = ambiente.CreaIstituto(QStringLiteral("Chiuso"), QStringLiteral("01"));
+    const long aperto = ambiente.CreaIstituto(QStringLiteral("Aperto"), QStringLiteral("01"));
+    const auto pubblica = [](long id, const char* valore) {
+        Sessione::cnn->Esegui(
+            QStringLiteral("UPDATE Elementi SET Pubblicato = ? WHERE ID_Elemento = ?"),
+            {QLatin1String(valore), Id(id)});
+    };
+    pubblica(chiuso, "N");
+    pubblica(aperto, "S");
+    const long sotto = ambiente.Crea("03", QStringLiteral("Sotto il chiuso"), chiuso);
+    const long libero = ambiente.Crea("03", QStringLiteral("Sotto l'aperto"), aperto);
+
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(sotto);
+    editore.Modifica();
+    Compila(editore);
+    Pubblica(&editore)->click();
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTesto, QStringLiteral("Inventario non pubblicabile"));
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTitolo, QStringLiteral("Attenzione"));
+    QVERIFY(!Pubblica(&editore)->isChecked());
+    editore.Salva(sotto);
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Pubblicato"), sotto).toString(),
+             QStringLiteral("N"));
+
+    // Under a published parent the tick stays.
+    ambiente.seam.Svuota();
+    editore.Mostra(libero);
+    editore.Modifica();
+    Compila(editore);
+    Pubblica(&editore)->click();
+    QVERIFY(ambiente.seam.Messaggi().isEmpty());
+    QVERIFY(Pubblica(&editore)->isChecked());
+    editore.Salva(libero);
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Pubblicato"), libero).toString(),
+             QStringLiteral("S"));
+    // Unticking is never refused.
+    editore.Modifica();
+    Pubblica(&editore)->click();
+    QVERIFY(ambiente.seam.Messaggi().isEmpty());
+    QVERIFY(!Pubblica(&editore)->isChecked());
+
+    // A new finding aid hangs under the institute the window assigned.
+    editore.AssegnaIstituto(ambiente.IdIstituto(chiuso));
+    editore.Nuovo();
+    Pubblica(&editore)->click();
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTesto, QStringLiteral("Inventario non pubblicabile"));
+    QVERIFY(!Pubblica(&editore)->isChecked());
+    editore.AssegnaIstituto(ambiente.IdIstituto(aperto));
+    editore.Nuovo();
+    Pubblica(&editore)->click();
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    QVERIFY(Pubblica(&editore)->isChecked());
+}
+
+void TestInventario::laSedeScendeAiFigliDirettiAncheComeMagazzinoMaNonAiNipoti() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long sede =
+        ambiente.CreaIstituto(QStringLiteral("Sezione"), QStringLiteral("03"), istituto);
+    const long magazzino =
+        ambiente.CreaIstituto(QStringLiteral("Deposito"), QStringLiteral("04"), istituto);
+    const long idSede = ambiente.IdIstituto(sede);
+    const long idMagazzino = ambiente.IdIstituto(magazzino);
+    const long padre = ambiente.Crea("03", QStringLiteral("Inventario generale"), istituto);
+    const long figlio1 = ambiente.Crea("03", QStringLiteral("Supplemento 1"), padre);
+    const long figlio2 = ambiente.Crea("03", QStringLiteral("Supplemento 2"), padre);
+    const long nipote = ambiente.Crea("03", QStringLiteral("Aggiornamento"), figlio1);
+    const long vicino = ambiente.Crea("03", QStringLiteral("Altro inventario"), istituto);
+    for (long id : {figlio1, figlio2, nipote, vicino})
+        ambiente.Scrivi(QStringLiteral("ID_IstitutoSede = ?, ID_IstitutoMag = ?"),
+                        {QVariant(QMetaType::fromType<qlonglong>()), Id(idMagazzino), Id(id)});
+
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(padre);
+    editore.Modifica();
+    Compila(editore);
+    Combo(&editore, "cmbSede")->setCurrentIndex(Combo(&editore, "cmbSede")->findData(Id(idSede)));
+    Combo(&editore, "cmbMagazzino")
+        ->setCurrentIndex(Combo(&editore, "cmbMagazzino")->findData(Id(idMagazzino)));
+    editore.Salva(padre);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoSede"), padre).toLongLong(),
+             qlonglong(idSede));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), padre).toLongLong(),
+             qlonglong(idMagazzino));
+    // The direct children take the seat as seat and as warehouse.
+    for (long figlio : {figlio1, figlio2}) {
+        QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoSede"), figlio).toLongLong(),
+                 qlonglong(idSede));
+        QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), figlio).toLongLong(),
+                 qlonglong(idSede));
+    }
+    for (long altro : {nipote, vicino}) {
+        QVERIFY(ambiente.Colonna(QStringLiteral("ID_IstitutoSede"), altro).isNull());
+        QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), altro).toLongLong(),
+                 qlonglong(idMagazzino));
+    }
+    // "Sede" on the parent: Null goes down.
+    editore.Modifica();
+    Combo(&editore, "cmbSede")->setCurrentIndex(0);
+    editore.Salva(padre);
+    QVERIFY(ambiente.Colonna(QStringLiteral("ID_IstitutoSede"), figlio1).isNull());
+    QVERIFY(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), figlio2).isNull());
+    QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), nipote).toLongLong(),
+             qlonglong(idMagazzino));
+}
+
+void TestInventario::unSalvaRifiutatoDalDatabaseLasciaIlRecordComEra() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long sede =
+        ambiente.CreaIstituto(QStringLiteral("Sezione"), QStringLiteral("03"), istituto);
+    const long idSede = ambiente.IdIstituto(sede);
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    const long figlio = ambiente.Crea("03", QStringLiteral("Supplemento"), id);
+    ambiente.Scrivi(QStringLiteral("Autore = ?"), {QStringLiteral("Anna Bianchi"), Id(id)});
+    Sessione::cnn->Esegui(
+        QStringLiteral("UPDATE Elementi SET Redattore = ?, Pubblicato = ?, Md5Link = ? "
+                       "WHERE ID_Elemento = ?"),
+        {QStringLiteral("Anna Bianchi"), QStringLiteral("N"), NullTesto(), Id(id)});
+    // The database refuses a finding aid by this author, after the row of Elementi is written.
+    if (backend == TipoBackend::SQLite) {
+        Sessione::cnn->Esegui(QStringLiteral(
+            "CREATE TRIGGER prova_rifiuta BEFORE UPDATE ON Inventari FOR EACH ROW "
+            "WHEN NEW.Autore = 'Rifiutato' BEGIN SELECT RAISE(ABORT, 'Autore rifiutato'); END"));
+    } else {
+        Sessione::cnn->Esegui(
+            QStringLiteral("CREATE FUNCTION prova_rifiuta() RETURNS trigger LANGUAGE plpgsql AS "
+                           "$$ BEGIN IF NEW.Autore = 'Rifiutato' THEN "
+                           "RAISE EXCEPTION 'Autore rifiutato'; END IF; RETURN NEW; END $$"));
+        Sessione::cnn->Esegui(
+            QStringLiteral("CREATE TRIGGER prova_rifiuta BEFORE UPDATE ON Inventari FOR EACH ROW "
+                           "EXECUTE FUNCTION prova_rifiuta()"));
+    }
+
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(id);
+    QVERIFY(editore.OkModifica);
+    editore.Modifica();
+    Compila(editore);
+    Riga(&editore, 7)->setText(QStringLiteral("Rifiutato"));
+    Riga(&editore, 17)->setText(QStringLiteral("Carlo Verdi"));
+    Combo(&editore, "cmbSede")->setCurrentIndex(Combo(&editore, "cmbSede")->findData(Id(idSede)));
+    editore.findChild<QDateEdit*>(QStringLiteral("DTPData"))->setDate(QDate(2001, 1, 2));
+    const QVariant dataPrima = ambiente.ColonnaElemento(QStringLiteral("DataRedazione"), id);
+    editore.Salva(id);
+
+    // The error in a critical box with the default title, the text being the server's words.
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    const Messaggio messaggio = ambiente.seam.Messaggi().at(0);
+    QCOMPARE(messaggio.icona, Icona::Critica);
+    QCOMPARE(messaggio.sTitolo, Sessione::TitoloProgramma);
+    QVERIFY2(messaggio.sTesto.contains(QStringLiteral("Autore rifiutato")),
+             qPrintable(messaggio.sTesto));
+    // Nothing of the save stays: not the row of Elementi, nor the record, nor the children.
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Redattore"), id).toString(),
+             QStringLiteral("Anna Bianchi"));
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("DataRedazione"), id), dataPrima);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Autore"), id).toString(),
+             QStringLiteral("Anna Bianchi"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Denominazione"), id).toString(),
+             QStringLiteral("Inventario"));
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Denominazione"), id).toString(),
+             QStringLiteral("Inventario"));
+    QVERIFY(ambiente.Colonna(QStringLiteral("ID_IstitutoSede"), figlio).isNull());
+    // The form is locked, with the text typed still in it; the host is told nothing.
+    QVERIFY(!Riga(&editore, 0)->isEnabled());
+    QCOMPARE(Testo(&editore, 7), QStringLiteral("Rifiutato"));
+    QVERIFY(editore.OkModifica);
+
+    // The connection goes on working: the next save is written.
+    editore.Modifica();
+    Riga(&editore, 7)->setText(QStringLiteral("Carlo Verdi"));
+    editore.Salva(id);
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Redattore"), id).toString(),
+             QStringLiteral("Carlo Verdi"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Autore"), id).toString(),
+             QStringLiteral("Carlo Verdi"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), figlio).toLongLong(),
+             qlonglong(idSede));
+}
+
+void TestInventario::unInventarioCancellatoNelFrattempoNonSiScriveESiTace() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(id);
+    editore.Modifica();
+    Compila(editore);
+    // Another workstation deletes it; the database takes its element with it.
+    Sessione::cnn->Esegui(QStringLiteral("DELETE FROM Inventari WHERE ID_Elemento = ?"), {Id(id)});
+    editore.Salva(id);
+    QVERIFY(ambiente.seam.Messaggi().isEmpty());
+    QCOMPARE(
+        ambiente
+            .Valore(QStringLiteral("SELECT COUNT(*) FROM Elementi WHERE ID_Elemento = ?"), {Id(id)})
+            .toInt(),
+        0);
+    QCOMPARE(ambiente
+                 .Valore(QStringLiteral("SELECT COUNT(*) FROM Inventari WHERE ID_Elemento = ?"),
+                         {Id(id)})
+                 .toInt(),
+             0);
+    QVERIFY(!editore.OkModifica);
+    QVERIFY(!editore.OkCancella);
+    QCOMPARE(editore.InventariAnalitici, -1);
+    QVERIFY(!Riga(&editore, 0)->isEnabled());
+}
+
+void TestInventario::lImmagineDiUnInventarioDigitaleSiImportaESiRimuove() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    DocumentoMag mag;
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario digitale"), istituto);
+    ambiente.Scrivi(QStringLiteral("TipoInventario = ?"), {QStringLiteral("D"), Id(id)});
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(id);
+    QVERIFY(Immagine(&editore)->isEnabled());
+    QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Immagine"));
+
+    // The import: the MAG document chosen, its digest in hand and on the element.
+    ambiente.seam.fileScelti = {mag.sDoc};
+    Immagine(&editore)->click();
+    QCOMPARE(ambiente.seam.Chiamate(QStringLiteral("file")).size(), 1);
+    QCOMPARE(ambiente.seam.Chiamate(QStringLiteral("file")).constFirst().sceltaFile.sFiltroScelto,
+             QStringLiteral("Xml Files(*.xml)"));
+    QVERIFY(ambiente.seam.Messaggi().isEmpty());
+    QString sErrore;
+    const QString sMd5 = basGestImgMag::sCalculateMd5(mag.sDoc, sErrore);
+    QVERIFY(!sMd5.isEmpty());
+    QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Elimina coll. immagine"));
+    QCOMPARE(Immagine(&editore)->property("Tag").toString(), QStringLiteral("1"));
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).toString(), sMd5);
+
+    // A save keeps it, and so does the next Mostra.
+    editore.Modifica();
+    Compila(editore);
+    Combo(&editore, "cmbTipoInv")->setCurrentIndex(3); // "D"
+    editore.Salva(id);
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).toString(), sMd5);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("TipoInventario"), id).toString(),
+             QStringLiteral("D"));
+    editore.Mostra(id);
+    QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Elimina coll. immagine"));
+
+    // The removal asks first; No keeps the link.
+    ambiente.seam.risposte = {Risposta::No};
+    Immagine(&editore)->click();
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTitolo, QStringLiteral("Cancella Immagini. "));
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTesto,
+             QStringLiteral("Sei sicuro di voler cancellare le immagini?"));
+    QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Elimina coll. immagine"));
+    ambiente.seam.risposte = {Risposta::Si};
+    Immagine(&editore)->click();
+    QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Immagine"));
+    QCOMPARE(Immagine(&editore)->property("Tag").toString(), QStringLiteral("0"));
+    QCOMPARE(ambiente.Valore(QStringLiteral("SELECT Status FROM MD5Location WHERE MD5 = ?"), {sMd5})
+                 .toInt(),
+             3);
+    editore.Modifica();
+    editore.Salva(id);
+    QVERIFY(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).isNull());
+    editore.Mostra(id);
+    QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Immagine"));
+}
+
+void TestInventario::unImportazioneFallitaNonLasciaCollegamentoDopoIlSalva() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    DocumentoMag mag;
+    QFile::remove(mag.cartella.path() + QStringLiteral("/scansioni/0001.tif"));
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario digitale"), istituto);
+    ambiente.Scrivi(QStringLiteral("TipoInventario = ?"), {QStringLiteral("D"), Id(id)});
+    ucInventario editore;
+    editore.Init();
+    editore.Mostra(id);
+    ambiente.seam.fileScelti = {mag.sDoc};
+    Immagine(&editore)->click();
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    QCOMPARE(ambiente.seam.Messaggi().at(0).icona, Icona::Critica);
+    QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Immagine"));
+    // The import wrote its link; the record holds none, and its save says so.
+    QVERIFY(!ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).toString().isEmpty());
+    editore.Modifica();
+    Compila(editore);
+    editore.Salva(id);
+    QVERIFY(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).isNull());
 }
 
 void TestInventario::unInventarioSiCreaMostraModificaESalvaAttraversoLOspite() {

@@ -105,6 +105,7 @@ struct ucInventario::Dati {
     long lIdInventario = 0;
     QString sMd5Link; // the MAG document in hand
     bool bPiuLegami = false;
+    int iSupporto = -1; // the entry of cmbTipoInv that the form's shape follows
 
     QComboBox* cmbTipologiaIN = nullptr;
     QComboBox* cmbTipologiaIN2 = nullptr;
@@ -480,6 +481,10 @@ int ucInventario::CercaTipoInventario(const QString& sCodice) const {
 // --- Private -------------------------------------------------------------------------------
 
 void ucInventario::TipoInvCliccato(int indice) {
+    // Only a change of the entry: the combo also signals an index that it already had.
+    if (indice == d->iSupporto)
+        return;
+    d->iSupporto = indice;
     // The level is no longer offered once a support has been chosen; the edition belongs to the
     // printed finding aid, the XML document to the electronic one.
     d->cmbTipologiaIN->setVisible(false);
