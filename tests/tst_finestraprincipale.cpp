@@ -1,6 +1,7 @@
 // The main window: its menus, the rule of one main child window at a time, the modal tools
 // and the help books.
 
+#include "programma/Registro.h"
 #include "session/Errore.h"
 #include "session/PrimoMDI.h"
 #include "session/Sessione.h"
@@ -122,6 +123,8 @@ void TestFinestraPrincipale::initTestCase() {
         const QString sNome = QLatin1String(nome);
         PrimoMDI::RegistraFinestra(sNome, [sNome](PrimoMDI*) { return FinestraFinta(sNome); });
     }
+    // The program's own dialogs of the menus; its windows of the list above stay stand-ins.
+    RegistraFinestreProgramma();
 }
 
 void TestFinestraPrincipale::cleanupTestCase() {

@@ -1,6 +1,7 @@
 // The maintenance commands of the Strumenti menu: the sight of Config, the change of Valore, the
 // backup and the web index, with the two procedures behind the last two.
 
+#include "programma/Registro.h"
 #include "session/Errore.h"
 #include "session/PrimoMDI.h"
 #include "session/Sessione.h"
@@ -165,6 +166,7 @@ QString Apici(const QString& sTesto) {
 class TestManutenzione : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase() { RegistraFinestreProgramma(); }
     void init();
     void cleanup();
 

@@ -7,6 +7,7 @@
 #include "exchange/frmImporta.h"
 #include "exchange/frmScEsporta.h"
 #include "exchange/frmScImporta.h"
+#include "programma/Registro.h"
 #include "session/PrimoMDI.h"
 #include "session/Sessione.h"
 #include "store/Connessione.h"
@@ -85,6 +86,7 @@ private:
     static void Righe();
 
 private Q_SLOTS:
+    void initTestCase() { RegistraFinestreProgramma(); }
     void cleanup() { Sessione::Azzera(); }
 
     void unaRadiceMancanteAlCaricamentoDaErrore2ELaSceltaRestaAperta_data() { Righe(); }

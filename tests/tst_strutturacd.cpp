@@ -4,6 +4,7 @@
 // errors, the answers to the complesso record, and the whole road from the menu, on SQLite
 // and on PostgreSQL.
 
+#include "programma/Registro.h"
 #include "records/ucComplesso.h"
 #include "records/ucIstituto.h"
 #include "session/PrimoMDI.h"
@@ -290,6 +291,7 @@ protected:
 class TestStrutturaCD : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase() { RegistraFinestreProgramma(); }
     void unDatabaseVuotoMostraLaSolaRadiceEIFlagDellaRadice_data() { AggiungiBackend(); }
     void unDatabaseVuotoMostraLaSolaRadiceEIFlagDellaRadice();
     void suUnSitoSNonSiCreaNullaSottoLaRadice_data() { AggiungiBackend(); }

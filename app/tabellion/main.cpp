@@ -1,5 +1,7 @@
+#include "programma/Registro.h"
 #include "session/Avvio.h"
 
 int main(int argc, char* argv[]) {
+    RegistraFinestreProgramma();
     return AvviaTabellion(argc, argv);
 }

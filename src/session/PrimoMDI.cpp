@@ -6,21 +6,14 @@
 #include "IconaProgramma.h"
 #include "LetturaLista.h"
 #include "Piattaforma.h"
+#include "RegistroNomi.h"
 #include "Sessione.h"
-#include "exchange/frmScEsporta.h"
-#include "exchange/frmScImporta.h"
-#include "frmBackup.h"
-#include "frmConfig.h"
-#include "frmIdicizWeb.h"
 #include "frmLogin.h"
-#include "frmValore.h"
 #include "store/Connessione.h"
-#include "structure/frmStrutturaCD.h"
 
 #include <QAction>
 #include <QCloseEvent>
 #include <QDialog>
-#include <QMap>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -31,8 +24,8 @@
 
 namespace {
 
-QMap<QString, PrimoMDI::Fabbrica>& Fabbriche() {
-    static QMap<QString, PrimoMDI::Fabbrica> fabbriche;
+RegistroNomi<PrimoMDI::Fabbrica>& Fabbriche() {
+    static RegistroNomi<PrimoMDI::Fabbrica> fabbriche;
     return fabbriche;
 }
 
@@ -91,18 +84,6 @@ PrimoMDI::PrimoMDI(QWidget* parent)
         asGuide.append(QString());
     }
     CreaMenu();
-    // The maintenance dialogs of the Strumenti menu.
-    RegistraPredefinita(QStringLiteral("frmConfig"), [](PrimoMDI* p) { return new frmConfig(p); });
-    RegistraPredefinita(QStringLiteral("frmValore"), [](PrimoMDI* p) { return new frmValore(p); });
-    RegistraPredefinita(QStringLiteral("frmBackup"), [](PrimoMDI* p) { return new frmBackup(p); });
-    RegistraPredefinita(QStringLiteral("frmIdicizWeb"),
-                        [](PrimoMDI* p) { return new frmIdicizWeb(p); });
-    RegistraPredefinita(QStringLiteral("frmScEsporta"),
-                        [](PrimoMDI* p) { return new frmScEsporta(p); });
-    RegistraPredefinita(QStringLiteral("frmScImporta"),
-                        [](PrimoMDI* p) { return new frmScImporta(p); });
-    RegistraPredefinita(QStringLiteral("frmStrutturaCD"),
-                        [](PrimoMDI* p) { return new frmStrutturaCD(p); });
     // Until the session is open only the help and the entries that need nothing can be chosen.
     for (const char* nome :
          {"mnuComplessiDoc", "mnuInventari", "mnuSoggetti", "mnuRegistro", "mnuStrumenti",
@@ -122,17 +103,15 @@ PrimoMDI* PrimoMDI::Istanza() {
 }
 
 void PrimoMDI::RegistraPredefinita(const QString& sNome, Fabbrica fabbrica) {
-    if (!Fabbriche().contains(sNome)) {
-        Fabbriche().insert(sNome, std::move(fabbrica));
-    }
+    Fabbriche().RegistraPredefinita(sNome, std::move(fabbrica));
 }
 
 void PrimoMDI::RegistraFinestra(const QString& sNome, Fabbrica fabbrica) {
-    Fabbriche().insert(sNome, std::move(fabbrica));
+    Fabbriche().Registra(sNome, std::move(fabbrica));
 }
 
 void PrimoMDI::RimuoviFinestra(const QString& sNome) {
-    Fabbriche().remove(sNome);
+    Fabbriche().Rimuovi(sNome);
 }
 
 QAction* PrimoMDI::Voce(QMenu* menu, const char* nome, const QString& sDidascalia) {
@@ -246,8 +225,8 @@ void PrimoMDI::ApriFiglia(const VoceFiglia& voce) {
     if (*voce.flag) {
         return; // already open: not even brought forward
     }
-    const auto fabbrica = Fabbriche().constFind(voce.sFinestra);
-    if (fabbrica == Fabbriche().constEnd()) {
+    const Fabbrica fabbrica = Fabbriche().Trova(voce.sFinestra);
+    if (!fabbrica) {
         return; // a window the program does not have yet
     }
     if (voce.bChiamanteAntroponimi) {
@@ -257,7 +236,7 @@ void PrimoMDI::ApriFiglia(const VoceFiglia& voce) {
     *voce.flag = true;
     QPointer<QWidget> finestra;
     const bool bAperta = AperturaProtetta(voce.sFinestra, [&] {
-        finestra = (*fabbrica)(this);
+        finestra = fabbrica(this);
         if (finestra == nullptr) {
             return;
         }
@@ -280,12 +259,12 @@ void PrimoMDI::ApriFiglia(const VoceFiglia& voce) {
 }
 
 void PrimoMDI::ApriModale(const QString& sNome) {
-    const auto fabbrica = Fabbriche().constFind(sNome);
-    if (fabbrica == Fabbriche().constEnd()) {
+    const Fabbrica fabbrica = Fabbriche().Trova(sNome);
+    if (!fabbrica) {
         return;
     }
     QPointer<QWidget> finestra;
-    if (!AperturaProtetta(sNome, [&] { finestra = (*fabbrica)(this); })) {
+    if (!AperturaProtetta(sNome, [&] { finestra = fabbrica(this); })) {
         delete finestra.data();
         return;
     }

@@ -25,8 +25,9 @@ public:
     // The path of help book n (1 to 6), as Menu.txt gives it.
     QString PercorsoGuida(int n) const;
 
-    // How the windows that the menu entries open are made: the window of each subsystem
-    // registers itself by its name. An entry whose window is not registered opens nothing.
+    // How the windows that the menu entries open are made, by name: the program's windows are
+    // registered in one place above the subsystems (programma/Registro.h), before the main form
+    // opens. An entry whose window is not registered opens nothing.
     using Fabbrica = std::function<QWidget*(PrimoMDI*)>;
     static void RegistraFinestra(const QString& sNome, Fabbrica fabbrica);
     // The program's own windows: registered unless another window already has that name (so

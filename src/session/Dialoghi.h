@@ -1,0 +1,38 @@
+#pragma once
+
+// The modal dialogs of the program by name. A record or a window opens a dialog by its name,
+// so that its button exists before the dialog does and a test may stand in for the dialog. The
+// dialogs are registered in one place above the subsystems (programma/Registro.h).
+//
+// The opener fills the session values that the dialog reads and reads back its outcome there
+// (Sessione.h); the arguments carry only what belongs to the dialog itself, by the names of
+// its members (e.g. "bInventarioBase").
+
+#include <QString>
+#include <QVariantMap>
+#include <functional>
+
+class QDialog;
+class QWidget;
+
+namespace Dialoghi {
+
+// What the opener hands to the dialog, by the names of the dialog's members.
+using Argomenti = QVariantMap;
+// Makes the dialog, child of genitore, ready to be shown modally, given the arguments.
+using Fabbrica = std::function<QDialog*(QWidget* genitore, const Argomenti& argomenti)>;
+
+// Registers the maker under the name, in place of any other.
+void Registra(const QString& sNome, Fabbrica fabbrica);
+// Registers the maker unless the name is taken already (by a test's stand-in).
+void RegistraPredefinito(const QString& sNome, Fabbrica fabbrica);
+void Rimuovi(const QString& sNome);
+bool Registrato(const QString& sNome);
+
+// Makes the dialog of that name, shows it modally (exec) and deletes it once it is closed;
+// true when a dialog was shown. A dialog without an objectName takes the name. When no dialog
+// has that name (or its maker gives none) nothing visible happens and the answer is false. An
+// error raised while the dialog is made reaches the caller.
+bool Apri(const QString& sNome, QWidget* genitore, const Argomenti& argomenti = {});
+
+} // namespace Dialoghi
