@@ -4,6 +4,7 @@
 // goes down to the direct children, the publishing rule, the trapped errors of Salva, the
 // other names and the road of a new complesso through a host.
 
+#include "programma/Registro.h"
 #include "records/ucComplesso.h"
 #include "session/Conversioni.h"
 #include "session/Sessione.h"
@@ -183,6 +184,7 @@ void EsciDa(ucComplesso& editore, int n, const QString& testo) {
 class TestComplesso : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase() { RegistraFinestreProgramma(); }
     void iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiSchedeETag_data() { AggiungiBackend(); }
     void iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiSchedeETag();
     void nelSelettoreDiComplessiTrePulsantiSonoNascosti_data() { AggiungiBackend(); }

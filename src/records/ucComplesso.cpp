@@ -1,8 +1,8 @@
 #include "ucComplesso.h"
 
 #include "SediIstituto.h"
-#include "authorities/frmAltreDenominazioni.h"
 #include "session/Conversioni.h"
+#include "session/Dialoghi.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
@@ -747,8 +747,7 @@ void ucComplesso::AltreDenClick() {
             {Id(d->lIdElemento)});
         Sessione::lIdAltreDen = riga.next() ? Lungo(riga.value(0)) : 0;
         Sessione::sTipoAltreDen = QStringLiteral("CD");
-        frmAltreDenominazioni finestra(this);
-        finestra.exec();
+        Dialoghi::Apri(QStringLiteral("frmAltreDenominazioni"), this);
         CheckDenominazioni();
     } catch (const Errore& errore) {
         MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica, QStringLiteral("Errore T3"));
@@ -762,7 +761,7 @@ void ucComplesso::LinkSogClick() {
     Sessione::iTipoSogg = 0;
     Sessione::sTipoLink = QStringLiteral("0");
     Sessione::iEsitoLinkSogg = 0;
-    // The viewer of the producers comes with the link dialogs.
+    Dialoghi::Apri(QStringLiteral("frmMostraLinkCS"), this);
     if (d->objCaller != nullptr)
         d->objCaller->ChkSogg();
 }
@@ -772,11 +771,14 @@ void ucComplesso::MostraLinksClick() {
         Sessione::sDenomComplesso = d->objCaller->GetDenon();
     Sessione::lIdComplesso = d->lIdElemento;
     Sessione::iEsitoLinkInv = 0;
-    // The viewer of the finding aids comes with the link dialogs.
+    Dialoghi::Apri(QStringLiteral("frmMostraLinkCD"), this);
     if (d->objCaller != nullptr)
         d->objCaller->ChkLinks();
 }
 
 void ucComplesso::LinkPergClick() {
-    // The viewer of the parchments, given LeggiDenominazione, comes with the link dialogs.
+    // The same viewer, for the complesso's parchments: handed the record's own denomination.
+    Sessione::lIdComplesso = d->lIdElemento;
+    Dialoghi::Apri(QStringLiteral("frmMostraLinkCD"), this,
+                   {{QStringLiteral("sDenominazione"), LeggiDenominazione()}});
 }
