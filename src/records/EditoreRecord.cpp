@@ -14,6 +14,7 @@
 #include <QComboBox>
 #include <QDate>
 #include <QDateEdit>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
@@ -21,6 +22,8 @@
 #include <QSignalBlocker>
 #include <QSqlQuery>
 #include <QTextCursor>
+#include <QTimer>
+#include <utility>
 
 namespace {
 
@@ -41,6 +44,83 @@ const Connessione& Cnn() {
                      QStringLiteral("La connessione al database è chiusa."));
     return *Sessione::cnn;
 }
+
+// True while a refused box shows its message and takes the focus back: the focus that passes
+// meanwhile through other boxes is no leave of theirs.
+bool bInControllo = false;
+
+// Eats the press of a mouse button that is being delivered (the one whose focus change was
+// refused) and goes away; it goes away at the next turn of the event loop too, when no press
+// comes (a focus moved by the wheel).
+class ScartaPressione : public QObject {
+public:
+    ScartaPressione() {
+        qApp->installEventFilter(this);
+        QTimer::singleShot(0, this, [this] { Fine(); });
+    }
+
+protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override {
+        if (evento->type() != QEvent::MouseButtonPress &&
+            evento->type() != QEvent::MouseButtonDblClick)
+            return QObject::eventFilter(oggetto, evento);
+        evento->accept();
+        Fine();
+        return true;
+    }
+
+private:
+    void Fine() {
+        qApp->removeEventFilter(this);
+        deleteLater();
+    }
+};
+
+// The check of one box on leaving it, living as long as the box.
+class ControlloUscita : public QObject {
+public:
+    ControlloUscita(QWidget* campo, std::function<QString()> leggi,
+                    std::function<QString(const QString&)> controlla, bool bRifiutaUscita)
+        : QObject(campo)
+        , casella(campo)
+        , testo(std::move(leggi))
+        , verifica(std::move(controlla))
+        , bRifiuta(bRifiutaUscita) {
+        casella->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override {
+        if (oggetto != casella || evento->type() != QEvent::FocusOut)
+            return QObject::eventFilter(oggetto, evento);
+        // Not a leave: the window only loses the activation, or a popup opens.
+        const Qt::FocusReason motivo = static_cast<QFocusEvent*>(evento)->reason();
+        if (bInControllo || motivo == Qt::ActiveWindowFocusReason || motivo == Qt::PopupFocusReason)
+            return false;
+        const QString sMessaggio = verifica(testo());
+        if (sMessaggio.isEmpty())
+            return false;
+        bInControllo = true;
+        MsgBox(sMessaggio, Pulsanti::Ok, Icona::Informazione, QStringLiteral("Attenzione"));
+        const bool bRiprende = casella->isEnabled() && casella->isVisible();
+        if (bRiprende)
+            casella->setFocus(Qt::OtherFocusReason);
+        bInControllo = false;
+        if (!bRiprende)
+            return false;
+        // The press that moved the focus is delivered right after this event.
+        if (bRifiuta && motivo == Qt::MouseFocusReason)
+            new ScartaPressione;
+        // The box has the focus again: it never lost it.
+        return true;
+    }
+
+private:
+    QWidget* casella;
+    std::function<QString()> testo;
+    std::function<QString(const QString&)> verifica;
+    bool bRifiuta;
+};
 
 } // namespace
 
@@ -315,6 +395,22 @@ void EditoreRecord::ImpostaTestoDi(QWidget* controllo, const QString& sTesto) {
         riga->setText(sTesto);
     else if (auto* multiRiga = qobject_cast<QPlainTextEdit*>(controllo))
         multiRiga->setPlainText(sTesto);
+}
+
+// --- Checks on leaving a box -------------------------------------------------------------
+
+void EditoreRecord::ControllaAllUscita(QWidget* casella,
+                                       std::function<QString(const QString& sTesto)> verifica,
+                                       Uscita modo) {
+    // One check a box: a new one takes the place of the old.
+    const QObjectList figli = casella->children();
+    for (QObject* figlio : figli) {
+        if (dynamic_cast<ControlloUscita*>(figlio) != nullptr)
+            delete figlio;
+    }
+    new ControlloUscita(
+        casella, [casella] { return TestoDi(casella); }, std::move(verifica),
+        modo == Uscita::Rifiuta);
 }
 
 // --- Lock, unlock, clear -----------------------------------------------------------------

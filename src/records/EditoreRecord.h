@@ -15,6 +15,7 @@
 #include <QString>
 #include <QVariant>
 #include <QWidget>
+#include <functional>
 #include <initializer_list>
 
 class QAbstractButton;
@@ -98,6 +99,15 @@ public:
     static long FigliElemento(long lIdElemento);
 
 protected:
+    enum class Uscita { RestituisceFuoco, Rifiuta };
+    // Runs verifica with the box's text when the box loses the focus (not when only the window
+    // loses the activation or a popup opens). A non-empty answer is shown in a box titled
+    // "Attenzione" (information icon) and the focus goes back to the box; with Uscita::Rifiuta the
+    // click that took the focus away is not delivered either.
+    void ControllaAllUscita(QWidget* casella,
+                            std::function<QString(const QString& sTesto)> verifica,
+                            Uscita modo = Uscita::RestituisceFuoco);
+
     // The controls in the order of the design.
     void Registra(QWidget* controllo);
     // A button that opens a child dialog: enabled while a record is shown, disabled while one

@@ -123,6 +123,42 @@ QString NomeCampoK(int indice) {
     }
 }
 
+// The message of a box whose text cannot stay when it is left, "" when the text is taken.
+QString MessaggioUscita(int indice, const QString& sTesto) {
+    if (sTesto.isEmpty())
+        return QString();
+    switch (indice) {
+    case 4:
+    case 5:
+        if ((sTesto.size() == 3 || sTesto.size() == 4) && IsNumeric(sTesto))
+            return QString();
+        return indice == 4 ? QStringLiteral("Data inizio errata")
+                           : QStringLiteral("Data fine errata");
+    case 28:
+        return sTesto.size() < 5 && IsNumeric(sTesto)
+                   ? QString()
+                   : QStringLiteral("Codice ordinamento errato.");
+    case 15:
+        return IsNumeric(sTesto)
+                   ? QString()
+                   : QStringLiteral("Inserire un valore numerico nel campo 'Metri Lineari'.");
+    case 12:
+        return IsNumeric(sTesto)
+                   ? QString()
+                   : QStringLiteral("Inserire un valore numerico nel campo 'Consistenza'.");
+    case 17:
+    case 18:
+    case 19:
+    case 20:
+    case 21:
+        return IsNumeric(sTesto) ? QString()
+                                 : QStringLiteral("Inserire un valore numerico nel campo '") +
+                                       NomeCampoK(indice) + QStringLiteral("'.");
+    default:
+        return QString();
+    }
+}
+
 } // namespace
 
 struct ucComplesso::Dati {
@@ -130,7 +166,6 @@ struct ucComplesso::Dati {
     long lIdPadre = 0;
     long lIdElemento = 0;
     long lIdComplessoDoc = 0;
-    bool bInControllo = false; // a refused box is taking the focus back
 
     QLabel* lbCodice = nullptr;
     QTabWidget* SSTab1 = nullptr;
@@ -344,8 +379,24 @@ void ucComplesso::CostruisciForm() {
     for (QPlainTextEdit* breve : {txt25})
         breve->setMaximumHeight(breve->fontMetrics().lineSpacing() * 3);
 
-    // The boxes with a check on leaving, and the blinking ones.
-    for (int n : {4, 5, 28, 15, 12, 17, 18, 19, 20, 21, 22})
+    // The boxes with a check on leaving; a blinking box restarts its blink when it is left
+    // with a text it takes.
+    for (int n : {4, 5, 28, 15, 12, 17, 18, 19, 20, 21}) {
+        const int bit = n == 12 ? 1 : n == 15 ? 2 : 0;
+        ControllaAllUscita(Testo(n), [this, n, bit](const QString& sTesto) {
+            const QString sMessaggio = MessaggioUscita(n, sTesto);
+            if (sMessaggio.isEmpty() && bit != 0)
+                ControllaRiporti(bit);
+            return sMessaggio;
+        });
+    }
+    // The worth has no check: leaving it only restarts its blink.
+    ControllaAllUscita(Testo(22), [this](const QString&) {
+        ControllaRiporti(4);
+        return QString();
+    });
+    // Entering a blinking box stops its blink.
+    for (int n : {12, 15, 22})
         Testo(n)->installEventFilter(this);
 
     connect(d->chkPubblicaCD, &QCheckBox::clicked, this, [this] { PubblicaClick(); });
@@ -656,79 +707,17 @@ void ucComplesso::Lampeggia(int iTimer) {
         Riposo(iTimer);
 }
 
-// --- Checks on leaving a box -------------------------------------------------------------
-
-bool ucComplesso::ControllaUscita(int indice) {
-    const QString sTesto = TestoDi(Testo(indice));
-    QString sMessaggio;
-    switch (indice) {
-    case 4:
-    case 5:
-        if (!sTesto.isEmpty() && !((sTesto.size() == 3 || sTesto.size() == 4) && IsNumeric(sTesto)))
-            sMessaggio = indice == 4 ? QStringLiteral("Data inizio errata")
-                                     : QStringLiteral("Data fine errata");
-        break;
-    case 28:
-        if (!sTesto.isEmpty() && !(sTesto.size() < 5 && IsNumeric(sTesto)))
-            sMessaggio = QStringLiteral("Codice ordinamento errato.");
-        break;
-    case 15:
-        if (!sTesto.isEmpty() && !IsNumeric(sTesto))
-            sMessaggio = QStringLiteral("Inserire un valore numerico nel campo 'Metri Lineari'.");
-        break;
-    case 12:
-        if (!sTesto.isEmpty() && !IsNumeric(sTesto))
-            sMessaggio = QStringLiteral("Inserire un valore numerico nel campo 'Consistenza'.");
-        break;
-    case 17:
-    case 18:
-    case 19:
-    case 20:
-    case 21:
-        if (!sTesto.isEmpty() && !IsNumeric(sTesto))
-            sMessaggio = QStringLiteral("Inserire un valore numerico nel campo '") +
-                         NomeCampoK(indice) + QStringLiteral("'.");
-        break;
-    default:
-        break;
-    }
-    if (sMessaggio.isEmpty())
-        return true;
-    MsgBox(sMessaggio, Pulsanti::Ok, Icona::Informazione, QStringLiteral("Attenzione"));
-    return false;
-}
+// --- Entering a blinking box ------------------------------------------------------------
 
 bool ucComplesso::eventFilter(QObject* oggetto, QEvent* evento) {
-    auto* casella = qobject_cast<QWidget*>(oggetto);
-    if (casella == nullptr ||
-        (evento->type() != QEvent::FocusIn && evento->type() != QEvent::FocusOut))
-        return EditoreRecord::eventFilter(oggetto, evento);
-    int indice = -1;
-    for (int n : {4, 5, 28, 15, 12, 17, 18, 19, 20, 21, 22}) {
-        if (Testo(n) == casella) {
-            indice = n;
-            break;
-        }
-    }
-    const int bit = indice == 12 ? 1 : indice == 15 ? 2 : indice == 22 ? 4 : 0;
     if (evento->type() == QEvent::FocusIn) {
+        const int bit = oggetto == Testo(12)   ? 1
+                        : oggetto == Testo(15) ? 2
+                        : oggetto == Testo(22) ? 4
+                                               : 0;
         if (bit != 0)
             ControllaRiporti(bit, true);
-        return EditoreRecord::eventFilter(oggetto, evento);
     }
-    // Leaving the box: not when the window only loses the activation or a popup opens.
-    const Qt::FocusReason motivo = static_cast<QFocusEvent*>(evento)->reason();
-    if (d->bInControllo || motivo == Qt::ActiveWindowFocusReason || motivo == Qt::PopupFocusReason)
-        return EditoreRecord::eventFilter(oggetto, evento);
-    if (!ControllaUscita(indice)) {
-        d->bInControllo = true;
-        if (casella->isEnabled() && casella->isVisible())
-            casella->setFocus(Qt::OtherFocusReason);
-        d->bInControllo = false;
-        return EditoreRecord::eventFilter(oggetto, evento);
-    }
-    if (bit != 0)
-        ControllaRiporti(bit);
     return EditoreRecord::eventFilter(oggetto, evento);
 }
 

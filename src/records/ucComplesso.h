@@ -57,8 +57,6 @@ private:
     void ControllaRiporti(int quali = 7, bool bFerma = false);
     void Lampeggia(int iTimer);
     void Riposo(int iTimer);
-    // The check of a box on leaving it; false when it refused the text.
-    bool ControllaUscita(int indice);
     void BloccaCampiCD();
     void SbloccaCampiCD();
     void AltreDenClick();
@@ -66,6 +64,7 @@ private:
     void MostraLinksClick();
     void LinkPergClick();
     void PubblicaClick();
+    // Entering a blinking box stops its blink.
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
     struct Dati;
