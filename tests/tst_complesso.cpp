@@ -213,6 +213,8 @@ private Q_SLOTS:
     void lOrdinamentoTieneQuattroCifreE12AERifiutato();
     void iNumeriSonoControllatiAllUscitaERaritaHaIlNomeVuoto_data() { AggiungiBackend(); }
     void iNumeriSonoControllatiAllUscitaERaritaHaIlNomeVuoto();
+    void unAnnoErratoLasciatoConUnClicSuConfermaNonFermaLaConferma_data() { AggiungiBackend(); }
+    void unAnnoErratoLasciatoConUnClicSuConfermaNonFermaLaConferma();
     void unObbligatorioSullaSchedaNascostaDaIlMessaggioSenzaCambiareScheda_data() {
         AggiungiBackend();
     }
@@ -833,6 +835,34 @@ void TestComplesso::iNumeriSonoControllatiAllUscitaERaritaHaIlNomeVuoto() {
         EsciDa(*editore, caso.first, QString());
         QCOMPARE(ambiente.seam.Messaggi().size(), attesi);
     }
+}
+
+void TestComplesso::unAnnoErratoLasciatoConUnClicSuConfermaNonFermaLaConferma() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("02", QStringLiteral("Fondo"), istituto);
+    auto* editore = new ucComplesso;
+    HostEditore ospite(editore, QStringLiteral("02"), istituto);
+    Collega(ospite, editore);
+    ospite.Carica();
+    QVERIFY(Attiva(ospite));
+    ospite.MostraElemento(id);
+    ospite.cmdModifica->click();
+    Compila(*editore);
+    Riga(editore, 4)->setFocus();
+    Riga(editore, 4)->setText(QStringLiteral("90"));
+    QVERIFY(Riga(editore, 4)->hasFocus());
+    // The message comes, and the press on Conferma still confirms; the box locked by the save
+    // says nothing more.
+    QTest::mouseClick(ospite.cmdConferma, Qt::LeftButton);
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTesto, QStringLiteral("Data inizio errata"));
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTitolo, QStringLiteral("Attenzione"));
+    QCOMPARE(ospite.Stato(), QStringLiteral("mostra"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("DataInizio"), id).toLongLong(), 900101);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("DataFine"), id).toLongLong(), 14991231);
 }
 
 void TestComplesso::unObbligatorioSullaSchedaNascostaDaIlMessaggioSenzaCambiareScheda() {

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void nessunControlloQuandoLaFinestraPerdeSoloLAttivazione();
     void nessunControlloQuandoSiApreUnMenu();
     void unTestoAccettatoNonDiceNulla();
+    void unaCasellaDisabilitataDalProgrammaNonControllaIlSuoTesto();
     void ilFuocoCheTornaNonFaControllareLAltraCasella();
     void unNuovoControlloPrendeIlPostoDelVecchio();
 };
@@ -215,6 +216,20 @@ void TestUscitaCasella::unTestoAccettatoNonDiceNulla() {
         QCOMPARE(editore.iClic, 1);
         QCOMPARE(seam.Messaggi().size(), 0);
         QCOMPARE(editore.testiVerificati, QStringList({QStringLiteral("1450"), QString()}));
+    }
+}
+
+void TestUscitaCasella::unaCasellaDisabilitataDalProgrammaNonControllaIlSuoTesto() {
+    for (const auto modo :
+         {EditoreUscita::Uscita::RestituisceFuoco, EditoreUscita::Uscita::Rifiuta}) {
+        PiattaformaScriptata seam;
+        EditoreUscita editore(modo);
+        QVERIFY(Prepara(editore, QStringLiteral("12a")));
+        // Locked while it holds the focus (as after a save): the focus moves on, unchecked.
+        editore.txtAnno->setEnabled(false);
+        QVERIFY(!editore.txtAnno->hasFocus());
+        QCOMPARE(seam.Messaggi().size(), 0);
+        QVERIFY(editore.testiVerificati.isEmpty());
     }
 }
 

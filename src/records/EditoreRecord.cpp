@@ -93,16 +93,18 @@ protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override {
         if (oggetto != casella || evento->type() != QEvent::FocusOut)
             return QObject::eventFilter(oggetto, evento);
-        // Not a leave: the window only loses the activation, or a popup opens.
+        // Not a leave: the window only loses the activation, or a popup opens, or the program
+        // locks the box (after a save, a cancel).
         const Qt::FocusReason motivo = static_cast<QFocusEvent*>(evento)->reason();
-        if (bInControllo || motivo == Qt::ActiveWindowFocusReason || motivo == Qt::PopupFocusReason)
+        if (bInControllo || motivo == Qt::ActiveWindowFocusReason ||
+            motivo == Qt::PopupFocusReason || !casella->isEnabled())
             return false;
         const QString sMessaggio = verifica(testo());
         if (sMessaggio.isEmpty())
             return false;
         bInControllo = true;
         MsgBox(sMessaggio, Pulsanti::Ok, Icona::Informazione, QStringLiteral("Attenzione"));
-        const bool bRiprende = casella->isEnabled() && casella->isVisible();
+        const bool bRiprende = casella->isVisible();
         if (bRiprende)
             casella->setFocus(Qt::OtherFocusReason);
         bInControllo = false;

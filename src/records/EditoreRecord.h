@@ -101,9 +101,9 @@ public:
 protected:
     enum class Uscita { RestituisceFuoco, Rifiuta };
     // Runs verifica with the box's text when the box loses the focus (not when only the window
-    // loses the activation or a popup opens). A non-empty answer is shown in a box titled
-    // "Attenzione" (information icon) and the focus goes back to the box; with Uscita::Rifiuta the
-    // click that took the focus away is not delivered either.
+    // loses the activation or a popup opens, nor when the box is disabled). A non-empty answer is
+    // shown in a box titled "Attenzione" (information icon) and the focus goes back to the box;
+    // with Uscita::Rifiuta the click that took the focus away is not delivered either.
     void ControllaAllUscita(QWidget* casella,
                             std::function<QString(const QString& sTesto)> verifica,
                             Uscita modo = Uscita::RestituisceFuoco);
