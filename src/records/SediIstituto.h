@@ -20,8 +20,8 @@ public:
     // The entry of the stored key; the first entry when the key is not in the list.
     int CercaSede(long lId) const;
     int CercaMagazzino(long lId) const;
-    // The chosen place as its column holds it: Null for none chosen or for the institute
-    // itself ("Sede", key 0).
+    // The chosen place as its column holds it: Null for the institute itself ("Sede", key 0);
+    // with no entry chosen, the number of an empty code, 0.
     QVariant Sede() const;
     QVariant Magazzino() const;
 
