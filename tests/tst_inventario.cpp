@@ -16,6 +16,7 @@
 #include "HostEditore.h"
 #include "PiattaformaScriptata.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -160,6 +161,14 @@ void Compila(ucInventario& editore) {
     Riga(&editore, 4)->setText(QStringLiteral("1890"));
 }
 
+// Shows the host, makes it the active window: the focus moves between the boxes.
+bool Attiva(QWidget& finestra) {
+    finestra.show();
+    QApplication::setActiveWindow(&finestra);
+    finestra.activateWindow();
+    return QTest::qWaitForWindowActive(&finestra);
+}
+
 // The host reads the flags of the record to set its buttons.
 void Collega(HostEditore& ospite, ucInventario* editore) {
     ospite.okNuovo = [editore] {
@@ -207,6 +216,8 @@ private Q_SLOTS:
     void lImmagineSiOffreSoloAUnInventarioDigitale_data() { AggiungiBackend(); }
     void lImmagineSiOffreSoloAUnInventarioDigitale();
     void laSceltaDelSupportoRimodellaIlModulo();
+    void unAnnoNonNumericoOPiuCortoDiTreCifreERifiutatoAllUscita_data() { AggiungiBackend(); }
+    void unAnnoNonNumericoOPiuCortoDiTreCifreERifiutatoAllUscita();
     void pubblicareSottoUnPadreNonPubblicatoERifiutatoEIlSalvaScriveN_data() { AggiungiBackend(); }
     void pubblicareSottoUnPadreNonPubblicatoERifiutatoEIlSalvaScriveN();
     void laSedeScendeAiFigliDirettiAncheComeMagazzinoMaNonAiNipoti_data() { AggiungiBackend(); }
@@ -855,6 +866,56 @@ void TestInventario::laSceltaDelSupportoRimodellaIlModulo() {
     QVERIFY(!visibile(Riga(&editore, 10)));
     QVERIFY(visibile(Riga(&editore, 15)));
     QVERIFY(!editore.bElettronico());
+}
+
+void TestInventario::unAnnoNonNumericoOPiuCortoDiTreCifreERifiutatoAllUscita() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    auto* editore = new ucInventario;
+    HostEditore ospite(editore, QStringLiteral("03"), istituto);
+    Collega(ospite, editore);
+    ospite.Carica();
+    QVERIFY(Attiva(ospite));
+    ospite.MostraElemento(id);
+    ospite.cmdModifica->click();
+    Compila(*editore);
+
+    int iAttesi = 0;
+    for (int n : {4, 5}) {
+        for (const char* errato : {"19a", "12", "x", "1"}) {
+            QLineEdit* anno = Riga(editore, n);
+            anno->setFocus();
+            anno->setText(QLatin1String(errato));
+            // Left with a click on the title.
+            QTest::mouseClick(Riga(editore, 0), Qt::LeftButton);
+            ++iAttesi;
+            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
+            const Messaggio messaggio = ambiente.seam.Messaggi().constLast();
+            QCOMPARE(messaggio.sTesto, QStringLiteral("Anno errato"));
+            QCOMPARE(messaggio.sTitolo, QStringLiteral("Attenzione"));
+            QCOMPARE(messaggio.icona, Icona::Informazione);
+            QVERIFY2(anno->hasFocus(), errato);
+            QCOMPARE(anno->text(), QLatin1String(errato));
+        }
+        // Three or four digits, or nothing, may leave.
+        for (const char* giusto : {"812", "1890", ""}) {
+            Riga(editore, n)->setFocus();
+            Riga(editore, n)->setText(QLatin1String(giusto));
+            QTest::mouseClick(Riga(editore, 0), Qt::LeftButton);
+            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
+            QVERIFY2(Riga(editore, 0)->hasFocus(), giusto);
+        }
+    }
+    // The check is on leaving only: the save does not repeat it.
+    Riga(editore, 4)->setText(QStringLiteral("812"));
+    Riga(editore, 5)->setText(QStringLiteral("12"));
+    QVERIFY(ospite.Conferma());
+    QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("AnnoInizio"), id).toLongLong(), qlonglong(812));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("AnnoFine"), id).toLongLong(), qlonglong(12));
 }
 
 void TestInventario::pubblicareSottoUnPadreNonPubblicatoERifiutatoEIlSalvaScriveN() {

@@ -232,6 +232,10 @@ ucInventario::ucInventario(QWidget* parent)
         precedente = campo;
     }
 
+    // A year box left with a text that is no year says so and keeps the focus.
+    for (int n : {4, 5})
+        ControllaAllUscita(Testo(n), &ucInventario::ControllaAnno);
+
     // A support chosen, by the user or by Mostra, reshapes the form.
     connect(d->cmbTipoInv, &QComboBox::currentIndexChanged, this,
             [this](int indice) { TipoInvCliccato(indice); });
