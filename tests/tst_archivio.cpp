@@ -118,6 +118,8 @@ private Q_SLOTS:
     void ogniColonnaLettaDalleVisteEPresente();
     void inserireOgniTipoCreaLaRigaDiDettaglio_data() { AggiungiBackend(); }
     void inserireOgniTipoCreaLaRigaDiDettaglio();
+    void ogniTipoPrendeUnNomeLungoQuantoLaSuaColonna_data() { AggiungiBackend(); }
+    void ogniTipoPrendeUnNomeLungoQuantoLaSuaColonna();
     void unaPergamenaHaLeSueQuattroRigheEUnSigilloLaSuaTipologia_data() { AggiungiBackend(); }
     void unaPergamenaHaLeSueQuattroRigheEUnSigilloLaSuaTipologia();
     void unProduttoreHaLaRigaDelSuoTipoEIlNomeLoSegue_data() { AggiungiBackend(); }
@@ -281,6 +283,44 @@ void TestArchivio::inserireOgniTipoCreaLaRigaDiDettaglio() {
                         {L(atteso.id)}));
     }
     QCOMPARE(Conta(*b.cnn, QStringLiteral("SELECT COUNT(*) FROM Elementi")), 7);
+}
+
+void TestArchivio::ogniTipoPrendeUnNomeLungoQuantoLaSuaColonna() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Banca b(backend);
+    // Each kind's name as long as its own column allows, longer than the narrowest name column
+    // of another kind (Pergamene.Segnatura, 64): the detail rows of the other kinds never
+    // see it.
+    const auto nome = [](int n) {
+        QString testo;
+        while (testo.size() < n) {
+            testo += QStringLiteral("Carteggio dell'archivio \"Guinigi\", àèìòù ");
+        }
+        return testo.left(n);
+    };
+    const long istituto = Crea(*b.cnn, "01", nome(256));
+    const long inventario = Crea(*b.cnn, "03", nome(256), istituto);
+    const struct {
+        long id;
+        const char* tabella;
+        const char* colonna;
+        int lunghezza;
+    } attesi[] = {
+        {istituto, "Istituti", "Denominazione", 256},
+        {Crea(*b.cnn, "02", nome(256), istituto), "ComplessiDoc", "Denominazione", 256},
+        {inventario, "Inventari", "Denominazione", 256},
+        {Crea(*b.cnn, "04", nome(512), istituto), "Versamenti", "Titolo", 512},
+        {Crea(*b.cnn, "07", nome(128), inventario), "DatiInventariali", "Titolo", 128},
+    };
+    for (const auto& atteso : attesi) {
+        QCOMPARE(Valore(*b.cnn,
+                        QStringLiteral("SELECT %1 FROM %2 WHERE ID_Elemento = ?")
+                            .arg(QLatin1String(atteso.colonna), QLatin1String(atteso.tabella)),
+                        {L(atteso.id)})
+                     .toString(),
+                 nome(atteso.lunghezza));
+    }
 }
 
 void TestArchivio::unaPergamenaHaLeSueQuattroRigheEUnSigilloLaSuaTipologia() {

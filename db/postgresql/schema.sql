@@ -1194,27 +1194,34 @@ CREATE FUNCTION tabellion_elementi_inserimento() RETURNS trigger LANGUAGE plpgsq
 BEGIN
     UPDATE Elementi SET Code = (SELECT Code FROM Config) WHERE ID_Elemento = NEW.ID_Elemento AND Code IS NULL;
     UPDATE Elementi SET Figli = Figli + 1 WHERE ID_Elemento = NEW.ID_ElementoPadre;
-    INSERT INTO Istituti (ID_Istituto, ID_Elemento, Code, Denominazione, DenomCompleta)
-        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE(COALESCE((SELECT DenomCompleta FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)) || ' > ', '') || NEW.Denominazione
-        WHERE NEW.Tipologia = '01' AND NOT EXISTS (SELECT 1 FROM Istituti WHERE ID_Elemento = NEW.ID_Elemento);
-    INSERT INTO ComplessiDoc (ID_ComplessoDoc, ID_Elemento, Code, Denominazione, DenomCompleta, ID_Istituto, ISAD_Nazione, ISAD_Codice, ISAD_Sigla)
-        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE(COALESCE((SELECT DenomCompleta FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)) || ' > ', '') || NEW.Denominazione, COALESCE((SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)), 'IT', (SELECT ISAD_Codice FROM Istituti WHERE ID_Istituto = COALESCE((SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre))), (SELECT ISAD_Sigla FROM Istituti WHERE ID_Istituto = COALESCE((SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)))
-        WHERE NEW.Tipologia = '02' AND NOT EXISTS (SELECT 1 FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_Elemento);
-    INSERT INTO Inventari (ID_Inventario, ID_Elemento, Code, Denominazione, DenomCompleta, ID_Istituto)
-        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE(COALESCE((SELECT DenomCompleta FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)) || ' > ', '') || NEW.Denominazione, COALESCE((SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre))
-        WHERE NEW.Tipologia = '03' AND NOT EXISTS (SELECT 1 FROM Inventari WHERE ID_Elemento = NEW.ID_Elemento);
-    INSERT INTO Versamenti (ID_Versamento, ID_Elemento, Code, ID_Istituto, Titolo)
-        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), COALESCE((SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)), NEW.Denominazione
-        WHERE NEW.Tipologia = '04' AND NOT EXISTS (SELECT 1 FROM Versamenti WHERE ID_Elemento = NEW.ID_Elemento);
-    INSERT INTO Pergamene (ID_Pergamena, ID_Elemento, Code, Segnatura, ID_Inventario)
-        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE((SELECT ID_Inventario FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM DatiInventariali WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Pergamene WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Sigilli WHERE ID_Elemento = NEW.ID_ElementoPadre))
-        WHERE NEW.Tipologia = '05' AND NOT EXISTS (SELECT 1 FROM Pergamene WHERE ID_Elemento = NEW.ID_Elemento);
-    INSERT INTO Sigilli (ID_Sigillo, ID_Elemento, Code, Identificativo, ID_Inventario)
-        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE((SELECT ID_Inventario FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM DatiInventariali WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Pergamene WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Sigilli WHERE ID_Elemento = NEW.ID_ElementoPadre))
-        WHERE NEW.Tipologia = '06' AND NOT EXISTS (SELECT 1 FROM Sigilli WHERE ID_Elemento = NEW.ID_Elemento);
-    INSERT INTO DatiInventariali (ID_DatoInventariale, ID_Elemento, Code, Titolo, ID_Inventario)
-        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE((SELECT ID_Inventario FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM DatiInventariali WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Pergamene WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Sigilli WHERE ID_Elemento = NEW.ID_ElementoPadre))
-        WHERE NEW.Tipologia = '07' AND NOT EXISTS (SELECT 1 FROM DatiInventariali WHERE ID_Elemento = NEW.ID_Elemento);
+    IF NEW.Tipologia = '01' AND NOT EXISTS (SELECT 1 FROM Istituti WHERE ID_Elemento = NEW.ID_Elemento) THEN
+        INSERT INTO Istituti (ID_Istituto, ID_Elemento, Code, Denominazione, DenomCompleta)
+        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE(COALESCE((SELECT DenomCompleta FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)) || ' > ', '') || NEW.Denominazione;
+    END IF;
+    IF NEW.Tipologia = '02' AND NOT EXISTS (SELECT 1 FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_Elemento) THEN
+        INSERT INTO ComplessiDoc (ID_ComplessoDoc, ID_Elemento, Code, Denominazione, DenomCompleta, ID_Istituto, ISAD_Nazione, ISAD_Codice, ISAD_Sigla)
+        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE(COALESCE((SELECT DenomCompleta FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)) || ' > ', '') || NEW.Denominazione, COALESCE((SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)), 'IT', (SELECT ISAD_Codice FROM Istituti WHERE ID_Istituto = COALESCE((SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre))), (SELECT ISAD_Sigla FROM Istituti WHERE ID_Istituto = COALESCE((SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)));
+    END IF;
+    IF NEW.Tipologia = '03' AND NOT EXISTS (SELECT 1 FROM Inventari WHERE ID_Elemento = NEW.ID_Elemento) THEN
+        INSERT INTO Inventari (ID_Inventario, ID_Elemento, Code, Denominazione, DenomCompleta, ID_Istituto)
+        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE(COALESCE((SELECT DenomCompleta FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT DenomCompleta FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)) || ' > ', '') || NEW.Denominazione, COALESCE((SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre));
+    END IF;
+    IF NEW.Tipologia = '04' AND NOT EXISTS (SELECT 1 FROM Versamenti WHERE ID_Elemento = NEW.ID_Elemento) THEN
+        INSERT INTO Versamenti (ID_Versamento, ID_Elemento, Code, ID_Istituto, Titolo)
+        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), COALESCE((SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM ComplessiDoc WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Istituto FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre)), NEW.Denominazione;
+    END IF;
+    IF NEW.Tipologia = '05' AND NOT EXISTS (SELECT 1 FROM Pergamene WHERE ID_Elemento = NEW.ID_Elemento) THEN
+        INSERT INTO Pergamene (ID_Pergamena, ID_Elemento, Code, Segnatura, ID_Inventario)
+        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE((SELECT ID_Inventario FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM DatiInventariali WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Pergamene WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Sigilli WHERE ID_Elemento = NEW.ID_ElementoPadre));
+    END IF;
+    IF NEW.Tipologia = '06' AND NOT EXISTS (SELECT 1 FROM Sigilli WHERE ID_Elemento = NEW.ID_Elemento) THEN
+        INSERT INTO Sigilli (ID_Sigillo, ID_Elemento, Code, Identificativo, ID_Inventario)
+        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE((SELECT ID_Inventario FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM DatiInventariali WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Pergamene WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Sigilli WHERE ID_Elemento = NEW.ID_ElementoPadre));
+    END IF;
+    IF NEW.Tipologia = '07' AND NOT EXISTS (SELECT 1 FROM DatiInventariali WHERE ID_Elemento = NEW.ID_Elemento) THEN
+        INSERT INTO DatiInventariali (ID_DatoInventariale, ID_Elemento, Code, Titolo, ID_Inventario)
+        SELECT NEW.ID_Elemento, NEW.ID_Elemento, COALESCE(NEW.Code, (SELECT Code FROM Config)), NEW.Denominazione, COALESCE((SELECT ID_Inventario FROM Inventari WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM DatiInventariali WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Pergamene WHERE ID_Elemento = NEW.ID_ElementoPadre), (SELECT ID_Inventario FROM Sigilli WHERE ID_Elemento = NEW.ID_ElementoPadre));
+    END IF;
     RETURN NULL;
 END
 $$;
@@ -1619,15 +1626,18 @@ CREATE TRIGGER Links_Eliminazione AFTER DELETE ON Links FOR EACH ROW EXECUTE FUN
 
 CREATE FUNCTION tabellion_soggetti_inserimento() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN
-    INSERT INTO Persone (ID_Persona, ID_Soggetto, Nome, Code, ISAD_Nazione, ISAD_Codice, ISAD_Sigla)
-        SELECT NEW.ID_Soggetto, NEW.ID_Soggetto, NEW.Denominazione, COALESCE(NEW.Code, (SELECT Code FROM Config)), 'IT', (SELECT I.ISAD_Codice FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1), (SELECT I.ISAD_Sigla FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1)
-        WHERE NEW.TipoSoggetto = 'P' AND NOT EXISTS (SELECT 1 FROM Persone WHERE ID_Soggetto = NEW.ID_Soggetto);
-    INSERT INTO Famiglie (ID_Famiglia, ID_Soggetto, Nome, Code, ISAD_Nazione, ISAD_Codice, ISAD_Sigla)
-        SELECT NEW.ID_Soggetto, NEW.ID_Soggetto, NEW.Denominazione, COALESCE(NEW.Code, (SELECT Code FROM Config)), 'IT', (SELECT I.ISAD_Codice FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1), (SELECT I.ISAD_Sigla FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1)
-        WHERE NEW.TipoSoggetto = 'F' AND NOT EXISTS (SELECT 1 FROM Famiglie WHERE ID_Soggetto = NEW.ID_Soggetto);
-    INSERT INTO Enti (ID_Ente, ID_Soggetto, Denominazione, Code, ISAD_Nazione, ISAD_Codice, ISAD_Sigla)
-        SELECT NEW.ID_Soggetto, NEW.ID_Soggetto, NEW.Denominazione, COALESCE(NEW.Code, (SELECT Code FROM Config)), 'IT', (SELECT I.ISAD_Codice FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1), (SELECT I.ISAD_Sigla FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1)
-        WHERE NEW.TipoSoggetto = 'E' AND NOT EXISTS (SELECT 1 FROM Enti WHERE ID_Soggetto = NEW.ID_Soggetto);
+    IF NEW.TipoSoggetto = 'P' AND NOT EXISTS (SELECT 1 FROM Persone WHERE ID_Soggetto = NEW.ID_Soggetto) THEN
+        INSERT INTO Persone (ID_Persona, ID_Soggetto, Nome, Code, ISAD_Nazione, ISAD_Codice, ISAD_Sigla)
+        SELECT NEW.ID_Soggetto, NEW.ID_Soggetto, NEW.Denominazione, COALESCE(NEW.Code, (SELECT Code FROM Config)), 'IT', (SELECT I.ISAD_Codice FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1), (SELECT I.ISAD_Sigla FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1);
+    END IF;
+    IF NEW.TipoSoggetto = 'F' AND NOT EXISTS (SELECT 1 FROM Famiglie WHERE ID_Soggetto = NEW.ID_Soggetto) THEN
+        INSERT INTO Famiglie (ID_Famiglia, ID_Soggetto, Nome, Code, ISAD_Nazione, ISAD_Codice, ISAD_Sigla)
+        SELECT NEW.ID_Soggetto, NEW.ID_Soggetto, NEW.Denominazione, COALESCE(NEW.Code, (SELECT Code FROM Config)), 'IT', (SELECT I.ISAD_Codice FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1), (SELECT I.ISAD_Sigla FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1);
+    END IF;
+    IF NEW.TipoSoggetto = 'E' AND NOT EXISTS (SELECT 1 FROM Enti WHERE ID_Soggetto = NEW.ID_Soggetto) THEN
+        INSERT INTO Enti (ID_Ente, ID_Soggetto, Denominazione, Code, ISAD_Nazione, ISAD_Codice, ISAD_Sigla)
+        SELECT NEW.ID_Soggetto, NEW.ID_Soggetto, NEW.Denominazione, COALESCE(NEW.Code, (SELECT Code FROM Config)), 'IT', (SELECT I.ISAD_Codice FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1), (SELECT I.ISAD_Sigla FROM Istituti I JOIN Elementi E ON E.ID_Elemento = I.ID_Elemento WHERE E.ID_ElementoPadre IS NULL AND I.ISAD_Codice IS NOT NULL ORDER BY I.ID_Istituto LIMIT 1);
+    END IF;
     RETURN NULL;
 END
 $$;
@@ -1980,18 +1990,22 @@ CREATE TRIGGER SGTitolari_Codice AFTER INSERT ON SGTitolari FOR EACH ROW EXECUTE
 
 CREATE FUNCTION tabellion_pergamene_righe() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN
-    INSERT INTO PGSupporti (ID_Pergamena, Code)
-        SELECT NEW.ID_Pergamena, NEW.Code
-        WHERE NOT EXISTS (SELECT 1 FROM PGSupporti WHERE ID_Pergamena = NEW.ID_Pergamena);
-    INSERT INTO PGTraditio (ID_Pergamena, Code)
-        SELECT NEW.ID_Pergamena, NEW.Code
-        WHERE NOT EXISTS (SELECT 1 FROM PGTraditio WHERE ID_Pergamena = NEW.ID_Pergamena);
-    INSERT INTO PGEleGrafici (ID_Pergamena, Code)
-        SELECT NEW.ID_Pergamena, NEW.Code
-        WHERE NOT EXISTS (SELECT 1 FROM PGEleGrafici WHERE ID_Pergamena = NEW.ID_Pergamena);
-    INSERT INTO PGNoteStoriche (ID_Pergamena, Code)
-        SELECT NEW.ID_Pergamena, NEW.Code
-        WHERE NOT EXISTS (SELECT 1 FROM PGNoteStoriche WHERE ID_Pergamena = NEW.ID_Pergamena);
+    IF NOT EXISTS (SELECT 1 FROM PGSupporti WHERE ID_Pergamena = NEW.ID_Pergamena) THEN
+        INSERT INTO PGSupporti (ID_Pergamena, Code)
+        SELECT NEW.ID_Pergamena, NEW.Code;
+    END IF;
+    IF NOT EXISTS (SELECT 1 FROM PGTraditio WHERE ID_Pergamena = NEW.ID_Pergamena) THEN
+        INSERT INTO PGTraditio (ID_Pergamena, Code)
+        SELECT NEW.ID_Pergamena, NEW.Code;
+    END IF;
+    IF NOT EXISTS (SELECT 1 FROM PGEleGrafici WHERE ID_Pergamena = NEW.ID_Pergamena) THEN
+        INSERT INTO PGEleGrafici (ID_Pergamena, Code)
+        SELECT NEW.ID_Pergamena, NEW.Code;
+    END IF;
+    IF NOT EXISTS (SELECT 1 FROM PGNoteStoriche WHERE ID_Pergamena = NEW.ID_Pergamena) THEN
+        INSERT INTO PGNoteStoriche (ID_Pergamena, Code)
+        SELECT NEW.ID_Pergamena, NEW.Code;
+    END IF;
     RETURN NULL;
 END
 $$;
@@ -1999,9 +2013,10 @@ CREATE TRIGGER Pergamene_Righe AFTER INSERT ON Pergamene FOR EACH ROW EXECUTE FU
 
 CREATE FUNCTION tabellion_sigilli_righe() RETURNS trigger LANGUAGE plpgsql AS $$
 BEGIN
-    INSERT INTO SGTipo (ID_Sigillo, Code)
-        SELECT NEW.ID_Sigillo, NEW.Code
-        WHERE NOT EXISTS (SELECT 1 FROM SGTipo WHERE ID_Sigillo = NEW.ID_Sigillo);
+    IF NOT EXISTS (SELECT 1 FROM SGTipo WHERE ID_Sigillo = NEW.ID_Sigillo) THEN
+        INSERT INTO SGTipo (ID_Sigillo, Code)
+        SELECT NEW.ID_Sigillo, NEW.Code;
+    END IF;
     RETURN NULL;
 END
 $$;
