@@ -10,6 +10,7 @@
 #include "structure/FinestraStruttura.h"
 #include "structure/frmStrutturaCD.h"
 
+#include "AmbienteStruttura.h"
 #include "BancaDatiProva.h"
 #include "CartellaProva.h"
 #include "PiattaformaScriptata.h"
@@ -124,24 +125,6 @@ struct Ambiente {
     PiattaformaScriptata piattaforma;
     BancaDatiProva banca;
 };
-
-QStringList TestiFigli(const ModelloAlbero& modello, const QModelIndex& padre) {
-    QStringList testi;
-    for (int riga = 0; riga < modello.rowCount(padre); ++riga) {
-        testi.append(modello.Testo(modello.index(riga, 0, padre)));
-    }
-    return testi;
-}
-
-QList<Messaggio> MessaggiCon(const PiattaformaScriptata& piattaforma, const QString& sTitolo) {
-    QList<Messaggio> trovati;
-    for (const Messaggio& messaggio : piattaforma.Messaggi()) {
-        if (messaggio.sTitolo == sTitolo) {
-            trovati.append(messaggio);
-        }
-    }
-    return trovati;
-}
 
 } // namespace
 

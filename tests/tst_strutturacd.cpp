@@ -14,8 +14,7 @@
 #include "store/ModelloAlbero.h"
 #include "structure/frmStrutturaCD.h"
 
-#include "BancaDatiProva.h"
-#include "CartellaProva.h"
+#include "AmbienteStruttura.h"
 #include "Modali.h"
 #include "PiattaformaScriptata.h"
 
@@ -41,59 +40,15 @@ qlonglong L(qint64 valore) {
     return static_cast<qlonglong>(valore);
 }
 
-// The program folder with the lookup lists and the pictures, a fresh database with the codes
-// of institutes and the provinces, and the session on it.
-struct Ambiente {
-    explicit Ambiente(TipoBackend tipo, bool bIstituto = true)
-        : banca(tipo) {
-        QDir().mkpath(cartella.File(QStringLiteral("Bitmap")));
-        const QDir origine(QStringLiteral(TABELLION_SORGENTI "/site/Bitmap"));
-        for (const QString& nome : origine.entryList(QDir::Files)) {
-            QFile::copy(origine.filePath(nome), cartella.File(QStringLiteral("Bitmap/") + nome));
-        }
-        for (const char* lista : {"TipologiaIST.txt", "TipologiaCD.txt"}) {
-            QFile::copy(QStringLiteral(TABELLION_SORGENTI "/site/") + QLatin1String(lista),
-                        cartella.File(QLatin1String(lista)));
-        }
-        Sessione::cnn = banca.Apri();
-        Sessione::bIstituto = bIstituto;
-        Riferimenti();
-    }
-    ~Ambiente() {
-        if (Sessione::cnn) {
-            Sessione::cnn->Chiudi();
-        }
-        Sessione::cnn.reset();
-    }
-    Ambiente(const Ambiente&) = delete;
-    Ambiente& operator=(const Ambiente&) = delete;
+// The environment of the structure windows' tests, with the order of complessi and their
+// producers.
+struct Ambiente : AmbienteStruttura {
+    using AmbienteStruttura::AmbienteStruttura;
 
-    void Riferimenti() const {
-        Sessione::cnn->Esegui(QStringLiteral("INSERT INTO CodiciIstituto (ID_CodiceIstituto, "
-                                             "Denominazione, ISAD_Codice, ISAD_Sigla) "
-                                             "VALUES (?, ?, ?, ?)"),
-                              {QVariant(10), QStringLiteral("Archivio di Stato di Lucca"),
-                               QStringLiteral("IT-ASLU"), QStringLiteral("ASLU")});
-        for (const auto& [sigla, nome] : {std::pair{"LU", "Lucca"}, std::pair{"FI", "Firenze"}}) {
-            Sessione::cnn->Esegui(
-                QStringLiteral("INSERT INTO Provincie (Provincia, NomeProvincia) VALUES (?, ?)"),
-                {QString::fromUtf8(sigla), QString::fromUtf8(nome)});
-        }
-    }
-    const Connessione& cnn() const { return *Sessione::cnn; }
-    long Crea(const char* tipo, const QString& nome, long padre = 0) const {
-        return ArchivioElementi::Crea(cnn(), QLatin1String(tipo), nome, padre);
-    }
     void Ordinamento(long complesso, int numero) const {
         cnn().Esegui(
             QStringLiteral("UPDATE ComplessiDoc SET Ordinamento = ? WHERE ID_Elemento = ?"),
             {numero, L(complesso)});
-    }
-    void Lega(long complesso, long inventario) const {
-        cnn().Esegui(
-            QStringLiteral(
-                "INSERT INTO Links (ID_Elemento, ID_ElementoLink, Specifica) VALUES (?, ?, '')"),
-            {L(complesso), L(inventario)});
     }
     void Produttore(long complesso, const QString& nome) const {
         const qint64 soggetto =
@@ -108,37 +63,7 @@ struct Ambiente {
                                     "ID_Soggetto) VALUES (?, ?)"),
                      {query.value(0), soggetto});
     }
-    QVariant Valore(const QString& sql, std::initializer_list<QVariant> valori) const {
-        QSqlQuery query = cnn().Esegui(sql, valori);
-        return query.next() ? query.value(0) : QVariant();
-    }
-    int Righe(const char* tabella) const {
-        return Valore(QStringLiteral("SELECT COUNT(*) FROM %1").arg(QLatin1String(tabella)), {})
-            .toInt();
-    }
-
-    CartellaProva cartella;
-    PiattaformaScriptata piattaforma;
-    BancaDatiProva banca;
 };
-
-QStringList TestiFigli(const ModelloAlbero& modello, const QModelIndex& padre) {
-    QStringList testi;
-    for (int riga = 0; riga < modello.rowCount(padre); ++riga) {
-        testi.append(modello.Testo(modello.index(riga, 0, padre)));
-    }
-    return testi;
-}
-
-QList<Messaggio> MessaggiCon(const PiattaformaScriptata& piattaforma, const QString& sTitolo) {
-    QList<Messaggio> trovati;
-    for (const Messaggio& messaggio : piattaforma.Messaggi()) {
-        if (messaggio.sTitolo == sTitolo) {
-            trovati.append(messaggio);
-        }
-    }
-    return trovati;
-}
 
 // The enabled state of the four commands, as "NuovoIst NuovoCD Modifica Cancella" 0/1.
 QString Pulsanti4(const frmStrutturaCD& f) {
@@ -158,23 +83,6 @@ void Scegli(frmStrutturaCD& f, qint64 lId) {
     const QModelIndex nodo = f.Modello().Trova(lId);
     QVERIFY(nodo.isValid());
     f.tvwDB->setCurrentIndex(nodo);
-}
-
-QLineEdit* Riga(const QWidget* editore, int n) {
-    return editore->findChild<QLineEdit*>(QStringLiteral("Text1(%1)").arg(n));
-}
-
-void CompilaIstituto(const QWidget* editore, const QString& nome) {
-    Riga(editore, 0)->setText(nome);
-    editore->findChild<QComboBox*>(QStringLiteral("DCCodice"))->setCurrentIndex(0);
-    Riga(editore, 2)->setText(QStringLiteral("Piazza Guidiccioni 8"));
-    Riga(editore, 3)->setText(QStringLiteral("Lucca"));
-    Riga(editore, 4)->setText(QStringLiteral("55100"));
-    editore->findChild<QComboBox*>(QStringLiteral("DCProvincia"))->setCurrentIndex(0);
-    Riga(editore, 6)->setText(QStringLiteral("0583 491465"));
-    Riga(editore, 8)->setText(QStringLiteral("as-lu@cultura.gov.it"));
-    Riga(editore, 10)->setText(QStringLiteral("Maria Rossi"));
-    Riga(editore, 11)->setText(QStringLiteral("8:30-13:30"));
 }
 
 // The mandatory fields of a complesso; false when the record lacks its fields.
@@ -798,11 +706,8 @@ void TestStrutturaCD::laDenominazioneSiLeggeInteraEAllargaConLaCornice() {
     Ambiente a(TipoBackend::SQLite);
     const long ist = a.Crea("01", QStringLiteral("Archivio di Stato di Lucca"));
     const long fondo = a.Crea("02", QStringLiteral("Archivio Guinigi"), ist);
-    a.cartella.ScriviSito(a.banca.Testa(), a.banca.Server(), a.banca.Database(),
-                          QStringLiteral("I"));
-    Sessione::cnn.reset();
-    auto principale = std::make_unique<PrimoMDI>();
-    QVERIFY(AvviaSessione(*principale, a.banca));
+    auto principale = a.AvviaPrincipale();
+    QVERIFY(principale);
     principale->findChild<QAction*>(QStringLiteral("mnuComplessiDoc"))->trigger();
     QPointer<frmStrutturaCD> f = principale->findChild<frmStrutturaCD*>();
     QVERIFY(f);
@@ -842,11 +747,8 @@ void TestStrutturaCD::laStradaCompletaDalMenu() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente a(backend);
-    a.cartella.ScriviSito(a.banca.Testa(), a.banca.Server(), a.banca.Database(),
-                          QStringLiteral("I"));
-    Sessione::cnn.reset();
-    auto principale = std::make_unique<PrimoMDI>();
-    QVERIFY(AvviaSessione(*principale, a.banca));
+    auto principale = a.AvviaPrincipale();
+    QVERIFY(principale);
     // The global unit of worth.
     Sessione::dValore = 2.0;
     a.piattaforma.Svuota();
@@ -859,10 +761,7 @@ void TestStrutturaCD::laStradaCompletaDalMenu() {
     QCOMPARE(f->Modello().Nodi(), 1);
 
     // An institute at the root.
-    f->cmdNuovoIst->click();
-    CompilaIstituto(f->fraIstituto, QStringLiteral("Archivio di Stato di Lucca"));
-    f->cmdConferma->click();
-    const qint64 ist = Selezionato(*f);
+    const qint64 ist = NuovoIstitutoNellaFinestra(*f, QStringLiteral("Archivio di Stato di Lucca"));
     QVERIFY(ist > 0);
     QCOMPARE(f->Modello().Immagine(f->Modello().Trova(ist)), QStringLiteral("istituto"));
     QCOMPARE(Pulsanti4(*f), QStringLiteral("1110"));
@@ -944,15 +843,7 @@ void TestStrutturaCD::laStradaCompletaDalMenu() {
     QCOMPARE(a.Righe("Elementi"), 1);
     QVERIFY(MessaggiCon(a.piattaforma, QStringLiteral("Errore T4")).isEmpty());
 
-    // Escape closes the window and clears its flag.
-    QTest::keyClick(f.data(), Qt::Key_Escape);
-    QVERIFY(QTest::qWaitFor([&] { return !f; }));
-    QVERIFY(!Sessione::bFrmStrutturaCDAperto);
-    principale->findChild<QAction*>(QStringLiteral("mnuComplessiDoc"))->trigger();
-    QVERIFY(Sessione::bFrmStrutturaCDAperto);
-    // So does the close box.
-    principale->Area()->subWindowList().value(0)->close();
-    QVERIFY(QTest::qWaitFor([] { return !Sessione::bFrmStrutturaCDAperto; }));
+    ChiusuraERiaperturaDalMenu(*principale, f, "mnuComplessiDoc", Sessione::bFrmStrutturaCDAperto);
     principale.reset();
 }
 

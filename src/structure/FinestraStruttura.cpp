@@ -18,6 +18,7 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QPushButton>
@@ -289,6 +290,25 @@ void FinestraStruttura::RegistraComando(QPushButton* comando) {
     barraComandi->insertWidget(barraComandi->count() - 2, comando);
 }
 
+QPushButton* FinestraStruttura::NuovoComando(const char* sNome, const QString& sDidascalia) {
+    auto* comando = new QPushButton(sDidascalia, this);
+    comando->setObjectName(QLatin1String(sNome));
+    RegistraComando(comando);
+    return comando;
+}
+
+void FinestraStruttura::AggiungiEditore(EditoreRecord* editore, const char* sNome) {
+    auto* pannello = qobject_cast<QVBoxLayout*>(Frame1->layout());
+    if (pannello == nullptr) {
+        pannello = new QVBoxLayout(Frame1);
+        pannello->setContentsMargins(0, 0, 0, 0);
+    }
+    editore->setParent(Frame1);
+    editore->setObjectName(QLatin1String(sNome));
+    editore->setVisible(pannello->count() == 0);
+    pannello->addWidget(editore);
+}
+
 void FinestraStruttura::BloccaComandi() {
     for (QPushButton* comando : comandi) {
         comando->hide();
@@ -384,6 +404,16 @@ void FinestraStruttura::keyPressEvent(QKeyEvent* evento) {
         return;
     }
     QWidget::keyPressEvent(evento);
+}
+
+void FinestraStruttura::showEvent(QShowEvent* evento) {
+    QWidget::showEvent(evento);
+    if (bPrimaVisualizzazione) {
+        bPrimaVisualizzazione = false;
+        if (auto* cornice = qobject_cast<QMdiSubWindow*>(parentWidget())) {
+            cornice->move(0, 0);
+        }
+    }
 }
 
 QDialog* FinestraStruttura::InDialogo(QWidget* genitore) {

@@ -160,6 +160,11 @@ protected:
 
     // A command button of the window: hidden while editing, shown afterwards.
     void RegistraComando(QPushButton* comando);
+    // A command button made with its name and caption, and registered.
+    QPushButton* NuovoComando(const char* sNome, const QString& sDidascalia);
+    // An editor of the window in Frame1, with its name; of the editors only the first is
+    // visible until a record is shown.
+    void AggiungiEditore(EditoreRecord* editore, const char* sNome);
     // The row of the command buttons, where the window puts its own ones.
     QHBoxLayout* BarraComandi() const { return barraComandi; }
 
@@ -179,6 +184,8 @@ protected:
 
     void keyPressEvent(QKeyEvent* evento) override;
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    // At its first showing a child window of the main form stands at Left 0 and Top 0.
+    void showEvent(QShowEvent* evento) override;
 
 public:
     QTreeView* tvwDB = nullptr;
@@ -202,4 +209,5 @@ private:
     QList<QPushButton*> comandi;
     QList<TipoNodo> tipi;
     bool bSelezioneInterna = false;
+    bool bPrimaVisualizzazione = true;
 };

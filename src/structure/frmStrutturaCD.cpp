@@ -1,26 +1,16 @@
 #include "frmStrutturaCD.h"
 
+#include "TipoIstituto.h"
 #include "records/ucIstituto.h"
 #include "session/Sessione.h"
 #include "store/Connessione.h"
 
-#include <QFrame>
-#include <QMdiSubWindow>
 #include <QPushButton>
-#include <QShowEvent>
-#include <QVBoxLayout>
 
 namespace {
 
-const QString TagRadice = QStringLiteral("00");
 const QString TagIstituto = QStringLiteral("01");
 const QString TagComplesso = QStringLiteral("02");
-
-QPushButton* NuovoComando(QWidget* finestra, const char* nome, const QString& sDidascalia) {
-    auto* comando = new QPushButton(sDidascalia, finestra);
-    comando->setObjectName(QLatin1String(nome));
-    return comando;
-}
 
 } // namespace
 
@@ -30,41 +20,20 @@ frmStrutturaCD::frmStrutturaCD(QWidget* genitore)
     setWindowTitle(QStringLiteral("Complessi documentari"));
 
     // The two editors in Frame1, one visible at a time.
-    auto* pannello = new QVBoxLayout(Frame1);
-    pannello->setContentsMargins(0, 0, 0, 0);
-    fraIstituto = new ucIstituto(Frame1);
-    fraIstituto->setObjectName(QStringLiteral("fraIstituto"));
-    fraComplesso = new ucComplesso(Frame1);
-    fraComplesso->setObjectName(QStringLiteral("fraComplesso"));
-    pannello->addWidget(fraIstituto);
-    pannello->addWidget(fraComplesso);
-    fraComplesso->hide();
+    fraIstituto = new ucIstituto;
+    AggiungiEditore(fraIstituto, "fraIstituto");
+    fraComplesso = new ucComplesso;
+    AggiungiEditore(fraComplesso, "fraComplesso");
 
-    cmdNuovoIst = NuovoComando(this, "cmdNuovoIst", QStringLiteral("Nuovo Istituto"));
-    cmdNuovoCD = NuovoComando(this, "cmdNuovoCD", QStringLiteral("Nuovo Complesso"));
-    cmdModifica = NuovoComando(this, "cmdModifica", QStringLiteral("Modifica"));
-    cmdCancella = NuovoComando(this, "cmdCancella", QStringLiteral("Cancella"));
-    for (QPushButton* comando : {cmdNuovoIst, cmdNuovoCD, cmdModifica, cmdCancella}) {
-        RegistraComando(comando);
-    }
+    cmdNuovoIst = NuovoComando("cmdNuovoIst", QStringLiteral("Nuovo Istituto"));
+    cmdNuovoCD = NuovoComando("cmdNuovoCD", QStringLiteral("Nuovo Complesso"));
+    cmdModifica = NuovoComando("cmdModifica", QStringLiteral("Modifica"));
+    cmdCancella = NuovoComando("cmdCancella", QStringLiteral("Cancella"));
     connect(cmdModifica, &QPushButton::clicked, this, [this] { cmdModifica_Click(); });
     connect(cmdCancella, &QPushButton::clicked, this, [this] { cmdCancella_Click(); });
 
-    TipoNodo istituto;
-    istituto.sTag = TagIstituto;
-    istituto.altriTag = {TagRadice};
-    istituto.sTipo = QStringLiteral("istituto");
-    istituto.editore = fraIstituto;
-    istituto.cmdNuovo = cmdNuovoIst;
-    istituto.sImmagineNuovo = QStringLiteral("istituto");
-    istituto.sTabella = QStringLiteral("Istituti");
-    istituto.sDomandaCancella = QStringLiteral("Sei sicuro di voler cancellare l'Istituto?");
-    istituto.sTitoloCancella = QStringLiteral("Cancella Istituto: ");
-    istituto.pulsanti = {{cmdNuovoIst, &fraIstituto->OkNuovoIstituto},
-                         {cmdNuovoCD, &fraIstituto->OkNuovoComplesso},
-                         {cmdCancella, &fraIstituto->OkCancella},
-                         {cmdModifica, &fraIstituto->OkModifica}};
-    RegistraTipo(istituto);
+    RegistraTipo(TipoIstituto(fraIstituto, cmdNuovoIst, cmdModifica, cmdCancella,
+                              {{cmdNuovoCD, &fraIstituto->OkNuovoComplesso}}));
     TipoNodo complesso;
     complesso.sTag = TagComplesso;
     complesso.sTipo = QStringLiteral("complesso");
@@ -88,31 +57,16 @@ frmStrutturaCD::frmStrutturaCD(QWidget* genitore)
 
 frmStrutturaCD::~frmStrutturaCD() = default;
 
-void frmStrutturaCD::showEvent(QShowEvent* evento) {
-    FinestraStruttura::showEvent(evento);
-    if (bPrimaVisualizzazione) {
-        bPrimaVisualizzazione = false;
-        // Left and Top 0 in the main form.
-        if (auto* cornice = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-            cornice->move(0, 0);
-        }
-    }
-}
-
 // ---------------------------------------------------------------------------------------------
 // The tree
 
 QList<GruppoAlbero> frmStrutturaCD::Gruppi(const QString& sOrdine) {
-    GruppoAlbero istituti;
-    istituti.sCondizione = QStringLiteral("ELEM_Tipologia='01'");
-    istituti.sImmagine = QStringLiteral("istituto");
-    istituti.bPadreNulloERadice = true;
     GruppoAlbero complessi;
     complessi.sCondizione = QStringLiteral("ELEM_Tipologia='02'");
     complessi.sOrdine = QStringLiteral("ELEM_ID_ElementoPadre, ") + sOrdine;
     complessi.sImmagine = QStringLiteral("nolink");
     complessi.sColonnaLink = QStringLiteral("CD_NumeroInventari");
-    return {istituti, complessi};
+    return {GruppoIstituti(), complessi};
 }
 
 QString frmStrutturaCD::OrdineAlfabetico() {

@@ -11,7 +11,6 @@
 #include "records/ucComplesso.h"
 
 class QPushButton;
-class QShowEvent;
 class ucIstituto;
 
 class frmStrutturaCD : public FinestraStruttura, public ChiamanteComplesso {
@@ -60,8 +59,4 @@ protected:
     void DopoMostra(const TipoNodo& tipo) override;
     void PreparaEditore(const TipoNodo& tipo) override;
     void NuovoNellEditore(const TipoNodo& tipo, const QString& sTagPadre) override;
-    void showEvent(QShowEvent* evento) override;
-
-private:
-    bool bPrimaVisualizzazione = true;
 };
