@@ -10,6 +10,7 @@
 #include "session/frmIdicizWeb.h"
 #include "session/frmValore.h"
 #include "structure/frmStrutturaCD.h"
+#include "structure/frmStrutturaIN.h"
 
 #include <QDialog>
 
@@ -17,6 +18,8 @@ void RegistraFinestreProgramma() {
     // The main child windows of the menu bar.
     PrimoMDI::RegistraPredefinita(QStringLiteral("frmStrutturaCD"),
                                   [](PrimoMDI* p) { return new frmStrutturaCD(p); });
+    PrimoMDI::RegistraPredefinita(QStringLiteral("frmStrutturaIN"),
+                                  [](PrimoMDI* p) { return new frmStrutturaIN(p); });
 
     // The dialogs of the Strumenti menu.
     PrimoMDI::RegistraPredefinita(QStringLiteral("frmConfig"),

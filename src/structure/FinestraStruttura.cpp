@@ -357,6 +357,11 @@ QModelIndex FinestraStruttura::SostituisciNodoTemporaneo(qint64 lId, const QStri
                                                          const QString& sImmagine,
                                                          const QString& sTag) {
     RimuoviNodoTemporaneo();
+    // A node that still holds the new key stands for an element that another workstation
+    // deleted meanwhile, and whose key the database has given again.
+    bSelezioneInterna = true;
+    pModello->Rimuovi(lId);
+    bSelezioneInterna = false;
     const QModelIndex nodo = pModello->Aggiungi(lIdCorrente, lId, sTesto, sImmagine, sTag);
     pModello->ImpostaOrdinato(nodo);
     SelezionaNodo(nodo);
@@ -490,6 +495,17 @@ void FinestraStruttura::NuovoNellEditore(const TipoNodo& tipo, const QString&) {
 
 long FinestraStruttura::AggiungiElemento(const QString& sDenominazione, const QString& sTipologia,
                                          long lIdPadre) {
+    // A parent deleted meanwhile (by another workstation) takes no new element: the element
+    // would hang under nothing, and no tree could load it any more.
+    if (lIdPadre > 0 &&
+        EditoreRecord::NessunaRiga(
+            QStringLiteral("SELECT ID_Elemento FROM Elementi WHERE ID_Elemento = ?"),
+            {static_cast<qlonglong>(lIdPadre)})) {
+        throw Errore(QStringLiteral("AggiungiElemento"),
+                     QStringLiteral("L'elemento superiore (%1) non esiste più nel database: il "
+                                    "nuovo elemento non è stato creato.")
+                         .arg(lIdPadre));
+    }
     return ArchivioElementi::Crea(*Sessione::cnn, sTipologia, sDenominazione, lIdPadre);
 }
 

@@ -149,7 +149,8 @@ protected:
     // default).
     virtual void NuovoNellEditore(const TipoNodo& tipo, const QString& sTagPadre);
 
-    // The row of Elementi of a new element; Errore when it cannot be written.
+    // The row of Elementi of a new element; Errore when it cannot be written, or when its
+    // parent is no longer in the database.
     static long AggiungiElemento(const QString& sDenominazione, const QString& sTipologia,
                                  long lIdPadre);
 
