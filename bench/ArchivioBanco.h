@@ -2,8 +2,8 @@
 
 // What the tree benchmarks share: a fresh database on SQLite (in a folder) or on the PostgreSQL
 // server of TABELLION_PG_HOST/PORT/USER/PASSWORD, an archive of institutes with complessi four
-// levels deep loaded into Elementi by the bulk path (the database's duties make the detail
-// rows), and the bare read of a statement's rows, each value read once.
+// levels deep and finding aids loaded into Elementi by the bulk path (the database's duties
+// make the detail rows), and the bare read of a statement's rows, each value read once.
 
 #include "LetturaFile.h"
 #include "session/Errore.h"
@@ -14,6 +14,7 @@
 #include "store/StringaConnessione.h"
 
 #include <QElapsedTimer>
+#include <QList>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QString>
@@ -60,57 +61,134 @@ inline void Elimina(const QString& sStringa) {
     Connessione::BackendDi(letta).EliminaDatabase(letta);
 }
 
+// A load refused by the server ends the benchmark with the server's words.
+inline void Invia(Caricamento& carico) {
+    const Caricamento::Rifiuto rifiuto = carico.Invia();
+    if (rifiuto.iRiga >= 0) {
+        throw Errore(QStringLiteral("bench"), rifiuto.sErrore);
+    }
+}
+
+// Rows of Elementi by the bulk path, inside the caller's transaction, their keys given in
+// order from the first one (the database's duties make the detail rows).
+class CaricoElementi {
+public:
+    CaricoElementi(const Connessione& cnn, qint64 lPrimo)
+        : carico(cnn.backend().ApriCaricamento(
+              cnn.Db(), QStringLiteral("Elementi"),
+              {QStringLiteral("ID_Elemento"), QStringLiteral("ID_ElementoPadre"),
+               QStringLiteral("Tipologia"), QStringLiteral("Denominazione")}))
+        , prossimo(lPrimo) {}
+
+    // An element under that parent (0: at the top); its id.
+    qint64 Crea(const char* tipo, const QString& nome, qint64 padre) {
+        const qint64 id = prossimo++;
+        const std::array<QVariant, 4> riga{id, padre > 0 ? QVariant(padre) : QVariant(),
+                                           QString::fromLatin1(tipo), nome};
+        carico->Aggiungi(riga);
+        if (carico->Pieno()) {
+            Invia(*carico);
+        }
+        ++fatti;
+        return id;
+    }
+    // The rows still held sent.
+    void Fine() { Invia(*carico); }
+    qint64 Fatti() const { return fatti; }
+
+private:
+    std::unique_ptr<Caricamento> carico;
+    qint64 prossimo;
+    qint64 fatti = 0;
+};
+
 // About N elements: institutes "Archivio di Stato n. k", each with 8 fondi of 8 serie of 8
 // sottoserie of 8 fascicoli (4,681 elements an institute), parents before sons, in one
 // transaction. Gives the number of elements and the id of the last complesso.
 inline qint64 CostruisciComplessi(const Connessione& cnn, qint64 quanti, qint64& lUltimo) {
     QSqlDatabase db = cnn.Db();
     db.transaction();
-    const auto carico = cnn.backend().ApriCaricamento(
-        db, QStringLiteral("Elementi"),
-        {QStringLiteral("ID_Elemento"), QStringLiteral("ID_ElementoPadre"),
-         QStringLiteral("Tipologia"), QStringLiteral("Denominazione")});
-    qint64 prossimo = 1;
-    qint64 fatti = 0;
+    CaricoElementi elementi(cnn, 1);
     const auto crea = [&](const char* tipo, const QString& nome, qint64 padre) {
-        const qint64 id = prossimo++;
-        const std::array<QVariant, 4> riga{id, padre > 0 ? QVariant(padre) : QVariant(),
-                                           QString::fromLatin1(tipo), nome};
-        carico->Aggiungi(riga);
-        if (carico->Pieno()) {
-            const Caricamento::Rifiuto rifiuto = carico->Invia();
-            if (rifiuto.iRiga >= 0) {
-                throw Errore(QStringLiteral("bench"), rifiuto.sErrore);
-            }
-        }
-        ++fatti;
-        return id;
+        return elementi.Crea(tipo, nome, padre);
     };
-    for (int numero = 1; fatti < quanti; ++numero) {
+    for (int numero = 1; elementi.Fatti() < quanti; ++numero) {
         const qint64 istituto =
             crea("01", QStringLiteral("Archivio di Stato n. %1").arg(numero), 0);
-        for (int a = 0; a < 8 && fatti < quanti; ++a) {
+        for (int a = 0; a < 8 && elementi.Fatti() < quanti; ++a) {
             const qint64 fondo =
                 crea("02", QStringLiteral("Fondo %1.%2").arg(numero).arg(a), istituto);
-            for (int b = 0; b < 8 && fatti < quanti; ++b) {
+            for (int b = 0; b < 8 && elementi.Fatti() < quanti; ++b) {
                 const qint64 serie = crea("02", QStringLiteral("Serie %1").arg(b), fondo);
-                for (int d = 0; d < 8 && fatti < quanti; ++d) {
+                for (int d = 0; d < 8 && elementi.Fatti() < quanti; ++d) {
                     const qint64 sotto = crea("02", QStringLiteral("Sottoserie %1").arg(d), serie);
-                    for (int e = 0; e < 8 && fatti < quanti; ++e) {
+                    for (int e = 0; e < 8 && elementi.Fatti() < quanti; ++e) {
                         lUltimo = crea("02", QStringLiteral("Fascicoli %1").arg(e), sotto);
                     }
                 }
             }
         }
     }
-    const Caricamento::Rifiuto rifiuto = carico->Invia();
-    if (rifiuto.iRiga >= 0) {
-        throw Errore(QStringLiteral("bench"), rifiuto.sErrore);
-    }
+    elementi.Fine();
     db.commit();
     // What the server's own maintenance does after a large load.
     cnn.Esegui(QStringLiteral("ANALYZE"));
-    return fatti;
+    return elementi.Fatti();
+}
+
+// N finding aids "Inventario n. k", dealt in turn to the institutes already there, after the
+// elements already there; one in iOgniLegato is linked to the first fondo of its institute.
+// In one transaction. Gives the number of finding aids and the id of the last.
+inline qint64 CostruisciInventari(const Connessione& cnn, qint64 quanti, int iOgniLegato,
+                                  qint64& lUltimo) {
+    struct Istituto {
+        qint64 id;
+        qint64 fondo;
+    };
+    QList<Istituto> istituti;
+    qint64 lPrimo = 1;
+    {
+        QSqlQuery righe = cnn.Esegui(QStringLiteral(
+            "SELECT I.ID_Elemento, MIN(F.ID_Elemento) FROM Elementi I LEFT JOIN Elementi F "
+            "ON F.ID_ElementoPadre = I.ID_Elemento AND F.Tipologia = '02' "
+            "WHERE I.Tipologia = '01' GROUP BY I.ID_Elemento ORDER BY I.ID_Elemento"));
+        while (righe.next()) {
+            istituti.append({righe.value(0).toLongLong(), righe.value(1).toLongLong()});
+        }
+        QSqlQuery massimo = cnn.Esegui(QStringLiteral("SELECT MAX(ID_Elemento) FROM Elementi"));
+        if (massimo.next()) {
+            lPrimo = massimo.value(0).toLongLong() + 1;
+        }
+    }
+    if (istituti.isEmpty()) {
+        throw Errore(QStringLiteral("bench"), QStringLiteral("Nessun istituto per gli inventari"));
+    }
+    QSqlDatabase db = cnn.Db();
+    db.transaction();
+    CaricoElementi inventari(cnn, lPrimo);
+    QList<std::array<QVariant, 3>> legami;
+    for (qint64 k = 0; k < quanti; ++k) {
+        const Istituto& istituto = istituti[static_cast<qsizetype>(k % istituti.size())];
+        lUltimo = inventari.Crea("03", QStringLiteral("Inventario n. %1").arg(k + 1), istituto.id);
+        if (iOgniLegato > 0 && k % iOgniLegato == 0 && istituto.fondo > 0) {
+            legami.append({istituto.fondo, lUltimo, QStringLiteral("")});
+        }
+    }
+    inventari.Fine();
+    const auto links = cnn.backend().ApriCaricamento(db, QStringLiteral("Links"),
+                                                     {QStringLiteral("ID_Elemento"),
+                                                      QStringLiteral("ID_ElementoLink"),
+                                                      QStringLiteral("Specifica")});
+    for (const auto& legame : legami) {
+        links->Aggiungi(legame);
+        if (links->Pieno()) {
+            Invia(*links);
+        }
+    }
+    Invia(*links);
+    db.commit();
+    cnn.Esegui(QStringLiteral("ANALYZE"));
+    return inventari.Fatti();
 }
 
 // The rows of the statements read bare, forward only, every value of every column read once.
