@@ -7,6 +7,7 @@
 
 #include "LetturaFile.h"
 #include "session/Errore.h"
+#include "session/Sessione.h"
 #include "store/Backend.h"
 #include "store/Caricamento.h"
 #include "store/Connessione.h"
@@ -19,6 +20,8 @@
 #include <QSqlRecord>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
+#include <QTextStream>
 #include <array>
 #include <memory>
 
@@ -26,6 +29,16 @@ namespace ArchivioBanco {
 
 inline double Secondi(const QElapsedTimer& orologio) {
     return static_cast<double>(orologio.nsecsElapsed()) / 1e9;
+}
+
+// Where a benchmark prints, and a time in seconds as it prints it.
+inline QTextStream& Uscita() {
+    static QTextStream uscita(stdout);
+    return uscita;
+}
+
+inline QString Tempo(double dSecondi) {
+    return QStringLiteral("%1 s").arg(dSecondi, 0, 'f', 3);
 }
 
 // The connection string of the benchmark's database.
@@ -60,6 +73,40 @@ inline void Elimina(const QString& sStringa) {
     const StringaConnessione letta = StringaConnessione::Leggi(sStringa);
     Connessione::BackendDi(letta).EliminaDatabase(letta);
 }
+
+// A benchmark of a window: the size and the server from its command line ([elementi]
+// [sqlite|postgresql]; 100,000 on SQLite when not given), the program folder of the sources
+// (the panel's pictures, the lookup lists), a fresh database as the session's connection, of
+// an "I" site. At the end the connection is closed and the database dropped.
+class BancoFinestra {
+public:
+    BancoFinestra(const QStringList& argomenti, const QString& sNome)
+        : richiesti(argomenti.size() > 1 ? argomenti[1].toLongLong() : 100000)
+        , bPostgreSQL(argomenti.value(2) == QStringLiteral("postgresql"))
+        , sStringa(Stringa(bPostgreSQL, cartella.path(), sNome)) {
+        qputenv("TABELLION_CARTELLA", QByteArrayLiteral(TABELLION_SORGENTI "/site"));
+        Sessione::cnn = Crea(bPostgreSQL, sStringa);
+        Sessione::bIstituto = true;
+    }
+    ~BancoFinestra() {
+        try {
+            Sessione::cnn->Chiudi();
+            Sessione::cnn.reset();
+            Elimina(sStringa);
+        } catch (const Errore& errore) {
+            Uscita() << errore.testo() << '\n';
+        }
+    }
+    BancoFinestra(const BancoFinestra&) = delete;
+    BancoFinestra& operator=(const BancoFinestra&) = delete;
+
+    const qint64 richiesti;
+    const bool bPostgreSQL;
+
+private:
+    QTemporaryDir cartella;
+    const QString sStringa;
+};
 
 // A load refused by the server ends the benchmark with the server's words.
 inline void Invia(Caricamento& carico) {

@@ -28,11 +28,7 @@
 namespace {
 
 using ArchivioBanco::Secondi;
-
-QTextStream& Uscita() {
-    static QTextStream uscita(stdout);
-    return uscita;
-}
+using ArchivioBanco::Uscita;
 
 const QString NomeDatabase = QStringLiteral("bench_albero");
 

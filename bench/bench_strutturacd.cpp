@@ -15,41 +15,26 @@
 
 #include <QApplication>
 #include <QRadioButton>
-#include <QTemporaryDir>
-#include <QTextStream>
 #include <QTreeView>
 
 namespace {
 
 using ArchivioBanco::Secondi;
-
-QTextStream& Uscita() {
-    static QTextStream uscita(stdout);
-    return uscita;
-}
-
-QString Tempo(double dSecondi) {
-    return QStringLiteral("%1 s").arg(dSecondi, 0, 'f', 3);
-}
+using ArchivioBanco::Tempo;
+using ArchivioBanco::Uscita;
 
 } // namespace
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    const QStringList argomenti = app.arguments();
-    const qint64 richiesti = argomenti.size() > 1 ? argomenti[1].toLongLong() : 100000;
-    const bool bPostgreSQL = argomenti.value(2) == QStringLiteral("postgresql");
-    // The program folder of the sources: the panel's pictures and the lookup lists.
-    qputenv("TABELLION_CARTELLA", QByteArrayLiteral(TABELLION_SORGENTI "/site"));
     try {
-        QTemporaryDir cartella;
-        const QString sStringa = ArchivioBanco::Stringa(bPostgreSQL, cartella.path(),
-                                                        QStringLiteral("bench_strutturacd"));
         QElapsedTimer orologio;
         orologio.start();
-        Sessione::cnn = ArchivioBanco::Crea(bPostgreSQL, sStringa);
-        Sessione::bIstituto = true;
+        const ArchivioBanco::BancoFinestra banco(app.arguments(),
+                                                 QStringLiteral("bench_strutturacd"));
+        const qint64 richiesti = banco.richiesti;
+        const bool bPostgreSQL = banco.bPostgreSQL;
         qint64 lProfondo = 0;
         const qint64 elementi =
             ArchivioBanco::CostruisciComplessi(*Sessione::cnn, richiesti, lProfondo);
@@ -102,9 +87,6 @@ int main(int argc, char** argv) {
                  << "): " << QStringLiteral("%1 ms\n").arg(Secondi(orologio) * 1000, 0, 'f', 2);
 
         delete finestra;
-        Sessione::cnn->Chiudi();
-        Sessione::cnn.reset();
-        ArchivioBanco::Elimina(sStringa);
         return 0;
     } catch (const Errore& errore) {
         Uscita() << errore.testo() << '\n';

@@ -15,23 +15,14 @@
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QTemporaryDir>
-#include <QTextStream>
 #include <QTreeView>
 #include <algorithm>
 
 namespace {
 
 using ArchivioBanco::Secondi;
-
-QTextStream& Uscita() {
-    static QTextStream uscita(stdout);
-    return uscita;
-}
-
-QString Tempo(double dSecondi) {
-    return QStringLiteral("%1 s").arg(dSecondi, 0, 'f', 3);
-}
+using ArchivioBanco::Tempo;
+using ArchivioBanco::Uscita;
 
 QString Millisecondi(double dSecondi) {
     return QStringLiteral("%1 ms").arg(dSecondi * 1000, 0, 'f', 2);
@@ -42,19 +33,13 @@ QString Millisecondi(double dSecondi) {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    const QStringList argomenti = app.arguments();
-    const qint64 richiesti = argomenti.size() > 1 ? argomenti[1].toLongLong() : 100000;
-    const bool bPostgreSQL = argomenti.value(2) == QStringLiteral("postgresql");
-    // The program folder of the sources: the panel's pictures and the lookup lists.
-    qputenv("TABELLION_CARTELLA", QByteArrayLiteral(TABELLION_SORGENTI "/site"));
     try {
-        QTemporaryDir cartella;
-        const QString sStringa = ArchivioBanco::Stringa(bPostgreSQL, cartella.path(),
-                                                        QStringLiteral("bench_strutturain"));
         QElapsedTimer orologio;
         orologio.start();
-        Sessione::cnn = ArchivioBanco::Crea(bPostgreSQL, sStringa);
-        Sessione::bIstituto = true;
+        const ArchivioBanco::BancoFinestra banco(app.arguments(),
+                                                 QStringLiteral("bench_strutturain"));
+        const qint64 richiesti = banco.richiesti;
+        const bool bPostgreSQL = banco.bPostgreSQL;
         const qint64 quantiInventari = richiesti / 10;
         qint64 lComplesso = 0;
         qint64 lInventario = 0;
@@ -105,9 +90,6 @@ int main(int argc, char** argv) {
                  << ", il più lento " << Millisecondi(clic.last()) << "\n";
 
         delete finestra;
-        Sessione::cnn->Chiudi();
-        Sessione::cnn.reset();
-        ArchivioBanco::Elimina(sStringa);
         return 0;
     } catch (const Errore& errore) {
         Uscita() << errore.testo() << '\n';
