@@ -61,7 +61,8 @@ void ImmagineRecord::cmdImmagine_Click() {
             if (c.scriviMd5)
                 c.scriviMd5(sErrore.isEmpty() ? sMd5 : QString());
             if (!sErrore.isEmpty())
-                MsgBox(sErrore, Pulsanti::Ok, Icona::Critica);
+                MsgBox(sErrore, Pulsanti::Ok, Icona::Critica,
+                       c.bTitoloErrore ? sErrore : QString());
         }
     }
     CheckImmagine();

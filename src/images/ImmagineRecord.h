@@ -32,6 +32,7 @@ public:
         std::function<QString()> leggiMd5; // the digest field
         std::function<void(const QString&)> scriviMd5;
         bool bTitoloBreve = false; // the question's title without the final point and blank
+        bool bTitoloErrore = false; // a failed import's box titled with the error's text too
     };
 
     // Takes the button (named cmdImmagine, with its tool tip) and its clicks.

@@ -511,6 +511,32 @@ bool EditoreRecord::LeggiElemento(long lIdElemento, long& lIdPadre, bool& bPubbl
     return true;
 }
 
+long EditoreRecord::MostraElemento(long lIdElemento, QCheckBox* chkPubblica,
+                                   QDateEdit* dtpRedazione, QWidget* txtRedattore,
+                                   QString* sMd5Link) {
+    QSqlQuery riga =
+        Cnn().Esegui(QStringLiteral("SELECT ID_ElementoPadre, Md5Link, Pubblicato, "
+                                    "DataRedazione, Redattore FROM Elementi WHERE ID_Elemento = ?"),
+                     {QVariant(qlonglong(lIdElemento))});
+    if (!riga.next())
+        return 0;
+    const auto testo = [&riga](int i) {
+        return ENull(riga.value(i)) ? QString() : riga.value(i).toString();
+    };
+    if (sMd5Link != nullptr)
+        *sMd5Link = testo(1);
+    chkPubblica->setChecked(riga.value(2).toString() == QLatin1String("S"));
+    QDate giorno;
+    if (!ENull(riga.value(3))) {
+        giorno = riga.value(3).toDateTime().date();
+        if (!giorno.isValid())
+            giorno = riga.value(3).toDate();
+    }
+    dtpRedazione->setDate(giorno.isValid() ? giorno : QDate::currentDate());
+    ImpostaTestoDi(txtRedattore, testo(4));
+    return ENull(riga.value(0)) ? 0 : static_cast<long>(riga.value(0).toLongLong());
+}
+
 // --- Values of bound columns ---------------------------------------------------------------
 
 QVariant EditoreRecord::Id(long valore) {

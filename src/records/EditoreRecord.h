@@ -156,6 +156,12 @@ protected:
     // Mostra's reading of the row of Elementi: the parent's id (0 if Null) and whether it is
     // published; false if the row is missing.
     static bool LeggiElemento(long lIdElemento, long& lIdPadre, bool& bPubblicato);
+    // Mostra's reading of the row of Elementi for a record that shows the date and the author
+    // of its description: the box ticked when published, the date (today when Null) and the
+    // author set, the MAG document's digest put in sMd5Link when given; the parent's id comes
+    // back (0 if Null). Nothing is touched and 0 comes back when the row is missing.
+    static long MostraElemento(long lIdElemento, QCheckBox* chkPubblica, QDateEdit* dtpRedazione,
+                               QWidget* txtRedattore, QString* sMd5Link = nullptr);
 
 private:
     QList<QWidget*> controlli;

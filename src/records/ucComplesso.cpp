@@ -445,23 +445,7 @@ void ucComplesso::Mostra(long IDElem) {
     d->lIdPadre = 0;
 
     // The row of Elementi: parent, publishing, date and author of the description.
-    QSqlQuery elemento = Sessione::cnn->Esegui(
-        QStringLiteral("SELECT ID_ElementoPadre, Pubblicato, DataRedazione, Redattore "
-                       "FROM Elementi WHERE ID_Elemento = ?"),
-        {Id(IDElem)});
-    if (elemento.next()) {
-        d->lIdPadre = Lungo(elemento.value(0));
-        d->chkPubblicaCD->setChecked(elemento.value(1).toString() == QLatin1String("S"));
-        QDate giorno;
-        if (!ENull(elemento.value(2))) {
-            giorno = elemento.value(2).toDateTime().date();
-            if (!giorno.isValid())
-                giorno = elemento.value(2).toDate();
-        }
-        d->DTPData->setDate(giorno.isValid() ? giorno : QDate::currentDate());
-        ImpostaTestoDi(Testo(31),
-                       ENull(elemento.value(3)) ? QString() : elemento.value(3).toString());
-    }
+    d->lIdPadre = MostraElemento(IDElem, d->chkPubblicaCD, d->DTPData, Testo(31));
 
     QSqlQuery riga = Sessione::cnn->Esegui(SqlMostra, {Id(IDElem)});
     if (!riga.next()) {

@@ -35,10 +35,6 @@ const QString TipologiaGuida = QStringLiteral("05");
 // The support whose finding aid is a MAG document.
 const QString SupportoDigitale = QStringLiteral("D");
 
-const QString SqlElemento =
-    QStringLiteral("SELECT ID_ElementoPadre, Md5Link, Pubblicato, DataRedazione, Redattore "
-                   "FROM Elementi WHERE ID_Elemento = ?");
-
 const QString SqlMostra = QStringLiteral(
     "SELECT COALESCE(Denominazione,'<<Inserire valore>>'), Tipologia, "
     "COALESCE(ID_IstitutoSede,0), COALESCE(ID_IstitutoMag,0), "
@@ -173,6 +169,8 @@ ucInventario::ucInventario(QWidget* parent)
                                          [this] { return d->lIdElemento; },
                                          [this] { return d->sMd5Link; },
                                          [this](const QString& s) { d->sMd5Link = s; },
+                                         false,
+                                         true,
                                      },
                                      this);
     d->cmdImmagine->setEnabled(false);
@@ -275,18 +273,8 @@ void ucInventario::Init() {
     d->lIdPadre = 0;
     d->lIdElemento = 0;
     d->lIdInventario = 0;
-    d->sMd5Link.clear();
     d->bPiuLegami = false;
-    ID_Istituto = 0;
-    OkNuovoInventario = true;
-    OkModifica = false;
-    OkCancella = false;
-    AltreDenominazioni = false;
-    InventariAnalitici = -1;
-    ComplessiLink = 0;
-    sComplessoLinked.clear();
-    d->cmdImmagine->setEnabled(false);
-    CheckImmagine();
+    SpegniStato(true);
     BloccaCampi();
 }
 
@@ -321,20 +309,7 @@ void ucInventario::Mostra(long IDElem) {
     d->bPiuLegami = false;
 
     // The row of Elementi: parent, MAG document, publishing, date and author of the description.
-    QSqlQuery elemento = Sessione::cnn->Esegui(SqlElemento, {Id(IDElem)});
-    if (elemento.next()) {
-        d->lIdPadre = Lungo(elemento.value(0));
-        d->sMd5Link = TestoColonna(elemento.value(1));
-        d->chkPubblicaInv->setChecked(elemento.value(2).toString() == QLatin1String("S"));
-        QDate giorno;
-        if (!ENull(elemento.value(3))) {
-            giorno = elemento.value(3).toDateTime().date();
-            if (!giorno.isValid())
-                giorno = elemento.value(3).toDate();
-        }
-        d->DTPData->setDate(giorno.isValid() ? giorno : QDate::currentDate());
-        ImpostaTestoDi(Testo(17), TestoColonna(elemento.value(4)));
-    }
+    d->lIdPadre = MostraElemento(IDElem, d->chkPubblicaInv, d->DTPData, Testo(17), &d->sMd5Link);
 
     QSqlQuery riga = Sessione::cnn->Esegui(SqlMostra, {Id(IDElem)});
     if (!riga.next()) {
@@ -532,19 +507,23 @@ long ucInventario::ElementoIstituto(long lIdIstituto) {
     return riga.next() ? Lungo(riga.value(0)) : 0;
 }
 
+void ucInventario::SpegniStato(bool bNuovo) {
+    OkNuovoInventario = bNuovo;
+    OkModifica = false;
+    OkCancella = false;
+    AltreDenominazioni = false;
+    InventariAnalitici = -1;
+    ComplessiLink = 0;
+    sComplessoLinked.clear();
+    d->sMd5Link.clear();
+    ID_Istituto = 0;
+    d->cmdImmagine->setEnabled(false);
+    CheckImmagine();
+}
+
 void ucInventario::LeggiStato(const StatoRiga& riga, bool bTieniIstituto) {
     if (!riga.bTrovata) {
-        OkNuovoInventario = false;
-        OkModifica = false;
-        OkCancella = false;
-        AltreDenominazioni = false;
-        InventariAnalitici = -1;
-        ComplessiLink = 0;
-        sComplessoLinked.clear();
-        d->sMd5Link.clear();
-        ID_Istituto = 0;
-        d->cmdImmagine->setEnabled(false);
-        CheckImmagine();
+        SpegniStato(false);
         return;
     }
     if (!bTieniIstituto)

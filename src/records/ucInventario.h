@@ -66,6 +66,9 @@ private:
     // The row of Inventari as the state of the record needs it.
     struct StatoRiga;
     // The flags, the links and the image button from the row (not found: all off).
+    // The flags of a record with nothing in hand (a new one allowed or not), no institute, no
+    // MAG document and the image button off.
+    void SpegniStato(bool bNuovo);
     void LeggiStato(const StatoRiga& riga, bool bTieniIstituto);
     static StatoRiga LeggiRiga(long lIdElemento);
     static bool PiuLegami(const StatoRiga& riga);
