@@ -12,11 +12,8 @@
 #include "store/Backend.h"
 #include "store/Connessione.h"
 
-#include "BancaDatiProva.h"
-#include "CartellaProva.h"
-#include "HostEditore.h"
+#include "AmbienteRecord.h"
 #include "Modali.h"
-#include "PiattaformaScriptata.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -35,60 +32,16 @@
 
 namespace {
 
-QVariant Id(long valore) {
-    return QVariant(qlonglong(valore));
-}
-
-struct Ambiente {
+struct Ambiente : AmbienteRecord {
     // The database of the schema, with more scripts of db/ if given.
     explicit Ambiente(TipoBackend tipo, const QStringList& script = {})
-        : banca(tipo, script) {
-        QFile lista(QStringLiteral(TABELLION_SORGENTI "/site/TipologiaCD.txt"));
-        if (lista.open(QIODevice::ReadOnly))
-            cartella.Scrivi(QStringLiteral("TipologiaCD.txt"), lista.readAll());
-        Sessione::cnn = banca.Apri();
+        : AmbienteRecord(tipo, QStringLiteral("ComplessiDoc"), {"TipologiaCD.txt"}, script) {
         Sessione::dValore = 1.0;
-    }
-    ~Ambiente() { Sessione::cnn.reset(); }
-
-    QVariant Valore(const QString& sql, std::initializer_list<QVariant> valori) const {
-        QSqlQuery query = Sessione::cnn->Esegui(sql, valori);
-        return query.next() ? query.value(0) : QVariant();
-    }
-    QVariant Colonna(const QString& colonna, long idElemento) const {
-        return Valore(
-            QStringLiteral("SELECT %1 FROM ComplessiDoc WHERE ID_Elemento = ?").arg(colonna),
-            {Id(idElemento)});
-    }
-    void Scrivi(const QString& colonne, std::initializer_list<QVariant> valori) const {
-        Sessione::cnn->Esegui(
-            QStringLiteral("UPDATE ComplessiDoc SET %1 WHERE ID_Elemento = ?").arg(colonne),
-            valori);
-    }
-    long Crea(const char* tipo, const QString& nome, long padre = 0) const {
-        return ArchivioElementi::Crea(*Sessione::cnn, QLatin1String(tipo), nome, padre);
-    }
-    long CreaIstituto(const QString& nome, const QString& tipologia, long padre = 0) const {
-        const long id = Crea("01", nome, padre);
-        Sessione::cnn->Esegui(QStringLiteral("UPDATE Istituti SET Tipologia = ?, Denominazione = ? "
-                                             "WHERE ID_Elemento = ?"),
-                              {tipologia, nome, Id(id)});
-        return id;
-    }
-    long IdIstituto(long idElemento) const {
-        return static_cast<long>(
-            Valore(QStringLiteral("SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = ?"),
-                   {Id(idElemento)})
-                .toLongLong());
     }
     long IdComplesso(long idElemento) const {
         return static_cast<long>(
             Colonna(QStringLiteral("ID_ComplessoDoc"), idElemento).toLongLong());
     }
-
-    CartellaProva cartella;
-    BancaDatiProva banca;
-    PiattaformaScriptata seam;
 };
 
 // A host window that answers the three calls of the record.
@@ -105,23 +58,6 @@ public:
     int iLinks = 0;
 };
 
-QLineEdit* Riga(const QWidget* editore, int n) {
-    return editore->findChild<QLineEdit*>(QStringLiteral("Text1(%1)").arg(n));
-}
-QPlainTextEdit* Blocco(const QWidget* editore, int n) {
-    return editore->findChild<QPlainTextEdit*>(QStringLiteral("Text1(%1)").arg(n));
-}
-QString Testo(const QWidget* editore, int n) {
-    if (QLineEdit* riga = Riga(editore, n))
-        return riga->text();
-    return Blocco(editore, n)->toPlainText();
-}
-QComboBox* Combo(const QWidget* editore, const char* nome) {
-    return editore->findChild<QComboBox*>(QLatin1String(nome));
-}
-QPushButton* Pulsante(const QWidget* editore, const char* nome) {
-    return editore->findChild<QPushButton*>(QLatin1String(nome));
-}
 QTimer* Timer(const QWidget* editore, int n) {
     return editore->findChild<QTimer*>(QStringLiteral("Timer%1").arg(n));
 }
@@ -133,12 +69,6 @@ QColor Sfondo(const QWidget* casella) {
 }
 int CercaIndiceDi(const QComboBox* cmb, long lId) {
     return cmb->findData(QVariant(qlonglong(lId)));
-}
-QString Lungo(const QString& pezzo, int n) {
-    QString testo;
-    while (testo.size() < n)
-        testo += pezzo;
-    return testo.left(n);
 }
 
 // The mandatory fields filled in.
@@ -153,23 +83,7 @@ void Compila(ucComplesso& editore) {
 
 // The host reads the flags of the record to set its buttons.
 void Collega(HostEditore& ospite, ucComplesso* editore) {
-    ospite.okNuovo = [editore] {
-        return editore->OkNuovoComplesso;
-    };
-    ospite.okModifica = [editore] {
-        return editore->OkModifica;
-    };
-    ospite.okCancella = [editore] {
-        return editore->OkCancella;
-    };
-}
-
-// Shows the host, makes it the active window: the focus moves between the boxes.
-bool Attiva(QWidget& finestra) {
-    finestra.show();
-    QApplication::setActiveWindow(&finestra);
-    finestra.activateWindow();
-    return QTest::qWaitForWindowActive(&finestra);
+    CollegaPermessi(ospite, editore, &ucComplesso::OkNuovoComplesso);
 }
 
 // Enters a box, types the text, leaves it for the denomination.

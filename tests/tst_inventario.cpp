@@ -11,10 +11,7 @@
 #include "store/ArchivioElementi.h"
 #include "store/Connessione.h"
 
-#include "BancaDatiProva.h"
-#include "CartellaProva.h"
-#include "HostEditore.h"
-#include "PiattaformaScriptata.h"
+#include "AmbienteRecord.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -33,99 +30,19 @@
 
 namespace {
 
-QVariant Id(long valore) {
-    return QVariant(qlonglong(valore));
-}
-
-QVariant NullTesto() {
-    return QVariant(QMetaType::fromType<QString>());
-}
-
 // A program folder with the three lookup lists of the record, a fresh database, the session's
 // connection and the scripted seam.
-struct Ambiente {
+struct Ambiente : AmbienteRecord {
     explicit Ambiente(TipoBackend tipo)
-        : banca(tipo) {
-        for (const char* nome : {"LivelliINV.txt", "TipologiaINV.txt", "TipoInventario.txt"}) {
-            QFile lista(QStringLiteral(TABELLION_SORGENTI "/site/") + QLatin1String(nome));
-            if (lista.open(QIODevice::ReadOnly))
-                cartella.Scrivi(QLatin1String(nome), lista.readAll());
-        }
-        Sessione::cnn = banca.Apri();
-    }
-    ~Ambiente() { Sessione::Azzera(); }
-
-    QVariant Valore(const QString& sql, std::initializer_list<QVariant> valori) const {
-        QSqlQuery query = Sessione::cnn->Esegui(sql, valori);
-        return query.next() ? query.value(0) : QVariant();
-    }
-    QVariant Colonna(const QString& colonna, long idElemento) const {
-        return Valore(QStringLiteral("SELECT %1 FROM Inventari WHERE ID_Elemento = ?").arg(colonna),
-                      {Id(idElemento)});
-    }
-    QVariant ColonnaElemento(const QString& colonna, long idElemento) const {
-        return Valore(QStringLiteral("SELECT %1 FROM Elementi WHERE ID_Elemento = ?").arg(colonna),
-                      {Id(idElemento)});
-    }
-    void Scrivi(const QString& colonne, std::initializer_list<QVariant> valori) const {
-        Sessione::cnn->Esegui(
-            QStringLiteral("UPDATE Inventari SET %1 WHERE ID_Elemento = ?").arg(colonne), valori);
-    }
-    long Crea(const char* tipo, const QString& nome, long padre = 0) const {
-        return ArchivioElementi::Crea(*Sessione::cnn, QLatin1String(tipo), nome, padre);
-    }
-    long CreaIstituto(const QString& nome, const QString& tipologia, long padre = 0) const {
-        const long id = Crea("01", nome, padre);
-        Sessione::cnn->Esegui(QStringLiteral("UPDATE Istituti SET Tipologia = ?, Denominazione = ? "
-                                             "WHERE ID_Elemento = ?"),
-                              {tipologia, nome, Id(id)});
-        return id;
-    }
-    long IdIstituto(long idElemento) const {
-        return static_cast<long>(
-            Valore(QStringLiteral("SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = ?"),
-                   {Id(idElemento)})
-                .toLongLong());
-    }
-    void Collega(long complesso, long inventario) const {
-        Sessione::cnn->Esegui(QStringLiteral("INSERT INTO Links (ID_Elemento, ID_ElementoLink, "
-                                             "Specifica) VALUES (?, ?, '')"),
-                              {Id(complesso), Id(inventario)});
-    }
-
-    CartellaProva cartella;
-    BancaDatiProva banca;
-    PiattaformaScriptata seam;
+        : AmbienteRecord(tipo, QStringLiteral("Inventari"),
+                         {"LivelliINV.txt", "TipologiaINV.txt", "TipoInventario.txt"}) {}
 };
 
-QLineEdit* Riga(const QWidget* editore, int n) {
-    return editore->findChild<QLineEdit*>(QStringLiteral("Text1(%1)").arg(n));
-}
-QPlainTextEdit* Blocco(const QWidget* editore, int n) {
-    return editore->findChild<QPlainTextEdit*>(QStringLiteral("Text1(%1)").arg(n));
-}
-QString Testo(const QWidget* editore, int n) {
-    if (QLineEdit* riga = Riga(editore, n))
-        return riga->text();
-    return Blocco(editore, n)->toPlainText();
-}
-QLabel* Etichetta(const QWidget* editore, int n) {
-    return editore->findChild<QLabel*>(QStringLiteral("Label1(%1)").arg(n));
-}
-QComboBox* Combo(const QWidget* editore, const char* nome) {
-    return editore->findChild<QComboBox*>(QLatin1String(nome));
-}
 QCheckBox* Pubblica(const QWidget* editore) {
     return editore->findChild<QCheckBox*>(QStringLiteral("chkPubblicaInv"));
 }
 QPushButton* Immagine(const QWidget* editore) {
-    return editore->findChild<QPushButton*>(QStringLiteral("cmdImmagine"));
-}
-QString Lungo(const QString& pezzo, int n) {
-    QString testo;
-    while (testo.size() < n)
-        testo += pezzo;
-    return testo.left(n);
+    return Pulsante(editore, "cmdImmagine");
 }
 // A MAG document of one image in a folder of its own, and the repository's root.
 struct DocumentoMag {
@@ -161,25 +78,9 @@ void Compila(ucInventario& editore) {
     Riga(&editore, 4)->setText(QStringLiteral("1890"));
 }
 
-// Shows the host, makes it the active window: the focus moves between the boxes.
-bool Attiva(QWidget& finestra) {
-    finestra.show();
-    QApplication::setActiveWindow(&finestra);
-    finestra.activateWindow();
-    return QTest::qWaitForWindowActive(&finestra);
-}
-
 // The host reads the flags of the record to set its buttons.
 void Collega(HostEditore& ospite, ucInventario* editore) {
-    ospite.okNuovo = [editore] {
-        return editore->OkNuovoInventario;
-    };
-    ospite.okModifica = [editore] {
-        return editore->OkModifica;
-    };
-    ospite.okCancella = [editore] {
-        return editore->OkCancella;
-    };
+    CollegaPermessi(ospite, editore, &ucInventario::OkNuovoInventario);
 }
 
 } // namespace
@@ -1221,6 +1122,9 @@ void TestInventario::unImportazioneFallitaNonLasciaCollegamentoDopoIlSalva() {
     Immagine(&editore)->click();
     QCOMPARE(ambiente.seam.Messaggi().size(), 1);
     QCOMPARE(ambiente.seam.Messaggi().at(0).icona, Icona::Critica);
+    // The box is titled with the error's own text.
+    QVERIFY(!ambiente.seam.Messaggi().at(0).sTesto.isEmpty());
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTitolo, ambiente.seam.Messaggi().at(0).sTesto);
     QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Immagine"));
     // The import wrote its link; the record holds none, and its save says so.
     QVERIFY(!ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).toString().isEmpty());

@@ -9,10 +9,7 @@
 #include "store/Backend.h"
 #include "store/Connessione.h"
 
-#include "BancaDatiProva.h"
-#include "CartellaProva.h"
-#include "HostEditore.h"
-#include "PiattaformaScriptata.h"
+#include "AmbienteRecord.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -26,19 +23,11 @@
 
 namespace {
 
-QVariant Id(long valore) {
-    return QVariant(qlonglong(valore));
-}
-
 // A program folder with the lookup list of the kinds, a fresh database with some institute
 // codes and provinces, the session's connection and the scripted seam.
-struct Ambiente {
+struct Ambiente : AmbienteRecord {
     explicit Ambiente(TipoBackend tipo)
-        : banca(tipo) {
-        QFile lista(QStringLiteral(TABELLION_SORGENTI "/site/TipologiaIST.txt"));
-        if (lista.open(QIODevice::ReadOnly))
-            cartella.Scrivi(QStringLiteral("TipologiaIST.txt"), lista.readAll());
-        Sessione::cnn = banca.Apri();
+        : AmbienteRecord(tipo, QStringLiteral("Istituti"), {"TipologiaIST.txt"}) {
         const auto codice = [](int id, const char* nome, const char* cod, const char* sigla) {
             Sessione::cnn->Esegui(QStringLiteral("INSERT INTO CodiciIstituto (ID_CodiceIstituto, "
                                                  "Denominazione, ISAD_Codice, ISAD_Sigla) "
@@ -58,55 +47,11 @@ struct Ambiente {
         provincia("FI", "Firenze");
         provincia("FC", "Forlì-Cesena");
     }
-    ~Ambiente() { Sessione::cnn.reset(); }
-
-    QVariant Valore(const QString& sql, std::initializer_list<QVariant> valori) const {
-        QSqlQuery query = Sessione::cnn->Esegui(sql, valori);
-        return query.next() ? query.value(0) : QVariant();
-    }
     QString Colonna(const QString& colonna, long idElemento) const {
-        return Valore(QStringLiteral("SELECT %1 FROM Istituti WHERE ID_Elemento = ?").arg(colonna),
-                      {Id(idElemento)})
-            .toString();
+        return AmbienteRecord::Colonna(colonna, idElemento).toString();
     }
-    bool Nullo(const QString& colonna, long idElemento) const {
-        return Valore(QStringLiteral("SELECT %1 FROM Istituti WHERE ID_Elemento = ?").arg(colonna),
-                      {Id(idElemento)})
-            .isNull();
-    }
-    long Crea(const char* tipo, const QString& nome, long padre = 0) const {
-        return ArchivioElementi::Crea(*Sessione::cnn, QLatin1String(tipo), nome, padre);
-    }
-    // An element of Istituti of the given kind, as if saved through the editor.
-    long CreaIstituto(const QString& nome, const QString& tipologia, long padre = 0) const {
-        const long id = Crea("01", nome, padre);
-        Sessione::cnn->Esegui(
-            QStringLiteral("UPDATE Istituti SET Tipologia = ?, Denominazione = ? WHERE "
-                           "ID_Elemento = ?"),
-            {tipologia, nome, Id(id)});
-        return id;
-    }
-    long IdIstituto(long idElemento) const {
-        return static_cast<long>(
-            Valore(QStringLiteral("SELECT ID_Istituto FROM Istituti WHERE ID_Elemento = ?"),
-                   {Id(idElemento)})
-                .toLongLong());
-    }
-
-    CartellaProva cartella;
-    BancaDatiProva banca;
-    PiattaformaScriptata seam;
 };
 
-QLineEdit* Riga(const QWidget* editore, int n) {
-    return editore->findChild<QLineEdit*>(QStringLiteral("Text1(%1)").arg(n));
-}
-QPlainTextEdit* Blocco(const QWidget* editore, int n) {
-    return editore->findChild<QPlainTextEdit*>(QStringLiteral("Text1(%1)").arg(n));
-}
-QComboBox* Combo(const QWidget* editore, const char* nome) {
-    return editore->findChild<QComboBox*>(QLatin1String(nome));
-}
 QCheckBox* Pubblica(const QWidget* editore) {
     return editore->findChild<QCheckBox*>(QStringLiteral("chkPubblicaIst"));
 }
@@ -129,13 +74,6 @@ void CompilaIstituto(ucIstituto& editore) {
 }
 
 // A text of exactly n characters made of the given piece.
-QString Lungo(const QString& pezzo, int n) {
-    QString testo;
-    while (testo.size() < n)
-        testo += pezzo;
-    return testo.left(n);
-}
-
 } // namespace
 
 class TestIstituto : public QObject {

@@ -9,10 +9,7 @@
 #include "store/ArchivioElementi.h"
 #include "store/Connessione.h"
 
-#include "BancaDatiProva.h"
-#include "CartellaProva.h"
-#include "IstitutiProva.h"
-#include "PiattaformaScriptata.h"
+#include "AmbienteRecord.h"
 
 #include <QComboBox>
 #include <QFile>
@@ -21,35 +18,17 @@
 
 namespace {
 
-QVariant Id(long valore) {
-    return QVariant(qlonglong(valore));
-}
-
 // A database of the schema as the session's connection, and the scripted boxes.
-struct Ambiente {
+struct Ambiente : AmbienteRecord {
     explicit Ambiente(TipoBackend tipo)
-        : banca(tipo) {
-        QFile lista(QStringLiteral(TABELLION_SORGENTI "/site/TipologiaCD.txt"));
-        if (lista.open(QIODevice::ReadOnly))
-            cartella.Scrivi(QStringLiteral("TipologiaCD.txt"), lista.readAll());
-        Sessione::cnn = banca.Apri();
-    }
-    ~Ambiente() { Sessione::cnn.reset(); }
+        : AmbienteRecord(tipo, QStringLiteral("ComplessiDoc"), {"TipologiaCD.txt"}) {}
 
-    const Connessione& Cnn() const { return *Sessione::cnn; }
-    long Istituto(const QString& nome, const QString& tipologia, long padre = 0) const {
-        return IstitutiProva::Crea(Cnn(), nome, tipologia, padre);
-    }
-    long IdIstituto(long idElemento) const { return IstitutiProva::IdIstituto(Cnn(), idElemento); }
-    long Elemento(const char* tipo, const QString& nome, long padre) const {
-        return ArchivioElementi::Crea(Cnn(), QLatin1String(tipo), nome, padre);
-    }
     // The seat and the warehouse of the row of an element in its table.
     QVariant Sede(const QString& tabella, long idElemento) const {
-        return Colonna(tabella, QStringLiteral("ID_IstitutoSede"), idElemento);
+        return ColonnaDi(tabella, QStringLiteral("ID_IstitutoSede"), idElemento);
     }
     QVariant Magazzino(const QString& tabella, long idElemento) const {
-        return Colonna(tabella, QStringLiteral("ID_IstitutoMag"), idElemento);
+        return ColonnaDi(tabella, QStringLiteral("ID_IstitutoMag"), idElemento);
     }
     void ScriviLuoghi(const QString& tabella, long idElemento, const QVariant& sede,
                       const QVariant& magazzino) const {
@@ -57,18 +36,6 @@ struct Ambiente {
                                     "WHERE ID_Elemento = ?")
                          .arg(tabella),
                      {sede, magazzino, Id(idElemento)});
-    }
-
-    CartellaProva cartella;
-    BancaDatiProva banca;
-    PiattaformaScriptata seam;
-
-private:
-    QVariant Colonna(const QString& tabella, const QString& colonna, long idElemento) const {
-        QSqlQuery riga = Cnn().Esegui(
-            QStringLiteral("SELECT %1 FROM %2 WHERE ID_Elemento = ?").arg(colonna, tabella),
-            {Id(idElemento)});
-        return riga.next() ? riga.value(0) : QVariant();
     }
 };
 
@@ -92,17 +59,18 @@ QList<qlonglong> Chiavi(const QComboBox& cmb) {
 // An institute with a seat, a warehouse, a place of another kind, and the seat of a seat.
 struct Luoghi {
     explicit Luoghi(const Ambiente& ambiente) {
-        istituto =
-            ambiente.Istituto(QStringLiteral("Archivio di Stato di Lucca"), QStringLiteral("01"));
-        sede = ambiente.Istituto(QStringLiteral("Sede di Palazzo Guidiccioni"),
-                                 QStringLiteral("03"), istituto);
-        magazzino = ambiente.Istituto(QStringLiteral("Deposito «San Romano»"), QStringLiteral("04"),
+        istituto = ambiente.CreaIstituto(QStringLiteral("Archivio di Stato di Lucca"),
+                                         QStringLiteral("01"));
+        sede = ambiente.CreaIstituto(QStringLiteral("Sede di Palazzo Guidiccioni"),
+                                     QStringLiteral("03"), istituto);
+        magazzino = ambiente.CreaIstituto(QStringLiteral("Deposito «San Romano»"),
+                                          QStringLiteral("04"), istituto);
+        altro = ambiente.CreaIstituto(QStringLiteral("Sezione di Pescia"), QStringLiteral("02"),
                                       istituto);
-        altro =
-            ambiente.Istituto(QStringLiteral("Sezione di Pescia"), QStringLiteral("02"), istituto);
-        sede2 = ambiente.Istituto(QStringLiteral("Sala dell'Archivio notarile"),
-                                  QStringLiteral("03"), istituto);
-        nipote = ambiente.Istituto(QStringLiteral("Sede della sede"), QStringLiteral("03"), sede);
+        sede2 = ambiente.CreaIstituto(QStringLiteral("Sala dell'Archivio notarile"),
+                                      QStringLiteral("03"), istituto);
+        nipote =
+            ambiente.CreaIstituto(QStringLiteral("Sede della sede"), QStringLiteral("03"), sede);
         idIstituto = ambiente.IdIstituto(istituto);
         idSede = ambiente.IdIstituto(sede);
         idMagazzino = ambiente.IdIstituto(magazzino);
@@ -142,8 +110,8 @@ void TestSedi::leComboElencanoSedeLeSediInEntrambeEIMagazziniSoloInConservatoIn(
     const Luoghi luoghi(ambiente);
     // The places of another institute are not this one's.
     const long estraneo =
-        ambiente.Istituto(QStringLiteral("Archivio di Stato di Pisa"), QStringLiteral("01"));
-    ambiente.Istituto(QStringLiteral("Sede di Pisa"), QStringLiteral("03"), estraneo);
+        ambiente.CreaIstituto(QStringLiteral("Archivio di Stato di Pisa"), QStringLiteral("01"));
+    ambiente.CreaIstituto(QStringLiteral("Sede di Pisa"), QStringLiteral("03"), estraneo);
 
     QComboBox cmbSede;
     QComboBox cmbMagazzino;
@@ -209,7 +177,7 @@ void TestSedi::ilLuogoSceltoEComeLoTieneLaColonnaENullPerSede() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const Luoghi luoghi(ambiente);
-    const long fondo = ambiente.Elemento("02", QStringLiteral("Fondo"), luoghi.istituto);
+    const long fondo = ambiente.Crea("02", QStringLiteral("Fondo"), luoghi.istituto);
     QComboBox cmbSede;
     QComboBox cmbMagazzino;
     SediIstituto sedi(&cmbSede, &cmbMagazzino);
@@ -246,12 +214,12 @@ void TestSedi::laSedeScendeComeSedeEMagazzinoAiSoliFigliDirettiDellaTabella() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const Luoghi luoghi(ambiente);
-    const long fondo = ambiente.Elemento("02", QStringLiteral("Fondo"), luoghi.istituto);
-    const long serie1 = ambiente.Elemento("02", QStringLiteral("Serie 1"), fondo);
-    const long serie2 = ambiente.Elemento("02", QStringLiteral("Serie 2"), fondo);
-    const long sottoserie = ambiente.Elemento("02", QStringLiteral("Sottoserie"), serie1);
-    const long altroFondo = ambiente.Elemento("02", QStringLiteral("Altro fondo"), luoghi.istituto);
-    const long inventario = ambiente.Elemento("03", QStringLiteral("Inventario"), luoghi.istituto);
+    const long fondo = ambiente.Crea("02", QStringLiteral("Fondo"), luoghi.istituto);
+    const long serie1 = ambiente.Crea("02", QStringLiteral("Serie 1"), fondo);
+    const long serie2 = ambiente.Crea("02", QStringLiteral("Serie 2"), fondo);
+    const long sottoserie = ambiente.Crea("02", QStringLiteral("Sottoserie"), serie1);
+    const long altroFondo = ambiente.Crea("02", QStringLiteral("Altro fondo"), luoghi.istituto);
+    const long inventario = ambiente.Crea("03", QStringLiteral("Inventario"), luoghi.istituto);
     // Every row starts with the warehouse in both places.
     const QVariant magazzino = Id(luoghi.idMagazzino);
     for (long id : {fondo, serie1, serie2, sottoserie, altroFondo})
@@ -343,11 +311,11 @@ void TestSedi::ilSalvaDelComplessoPortaLaSedeAiSuoiFigliEANessunAltro() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const Luoghi luoghi(ambiente);
-    const long fondo = ambiente.Elemento("02", QStringLiteral("Fondo"), luoghi.istituto);
-    const long serie = ambiente.Elemento("02", QStringLiteral("Serie"), fondo);
-    const long sottoserie = ambiente.Elemento("02", QStringLiteral("Sottoserie"), serie);
-    const long altroFondo = ambiente.Elemento("02", QStringLiteral("Altro fondo"), luoghi.istituto);
-    const long inventario = ambiente.Elemento("03", QStringLiteral("Inventario"), fondo);
+    const long fondo = ambiente.Crea("02", QStringLiteral("Fondo"), luoghi.istituto);
+    const long serie = ambiente.Crea("02", QStringLiteral("Serie"), fondo);
+    const long sottoserie = ambiente.Crea("02", QStringLiteral("Sottoserie"), serie);
+    const long altroFondo = ambiente.Crea("02", QStringLiteral("Altro fondo"), luoghi.istituto);
+    const long inventario = ambiente.Crea("03", QStringLiteral("Inventario"), fondo);
     const QVariant magazzino = Id(luoghi.idMagazzino);
     for (long id : {serie, sottoserie, altroFondo})
         ambiente.ScriviLuoghi(ComplessiDoc, id, magazzino, magazzino);

@@ -86,23 +86,6 @@ void Scegli(frmStrutturaIN& f, qint64 lId) {
     f.tvwDB->setCurrentIndex(nodo);
 }
 
-QPlainTextEdit* Note(const QWidget* editore, int n) {
-    return editore->findChild<QPlainTextEdit*>(QStringLiteral("Text1(%1)").arg(n));
-}
-
-QComboBox* Combo(const QWidget* editore, const char* nome) {
-    return editore->findChild<QComboBox*>(QLatin1String(nome));
-}
-
-// A text of exactly n characters made of the piece repeated.
-QString Lungo(const QString& pezzo, int n) {
-    QString testo;
-    while (testo.size() < n) {
-        testo += pezzo;
-    }
-    return testo.left(n);
-}
-
 // The mandatory fields of a finding aid, a digital one, with that title.
 void CompilaInventario(const QWidget* editore, const QString& titolo) {
     Riga(editore, 0)->setText(titolo);
@@ -694,10 +677,10 @@ void TestStrutturaIN::laStradaCompletaDalMenu() {
     const QString redattore = Lungo(QStringLiteral("Maria d'Àngelo "), 64);
     Riga(editore, 6)->setText(estremi);
     Riga(editore, 7)->setText(autore);
-    Note(editore, 9)->setPlainText(descrizione);
+    Blocco(editore, 9)->setPlainText(descrizione);
     Riga(editore, 10)->setText(xml);
     Riga(editore, 11)->setText(url);
-    Note(editore, 12)->setPlainText(gestione);
+    Blocco(editore, 12)->setPlainText(gestione);
     Riga(editore, 15)->setText(edizione);
     Riga(editore, 17)->setText(redattore);
     Combo(editore, "cmbTipologiaIN2")->setCurrentIndex(2);

@@ -69,6 +69,25 @@ bool Prepara(EditoreUscita& editore, const QString& sAnno) {
     return editore.txtAnno->hasFocus();
 }
 
+// The editor of a test with the year box holding the focus and the text given, and the
+// scripted boxes.
+struct Prova {
+    Prova(EditoreUscita::Uscita modo, const QString& sAnno)
+        : editore(modo)
+        , bPronto(Prepara(editore, sAnno)) {}
+    // The boxes shown so far are n, the last one "Anno errato" titled "Attenzione" with the
+    // information icon.
+    bool AnnoErrato(qsizetype n = 1) const {
+        const QList<Messaggio> messaggi = seam.Messaggi();
+        return messaggi.size() == n && messaggi.last().sTesto == QStringLiteral("Anno errato") &&
+               messaggi.last().sTitolo == QStringLiteral("Attenzione") &&
+               messaggi.last().icona == Icona::Informazione;
+    }
+    PiattaformaScriptata seam;
+    EditoreUscita editore;
+    const bool bPronto;
+};
+
 } // namespace
 
 class TestUscitaCasella : public QObject {
@@ -88,66 +107,55 @@ private Q_SLOTS:
 };
 
 void TestUscitaCasella::unTestoErratoDaIlMessaggioERiprendeIlFuocoMaIlClicArriva() {
-    PiattaformaScriptata seam;
-    EditoreUscita editore(EditoreUscita::Uscita::RestituisceFuoco);
-    QVERIFY(Prepara(editore, QStringLiteral("12a")));
-    QTest::mouseClick(editore.cmdConferma, Qt::LeftButton);
-    QCOMPARE(seam.Messaggi().size(), 1);
-    QCOMPARE(seam.Messaggi().at(0).sTesto, QStringLiteral("Anno errato"));
-    QCOMPARE(seam.Messaggi().at(0).sTitolo, QStringLiteral("Attenzione"));
-    QCOMPARE(seam.Messaggi().at(0).icona, Icona::Informazione);
-    QCOMPARE(seam.Messaggi().at(0).pulsanti, Pulsanti::Ok);
-    QVERIFY(editore.txtAnno->hasFocus());
-    QCOMPARE(editore.iClic, 1);
-    QCOMPARE(editore.testiVerificati, QStringList{QStringLiteral("12a")});
-    QCOMPARE(editore.txtAnno->text(), QStringLiteral("12a"));
+    Prova prova(EditoreUscita::Uscita::RestituisceFuoco, QStringLiteral("12a"));
+    QVERIFY(prova.bPronto);
+    QTest::mouseClick(prova.editore.cmdConferma, Qt::LeftButton);
+    QVERIFY(prova.AnnoErrato());
+    QCOMPARE(prova.seam.Messaggi().at(0).pulsanti, Pulsanti::Ok);
+    QVERIFY(prova.editore.txtAnno->hasFocus());
+    QCOMPARE(prova.editore.iClic, 1);
+    QCOMPARE(prova.editore.testiVerificati, QStringList{QStringLiteral("12a")});
+    QCOMPARE(prova.editore.txtAnno->text(), QStringLiteral("12a"));
 }
 
 void TestUscitaCasella::unTestoErratoConTabDaIlMessaggioERiprendeIlFuoco() {
-    PiattaformaScriptata seam;
-    EditoreUscita editore(EditoreUscita::Uscita::RestituisceFuoco);
-    QVERIFY(Prepara(editore, QStringLiteral("12x")));
-    QTest::keyClick(editore.txtAnno, Qt::Key_Tab);
-    QCOMPARE(seam.Messaggi().size(), 1);
-    QCOMPARE(seam.Messaggi().at(0).sTesto, QStringLiteral("Anno errato"));
-    QVERIFY(editore.txtAnno->hasFocus());
-    QVERIFY(!editore.txtAltro->hasFocus());
+    Prova prova(EditoreUscita::Uscita::RestituisceFuoco, QStringLiteral("12x"));
+    QVERIFY(prova.bPronto);
+    QTest::keyClick(prova.editore.txtAnno, Qt::Key_Tab);
+    QVERIFY(prova.AnnoErrato());
+    QVERIFY(prova.editore.txtAnno->hasFocus());
+    QVERIFY(!prova.editore.txtAltro->hasFocus());
     // The box still takes what is typed.
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("9"));
-    QCOMPARE(editore.txtAnno->text(), QStringLiteral("12x9"));
+    QCOMPARE(prova.editore.txtAnno->text(), QStringLiteral("12x9"));
 }
 
 void TestUscitaCasella::unaCasellaCheRifiutaTieneIlFuocoEIlClicNonArriva() {
-    PiattaformaScriptata seam;
-    EditoreUscita editore(EditoreUscita::Uscita::Rifiuta);
-    QVERIFY(Prepara(editore, QStringLiteral("12a")));
-    QTest::mouseClick(editore.cmdConferma, Qt::LeftButton);
-    QCOMPARE(seam.Messaggi().size(), 1);
-    QCOMPARE(seam.Messaggi().at(0).sTesto, QStringLiteral("Anno errato"));
-    QCOMPARE(seam.Messaggi().at(0).sTitolo, QStringLiteral("Attenzione"));
-    QCOMPARE(seam.Messaggi().at(0).icona, Icona::Informazione);
-    QVERIFY(editore.txtAnno->hasFocus());
-    QCOMPARE(editore.iClic, 0);
-    QVERIFY(!editore.cmdConferma->isDown());
+    Prova prova(EditoreUscita::Uscita::Rifiuta, QStringLiteral("12a"));
+    QVERIFY(prova.bPronto);
+    QTest::mouseClick(prova.editore.cmdConferma, Qt::LeftButton);
+    QVERIFY(prova.AnnoErrato());
+    QVERIFY(prova.editore.txtAnno->hasFocus());
+    QCOMPARE(prova.editore.iClic, 0);
+    QVERIFY(!prova.editore.cmdConferma->isDown());
     // A second try is refused the same way.
-    QTest::mouseClick(editore.cmdConferma, Qt::LeftButton);
-    QCOMPARE(seam.Messaggi().size(), 2);
-    QCOMPARE(editore.iClic, 0);
-    QVERIFY(editore.txtAnno->hasFocus());
+    QTest::mouseClick(prova.editore.cmdConferma, Qt::LeftButton);
+    QVERIFY(prova.AnnoErrato(2));
+    QCOMPARE(prova.editore.iClic, 0);
+    QVERIFY(prova.editore.txtAnno->hasFocus());
 }
 
 void TestUscitaCasella::unaCasellaCheRifiutaTieneIlFuocoAncheControTab() {
-    PiattaformaScriptata seam;
-    EditoreUscita editore(EditoreUscita::Uscita::Rifiuta);
-    QVERIFY(Prepara(editore, QStringLiteral("12a")));
-    QTest::keyClick(editore.txtAnno, Qt::Key_Tab);
-    QCOMPARE(seam.Messaggi().size(), 1);
-    QVERIFY(editore.txtAnno->hasFocus());
+    Prova prova(EditoreUscita::Uscita::Rifiuta, QStringLiteral("12a"));
+    QVERIFY(prova.bPronto);
+    QTest::keyClick(prova.editore.txtAnno, Qt::Key_Tab);
+    QVERIFY(prova.AnnoErrato());
+    QVERIFY(prova.editore.txtAnno->hasFocus());
     // A click on the other box does not place its cursor there either.
-    QTest::mouseClick(editore.txtAltro, Qt::LeftButton);
-    QCOMPARE(seam.Messaggi().size(), 2);
-    QVERIFY(editore.txtAnno->hasFocus());
-    QCOMPARE(editore.iClic, 0);
+    QTest::mouseClick(prova.editore.txtAltro, Qt::LeftButton);
+    QVERIFY(prova.AnnoErrato(2));
+    QVERIFY(prova.editore.txtAnno->hasFocus());
+    QCOMPARE(prova.editore.iClic, 0);
 }
 
 void TestUscitaCasella::correttoIlTestoIlFuocoEsceEIlClicFunziona() {

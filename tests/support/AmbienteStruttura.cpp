@@ -114,10 +114,6 @@ QList<Messaggio> MessaggiCon(const PiattaformaScriptata& piattaforma, const QStr
     return trovati;
 }
 
-QLineEdit* Riga(const QWidget* editore, int n) {
-    return editore->findChild<QLineEdit*>(QStringLiteral("Text1(%1)").arg(n));
-}
-
 void CompilaIstituto(const QWidget* editore, const QString& nome) {
     Riga(editore, 0)->setText(nome);
     editore->findChild<QComboBox*>(QStringLiteral("DCCodice"))->setCurrentIndex(0);

@@ -5,6 +5,7 @@
 // and two provinces, the session on it and the scripted platform; the elements and links made
 // behind the windows' backs; the reading of the tree, of the boxes and of the editors' boxes.
 
+#include "AmbienteRecord.h"
 #include "BancaDatiProva.h"
 #include "CartellaProva.h"
 #include "PiattaformaScriptata.h"
@@ -54,8 +55,6 @@ struct AmbienteStruttura {
 QStringList TestiFigli(const ModelloAlbero& modello, const QModelIndex& padre);
 // The boxes shown with that title.
 QList<Messaggio> MessaggiCon(const PiattaformaScriptata& piattaforma, const QString& sTitolo);
-// Text1(n) of an editor (nullptr if it has none, or not a single line).
-QLineEdit* Riga(const QWidget* editore, int n);
 // The mandatory fields of an institute, with that name.
 void CompilaIstituto(const QWidget* editore, const QString& nome);
 
