@@ -7,6 +7,7 @@
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
 #include "store/Connessione.h"
+#include "store/ProcedureComuni.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -522,56 +523,66 @@ bool ucComplesso::CheckMandatoryFields() {
 void ucComplesso::Salva(long IDElem) {
     d->lIdElemento = IDElem;
     try {
-        SalvaElemento(IDElem, d->chkPubblicaCD, d->DTPData, Testo(31));
-
         const Connessione& cnn = *Sessione::cnn;
-        QSqlQuery riga = cnn.Esegui(SqlSalva, {Id(IDElem)});
-        if (!riga.next()) {
-            // No detail row: nothing written, nothing said; the editor is left as after Mostra
-            // of a record that is not there, locked and with the flags of a missing row.
+        bool bTrovata = false;
+        long lIdIstitutoRiga = 0;
+        // The row of Elementi, the row of ComplessiDoc and the places of the children are
+        // written together or not at all.
+        InTransazione(cnn.Db(), QStringLiteral("ucComplesso.Salva"), [&] {
+            SalvaElemento(IDElem, d->chkPubblicaCD, d->DTPData, Testo(31));
+            QSqlQuery riga = cnn.Esegui(SqlSalva, {Id(IDElem)});
+            if (!riga.next())
+                return;
+            bTrovata = true;
+            lIdIstitutoRiga = Lungo(riga.value(29));
+            const auto testo = [this](int n) {
+                return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
+            };
+            const auto numero = [this](int n) {
+                return NumeroOZero(TestoDi(Testo(n)));
+            };
+            const QVariant sede = d->sedi->Sede();
+            const QVariant magazzino = d->sedi->Magazzino();
+            const QVariant dataInizio = ColonnaIntera(DataDaAnno(TestoDi(Testo(4)), true));
+            const QVariant dataFine = ColonnaIntera(DataDaAnno(TestoDi(Testo(5)), false));
+            const QVariant ordinamento = ColonnaIntera(NullSeVuoto(TestoDi(Testo(28))));
+            cnn.Esegui(SqlScrivi, {TestoODefault(TestoDi(Testo(0))),
+                                   testo(10),
+                                   testo(11),
+                                   testo(14),
+                                   numero(17),
+                                   numero(18),
+                                   numero(19),
+                                   numero(20),
+                                   numero(21),
+                                   numero(12),
+                                   numero(15),
+                                   dataInizio,
+                                   dataFine,
+                                   testo(8),
+                                   testo(9),
+                                   testo(26),
+                                   testo(25),
+                                   ordinamento,
+                                   testo(29),
+                                   magazzino,
+                                   sede,
+                                   CodiceDueCifre(d->cmbTipologiaCD),
+                                   Id(IDElem)});
+
+            // The seat just written goes down to the direct children, as seat and as
+            // warehouse.
+            SediIstituto::PropagaSedi(QStringLiteral("ComplessiDoc"), IDElem, sede);
+        });
+        if (!bTrovata) {
+            // No detail row: only the row of Elementi written, nothing said; the editor is left
+            // as after Mostra of a record that is not there, locked and with the flags of a
+            // missing row.
             LeggiStato(false, 0, true);
             BloccaCampiCD();
             return;
         }
-        const auto testo = [this](int n) {
-            return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
-        };
-        const auto numero = [this](int n) {
-            return NumeroOZero(TestoDi(Testo(n)));
-        };
-        const QVariant sede = d->sedi->Sede();
-        const QVariant magazzino = d->sedi->Magazzino();
-        const QVariant dataInizio = ColonnaIntera(DataDaAnno(TestoDi(Testo(4)), true));
-        const QVariant dataFine = ColonnaIntera(DataDaAnno(TestoDi(Testo(5)), false));
-        const QVariant ordinamento = ColonnaIntera(NullSeVuoto(TestoDi(Testo(28))));
-        cnn.Esegui(SqlScrivi, {TestoODefault(TestoDi(Testo(0))),
-                               testo(10),
-                               testo(11),
-                               testo(14),
-                               numero(17),
-                               numero(18),
-                               numero(19),
-                               numero(20),
-                               numero(21),
-                               numero(12),
-                               numero(15),
-                               dataInizio,
-                               dataFine,
-                               testo(8),
-                               testo(9),
-                               testo(26),
-                               testo(25),
-                               ordinamento,
-                               testo(29),
-                               magazzino,
-                               sede,
-                               CodiceDueCifre(d->cmbTipologiaCD),
-                               Id(IDElem)});
-
-        // The seat just written goes down to the direct children, as seat and as warehouse.
-        SediIstituto::PropagaSedi(QStringLiteral("ComplessiDoc"), IDElem, sede);
-
-        LeggiStato(true, Lungo(riga.value(29)), true);
+        LeggiStato(true, lIdIstitutoRiga, true);
         BloccaCampiCD();
     } catch (const Errore& errore) {
         MsgBox(errore.descrizione(), Pulsanti::Ok, Icona::Critica);
