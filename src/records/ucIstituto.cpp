@@ -3,6 +3,7 @@
 #include "session/Conversioni.h"
 #include "session/Sessione.h"
 #include "store/Connessione.h"
+#include "store/ProcedureComuni.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -222,46 +223,50 @@ bool ucIstituto::CheckMandatoryFields() {
 
 void ucIstituto::Salva(long IDElem) {
     lIdElemento = IDElem;
-    SalvaElemento(IDElem, chkPubblicaIst);
-
     const Connessione& cnn = *Sessione::cnn;
-    QSqlQuery riga = cnn.Esegui(SqlSalva, {Id(IDElem)});
-    if (!riga.next()) {
-        // No detail row: nothing written, nothing said; the editor is left as after Mostra of
-        // a record that is not there, locked and with the flags of a missing row.
+    bool bTrovata = false;
+    long lIdRiga = 0;
+    QVariant tipologia;
+    // The row of Elementi and the row of Istituti are written together or not at all; an error
+    // goes on to the host.
+    InTransazione(cnn.Db(), QStringLiteral("ucIstituto.Salva"), [&] {
+        SalvaElemento(IDElem, chkPubblicaIst);
+        QSqlQuery riga = cnn.Esegui(SqlSalva, {Id(IDElem)});
+        if (!riga.next())
+            return;
+        bTrovata = true;
+        lIdRiga = static_cast<long>(riga.value(20).toLongLong());
+
+        QVariant codice = ColonnaTesto(QVariant());
+        QVariant sigla = ColonnaTesto(QVariant());
+        if (!DCCodice->currentText().isEmpty()) {
+            QSqlQuery voce =
+                cnn.Esegui(QStringLiteral("SELECT ISAD_Codice, ISAD_Sigla FROM "
+                                          "CodiciIstituto WHERE ID_CodiceIstituto = ?"),
+                           {QVariant(TestoLegato(DCCodice).toLongLong())});
+            if (voce.next()) {
+                codice = ColonnaTesto(voce.value(0));
+                sigla = ColonnaTesto(voce.value(1));
+            }
+        }
+        tipologia = CodiceDueCifre(cmbTipologiaIS);
+        const auto testo = [this](int n) {
+            return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
+        };
+        cnn.Esegui(SqlScrivi, {TestoODefault(TestoDi(Testo(0))), tipologia, testo(2), testo(3),
+                               testo(4), ColonnaTesto(NullSeVuoto(TestoLegato(DCProvincia))),
+                               testo(6), testo(7), testo(8), testo(9), testo(10), testo(11),
+                               testo(12), testo(13), testo(14), codice, sigla, Id(IDElem)});
+    });
+    if (!bTrovata) {
+        // No detail row: only the row of Elementi written, nothing said; the editor is left as
+        // after Mostra of a record that is not there, locked and with the flags of a missing
+        // row.
         LeggiStato(false, QString(), 0);
         BloccaCampi();
         return;
     }
-
-    QVariant codice = ColonnaTesto(QVariant());
-    QVariant sigla = ColonnaTesto(QVariant());
-    if (!DCCodice->currentText().isEmpty()) {
-        QSqlQuery voce = cnn.Esegui(
-            QStringLiteral(
-                "SELECT ISAD_Codice, ISAD_Sigla FROM CodiciIstituto WHERE ID_CodiceIstituto = ?"),
-            {QVariant(TestoLegato(DCCodice).toLongLong())});
-        if (voce.next()) {
-            codice = ColonnaTesto(voce.value(0));
-            sigla = ColonnaTesto(voce.value(1));
-        }
-    }
-    const QVariant tipologia = CodiceDueCifre(cmbTipologiaIS);
-    cnn.Esegui(
-        SqlScrivi,
-        {TestoODefault(TestoDi(Testo(0))), tipologia, ColonnaTesto(NullSeVuoto(TestoDi(Testo(2)))),
-         ColonnaTesto(NullSeVuoto(TestoDi(Testo(3)))), ColonnaTesto(NullSeVuoto(TestoDi(Testo(4)))),
-         ColonnaTesto(NullSeVuoto(TestoLegato(DCProvincia))),
-         ColonnaTesto(NullSeVuoto(TestoDi(Testo(6)))), ColonnaTesto(NullSeVuoto(TestoDi(Testo(7)))),
-         ColonnaTesto(NullSeVuoto(TestoDi(Testo(8)))), ColonnaTesto(NullSeVuoto(TestoDi(Testo(9)))),
-         ColonnaTesto(NullSeVuoto(TestoDi(Testo(10)))),
-         ColonnaTesto(NullSeVuoto(TestoDi(Testo(11)))),
-         ColonnaTesto(NullSeVuoto(TestoDi(Testo(12)))),
-         ColonnaTesto(NullSeVuoto(TestoDi(Testo(13)))),
-         ColonnaTesto(NullSeVuoto(TestoDi(Testo(14)))), codice, sigla, Id(IDElem)});
-
-    LeggiStato(true, ENull(tipologia) ? QString() : tipologia.toString(),
-               static_cast<long>(riga.value(20).toLongLong()));
+    LeggiStato(true, ENull(tipologia) ? QString() : tipologia.toString(), lIdRiga);
     BloccaCampi();
 }
 
