@@ -1,6 +1,7 @@
 #include "EditoreRecord.h"
 
 #include "session/Conversioni.h"
+#include "session/Dialoghi.h"
 #include "session/Errore.h"
 #include "session/LetturaLista.h"
 #include "session/Piattaforma.h"
@@ -557,4 +558,11 @@ QVariant EditoreRecord::ColonnaTesto(const QVariant& valore) {
 
 long EditoreRecord::Lungo(const QVariant& valore) {
     return ENull(valore) ? 0 : static_cast<long>(valore.toLongLong());
+}
+
+bool EditoreRecord::ApriDialogo(const QString& sNome, const QVariantMap& argomenti) {
+    if (!Dialoghi::Apri(sNome, this, argomenti))
+        return false;
+    Q_EMIT EventoStato();
+    return true;
 }

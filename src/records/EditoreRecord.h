@@ -98,7 +98,16 @@ public:
     // Figli of the row of Elementi (0 if the row is missing).
     static long FigliElemento(long lIdElemento);
 
+Q_SIGNALS:
+    // A dialog that the editor opened has closed: the host sets its buttons again from the
+    // flags (cmdCancella from OkCancella).
+    void EventoStato();
+
 protected:
+    // Opens the dialog of that name modally through Dialoghi::Apri and, once it has closed,
+    // raises EventoStato; false (and no event) when no dialog has that name.
+    bool ApriDialogo(const QString& sNome, const QVariantMap& argomenti = {});
+
     enum class Uscita { RestituisceFuoco, Rifiuta };
     // Runs verifica with the box's text when the box loses the focus (not when only the window
     // loses the activation or a popup opens, nor when the box is disabled). A non-empty answer is
