@@ -78,9 +78,9 @@ void Compila(ucInventario& editore) {
     Riga(&editore, 4)->setText(QStringLiteral("1890"));
 }
 
-// The host reads the flags of the record to set its buttons.
-void Collega(HostEditore& ospite, ucInventario* editore) {
-    CollegaPermessi(ospite, editore, &ucInventario::OkNuovoInventario);
+// A host of finding aids under an institute and, when named, a finding aid in it.
+RecordOspitato<ucInventario> Ospitato(const Ambiente& ambiente, const QString& sNome = QString()) {
+    return {ambiente, "03", &ucInventario::OkNuovoInventario, Compila, sNome};
 }
 
 } // namespace
@@ -139,8 +139,7 @@ void TestInventario::iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiETag() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    ucInventario editore;
-    editore.Init();
+    EditorePronto<ucInventario> editore;
     QStringList nomi;
     const QList<QWidget*> controlli = editore.Controls();
     for (const QWidget* controllo : controlli)
@@ -235,8 +234,7 @@ void TestInventario::gliObbligatoriSiControllanoNellOrdineDeiLoroMessaggi() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    ucInventario editore;
-    editore.Init();
+    EditorePronto<ucInventario> editore;
     editore.Nuovo();
     const QStringList attesi = {QStringLiteral("Inserire redattore"),
                                 QStringLiteral("Specificare la tipologia"),
@@ -278,13 +276,10 @@ void TestInventario::nuovoScegliePrimoLivelloESedeMaNonSupportoETipologia() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    ambiente.CreaIstituto(QStringLiteral("Sezione"), QStringLiteral("03"), istituto);
-    ambiente.CreaIstituto(QStringLiteral("Deposito"), QStringLiteral("04"), istituto);
-    ucInventario editore;
-    editore.Init();
-    editore.AssegnaIstituto(ambiente.IdIstituto(istituto));
-    QCOMPARE(editore.ID_Istituto, ambiente.IdIstituto(istituto));
+    const Luoghi luoghi(ambiente);
+    EditorePronto<ucInventario> editore;
+    editore.AssegnaIstituto(luoghi.idIstituto);
+    QCOMPARE(editore.ID_Istituto, luoghi.idIstituto);
     editore.Nuovo();
     QCOMPARE(Combo(&editore, "cmbTipologiaIN")->currentIndex(), 0);
     QCOMPARE(Combo(&editore, "cmbSede")->currentIndex(), 0);
@@ -308,16 +303,10 @@ void TestInventario::ogniCampoFaIlGiroConApiciAccentiETestiPiuLunghi() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long sede =
-        ambiente.CreaIstituto(QStringLiteral("Sezione"), QStringLiteral("03"), istituto);
-    const long magazzino =
-        ambiente.CreaIstituto(QStringLiteral("Deposito"), QStringLiteral("04"), istituto);
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    const Luoghi luoghi(ambiente);
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), luoghi.istituto);
 
-    ucInventario editore;
-    editore.Init();
-    editore.Mostra(id);
+    EditorePronto<ucInventario> editore(id);
     editore.Modifica();
 
     const QString titolo = Lungo(QStringLiteral("Inventario dell'archivio «Podestà» "), 256);
@@ -330,15 +319,14 @@ void TestInventario::ogniCampoFaIlGiroConApiciAccentiETestiPiuLunghi() {
     const QString edizione = Lungo(QStringLiteral("Roma, \"Tipografia\" dell'Ateneo "), 256);
     const QString redattore = Lungo(QStringLiteral("Ludovica Dell'Età "), 64);
 
-    const long idSede = ambiente.IdIstituto(sede);
-    const long idMagazzino = ambiente.IdIstituto(magazzino);
+    const long idSede = luoghi.idSede;
+    const long idMagazzino = luoghi.idMagazzino;
     Riga(&editore, 17)->setText(redattore);
     Pubblica(&editore)->setChecked(true);
     Blocco(&editore, 12)->setPlainText(gestionali);
     Riga(&editore, 11)->setText(url);
-    Combo(&editore, "cmbMagazzino")
-        ->setCurrentIndex(Combo(&editore, "cmbMagazzino")->findData(Id(idMagazzino)));
-    Combo(&editore, "cmbSede")->setCurrentIndex(Combo(&editore, "cmbSede")->findData(Id(idSede)));
+    ScegliChiave(&editore, "cmbMagazzino", idMagazzino);
+    ScegliChiave(&editore, "cmbSede", idSede);
     Combo(&editore, "cmbTipologiaIN2")->setCurrentIndex(11); // "12" Censimento
     Combo(&editore, "cmbTipologiaIN")->setCurrentIndex(2);   // "03"
     Combo(&editore, "cmbTipoInv")->setCurrentIndex(4);       // "C"
@@ -382,9 +370,7 @@ void TestInventario::ogniCampoFaIlGiroConApiciAccentiETestiPiuLunghi() {
     QVERIFY(ambiente.Colonna(QStringLiteral("TipoInv"), id).isNull());
 
     // And back into a fresh form.
-    ucInventario altro;
-    altro.Init();
-    altro.Mostra(id);
+    EditorePronto<ucInventario> altro(id);
     QCOMPARE(Testo(&altro, 0), titolo);
     QCOMPARE(Testo(&altro, 4), QStringLiteral("812"));
     QCOMPARE(Testo(&altro, 5), QStringLiteral("1899"));
@@ -404,7 +390,7 @@ void TestInventario::ogniCampoFaIlGiroConApiciAccentiETestiPiuLunghi() {
     QVERIFY(Pubblica(&altro)->isChecked());
     QCOMPARE(altro.findChild<QDateEdit*>(QStringLiteral("DTPData"))->date(), QDate(2024, 2, 29));
     QCOMPARE(altro.LeggiDenominazione(), titolo);
-    QCOMPARE(altro.ID_Istituto, ambiente.IdIstituto(istituto));
+    QCOMPARE(altro.ID_Istituto, luoghi.idIstituto);
     QVERIFY(!Riga(&altro, 0)->isEnabled());
     QVERIFY(!Combo(&altro, "cmbTipoInv")->isEnabled());
 
@@ -427,12 +413,9 @@ void TestInventario::unAnnoVuotoSiSalvaNullMaLObbligoRifiutaEntrambiGliAnniVuoti
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    const auto [istituto, id] = ambiente.CreaInIstituto("03", QStringLiteral("Inventario"));
     ambiente.Scrivi(QStringLiteral("AnnoInizio = ?, AnnoFine = ?"), {Id(1700), Id(1750), Id(id)});
-    ucInventario editore;
-    editore.Init();
-    editore.Mostra(id);
+    EditorePronto<ucInventario> editore(id);
     QCOMPARE(Testo(&editore, 4), QStringLiteral("1700"));
     editore.Modifica();
     Compila(editore);
@@ -462,10 +445,8 @@ void TestInventario::soloBaseConGuidaAmmettePiuComplessi() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
-    ucInventario editore;
-    editore.Init();
+    const auto [istituto, id] = ambiente.CreaInIstituto("03", QStringLiteral("Inventario"));
+    EditorePronto<ucInventario> editore;
     struct Caso {
         QVariant tipologia;
         QVariant subTipologia;
@@ -506,10 +487,8 @@ void TestInventario::loStatoDellInventarioAnaliticoVieneDaTipoInv() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
-    ucInventario editore;
-    editore.Init();
+    const auto [istituto, id] = ambiente.CreaInIstituto("03", QStringLiteral("Inventario"));
+    EditorePronto<ucInventario> editore;
     const QList<QPair<QVariant, int>> casi = {
         {NullTesto(), 0},          {QStringLiteral("00"), 0}, {QStringLiteral("01"), 1},
         {QStringLiteral("02"), 2}, {QStringLiteral("03"), 3}, {QStringLiteral("04"), 0},
@@ -536,11 +515,8 @@ void TestInventario::unInventarioMostratoNonNeCreaAltriSiModificaESiCancellaSenz
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
-    ucInventario editore;
-    editore.Init();
-    editore.Mostra(id);
+    const auto [istituto, id] = ambiente.CreaInIstituto("03", QStringLiteral("Inventario"));
+    EditorePronto<ucInventario> editore(id);
     QVERIFY(!editore.OkNuovoInventario);
     QVERIFY(editore.OkModifica);
     QVERIFY(editore.OkCancella);
@@ -562,15 +538,12 @@ void TestInventario::unRecordCheNonCeSpegneTutto() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    const auto [istituto, id] = ambiente.CreaInIstituto("03", QStringLiteral("Inventario"));
     const long fondo = ambiente.Crea("02", QStringLiteral("Fondo"), istituto);
     ambiente.Collega(fondo, id);
     ambiente.Scrivi(QStringLiteral("TipoInventario = ?, TipoInv = ?"),
                     {QStringLiteral("D"), QStringLiteral("01"), Id(id)});
-    ucInventario editore;
-    editore.Init();
-    editore.Mostra(id);
+    EditorePronto<ucInventario> editore(id);
     QCOMPARE(editore.ComplessiLink, 1L);
     QVERIFY(Immagine(&editore)->isEnabled());
 
@@ -619,9 +592,7 @@ void TestInventario::unComplessoCollegatoSiNominaEDueNominanoLIstituto() {
         QStringLiteral("UPDATE ComplessiDoc SET DenomCompleta = ? WHERE ID_Elemento = ?"),
         {QStringLiteral("Forlì > Fondo «Podestà»   "), Id(fondo)});
 
-    ucInventario editore;
-    editore.Init();
-    editore.Mostra(id);
+    EditorePronto<ucInventario> editore(id);
     QCOMPARE(editore.ComplessiLink, 0L);
     QCOMPARE(editore.sComplessoLinked, QString());
 
@@ -648,12 +619,9 @@ void TestInventario::leAltreDenominazioniSiLeggonoDaInventariDenominazioni() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    const auto [istituto, id] = ambiente.CreaInIstituto("03", QStringLiteral("Inventario"));
     const long altro = ambiente.Crea("03", QStringLiteral("Altro inventario"), istituto);
-    ucInventario editore;
-    editore.Init();
-    editore.Mostra(id);
+    EditorePronto<ucInventario> editore(id);
     QVERIFY(!editore.AltreDenominazioni);
     const qint64 idInventario = ambiente.Colonna(QStringLiteral("ID_Inventario"), id).toLongLong();
     Sessione::cnn->Inserisci(
@@ -675,10 +643,8 @@ void TestInventario::lImmagineSiOffreSoloAUnInventarioDigitale() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
-    ucInventario editore;
-    editore.Init();
+    const auto [istituto, id] = ambiente.CreaInIstituto("03", QStringLiteral("Inventario"));
+    EditorePronto<ucInventario> editore;
     const QList<QPair<QVariant, bool>> casi = {
         {QStringLiteral("S"), false}, {QStringLiteral("M"), false}, {QStringLiteral("T"), false},
         {QStringLiteral("C"), false}, {NullTesto(), false},         {QStringLiteral("D"), true},
@@ -708,10 +674,8 @@ void TestInventario::lImmagineSiOffreSoloAUnInventarioDigitale() {
 
 void TestInventario::laSceltaDelSupportoRimodellaIlModulo() {
     Ambiente ambiente(TipoBackend::SQLite);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
-    ucInventario editore;
-    editore.Init();
+    const auto [istituto, id] = ambiente.CreaInIstituto("03", QStringLiteral("Inventario"));
+    EditorePronto<ucInventario> editore;
     editore.show();
     QComboBox* supporto = Combo(&editore, "cmbTipoInv");
     const auto visibile = [&editore](QWidget* w) {
@@ -773,25 +737,17 @@ void TestInventario::unAnnoNonNumericoOPiuCortoDiTreCifreERifiutatoAllUscita() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
-    auto* editore = new ucInventario;
-    HostEditore ospite(editore, QStringLiteral("03"), istituto);
-    Collega(ospite, editore);
-    ospite.Carica();
-    QVERIFY(Attiva(ospite));
-    ospite.MostraElemento(id);
-    ospite.cmdModifica->click();
-    Compila(*editore);
+    auto inventario = Ospitato(ambiente, QStringLiteral("Inventario"));
+    QVERIFY(inventario.Modifica());
 
     int iAttesi = 0;
     for (int n : {4, 5}) {
         for (const char* errato : {"19a", "12", "x", "1"}) {
-            QLineEdit* anno = Riga(editore, n);
+            QLineEdit* anno = Riga(inventario.editore, n);
             anno->setFocus();
             anno->setText(QLatin1String(errato));
             // Left with a click on the title.
-            QTest::mouseClick(Riga(editore, 0), Qt::LeftButton);
+            QTest::mouseClick(Riga(inventario.editore, 0), Qt::LeftButton);
             ++iAttesi;
             QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
             const Messaggio messaggio = ambiente.seam.Messaggi().constLast();
@@ -803,20 +759,22 @@ void TestInventario::unAnnoNonNumericoOPiuCortoDiTreCifreERifiutatoAllUscita() {
         }
         // Three or four digits, or nothing, may leave.
         for (const char* giusto : {"812", "1890", ""}) {
-            Riga(editore, n)->setFocus();
-            Riga(editore, n)->setText(QLatin1String(giusto));
-            QTest::mouseClick(Riga(editore, 0), Qt::LeftButton);
+            Riga(inventario.editore, n)->setFocus();
+            Riga(inventario.editore, n)->setText(QLatin1String(giusto));
+            QTest::mouseClick(Riga(inventario.editore, 0), Qt::LeftButton);
             QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-            QVERIFY2(Riga(editore, 0)->hasFocus(), giusto);
+            QVERIFY2(Riga(inventario.editore, 0)->hasFocus(), giusto);
         }
     }
     // The check is on leaving only: the save does not repeat it.
-    Riga(editore, 4)->setText(QStringLiteral("812"));
-    Riga(editore, 5)->setText(QStringLiteral("12"));
-    QVERIFY(ospite.Conferma());
+    Riga(inventario.editore, 4)->setText(QStringLiteral("812"));
+    Riga(inventario.editore, 5)->setText(QStringLiteral("12"));
+    QVERIFY(inventario.ospite.Conferma());
     QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-    QCOMPARE(ambiente.Colonna(QStringLiteral("AnnoInizio"), id).toLongLong(), qlonglong(812));
-    QCOMPARE(ambiente.Colonna(QStringLiteral("AnnoFine"), id).toLongLong(), qlonglong(12));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("AnnoInizio"), inventario.id).toLongLong(),
+             qlonglong(812));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("AnnoFine"), inventario.id).toLongLong(),
+             qlonglong(12));
 }
 
 void TestInventario::pubblicareSottoUnPadreNonPubblicatoERifiutatoEIlSalvaScriveN() {
@@ -835,9 +793,7 @@ void TestInventario::pubblicareSottoUnPadreNonPubblicatoERifiutatoEIlSalvaScrive
     const long sotto = ambiente.Crea("03", QStringLiteral("Sotto il chiuso"), chiuso);
     const long libero = ambiente.Crea("03", QStringLiteral("Sotto l'aperto"), aperto);
 
-    ucInventario editore;
-    editore.Init();
-    editore.Mostra(sotto);
+    EditorePronto<ucInventario> editore(sotto);
     editore.Modifica();
     Compila(editore);
     Pubblica(&editore)->click();
@@ -884,66 +840,17 @@ void TestInventario::laSedeScendeAiFigliDirettiAncheComeMagazzinoMaNonAiNipoti()
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long sede =
-        ambiente.CreaIstituto(QStringLiteral("Sezione"), QStringLiteral("03"), istituto);
-    const long magazzino =
-        ambiente.CreaIstituto(QStringLiteral("Deposito"), QStringLiteral("04"), istituto);
-    const long idSede = ambiente.IdIstituto(sede);
-    const long idMagazzino = ambiente.IdIstituto(magazzino);
-    const long padre = ambiente.Crea("03", QStringLiteral("Inventario generale"), istituto);
-    const long figlio1 = ambiente.Crea("03", QStringLiteral("Supplemento 1"), padre);
-    const long figlio2 = ambiente.Crea("03", QStringLiteral("Supplemento 2"), padre);
-    const long nipote = ambiente.Crea("03", QStringLiteral("Aggiornamento"), figlio1);
-    const long vicino = ambiente.Crea("03", QStringLiteral("Altro inventario"), istituto);
-    for (long id : {figlio1, figlio2, nipote, vicino})
-        ambiente.Scrivi(QStringLiteral("ID_IstitutoSede = ?, ID_IstitutoMag = ?"),
-                        {QVariant(QMetaType::fromType<qlonglong>()), Id(idMagazzino), Id(id)});
-
     ucInventario editore;
-    editore.Init();
-    editore.Mostra(padre);
-    editore.Modifica();
-    Compila(editore);
-    Combo(&editore, "cmbSede")->setCurrentIndex(Combo(&editore, "cmbSede")->findData(Id(idSede)));
-    Combo(&editore, "cmbMagazzino")
-        ->setCurrentIndex(Combo(&editore, "cmbMagazzino")->findData(Id(idMagazzino)));
-    editore.Salva(padre);
-    QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoSede"), padre).toLongLong(),
-             qlonglong(idSede));
-    QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), padre).toLongLong(),
-             qlonglong(idMagazzino));
-    // The direct children take the seat as seat and as warehouse.
-    for (long figlio : {figlio1, figlio2}) {
-        QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoSede"), figlio).toLongLong(),
-                 qlonglong(idSede));
-        QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), figlio).toLongLong(),
-                 qlonglong(idSede));
-    }
-    for (long altro : {nipote, vicino}) {
-        QVERIFY(ambiente.Colonna(QStringLiteral("ID_IstitutoSede"), altro).isNull());
-        QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), altro).toLongLong(),
-                 qlonglong(idMagazzino));
-    }
-    // "Sede" on the parent: Null goes down.
-    editore.Modifica();
-    Combo(&editore, "cmbSede")->setCurrentIndex(0);
-    editore.Salva(padre);
-    QVERIFY(ambiente.Colonna(QStringLiteral("ID_IstitutoSede"), figlio1).isNull());
-    QVERIFY(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), figlio2).isNull());
-    QCOMPARE(ambiente.Colonna(QStringLiteral("ID_IstitutoMag"), nipote).toLongLong(),
-             qlonglong(idMagazzino));
+    LaSedeScendeAiFigliDiretti(ambiente, "03", editore, [&editore] { Compila(editore); });
 }
 
 void TestInventario::unSalvaRifiutatoDalDatabaseLasciaIlRecordComEra() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long sede =
-        ambiente.CreaIstituto(QStringLiteral("Sezione"), QStringLiteral("03"), istituto);
-    const long idSede = ambiente.IdIstituto(sede);
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
+    const Luoghi luoghi(ambiente);
+    const long idSede = luoghi.idSede;
+    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), luoghi.istituto);
     const long figlio = ambiente.Crea("03", QStringLiteral("Supplemento"), id);
     ambiente.Scrivi(QStringLiteral("Autore = ?"), {QStringLiteral("Anna Bianchi"), Id(id)});
     Sessione::cnn->Esegui(
@@ -965,15 +872,13 @@ void TestInventario::unSalvaRifiutatoDalDatabaseLasciaIlRecordComEra() {
                            "EXECUTE FUNCTION prova_rifiuta()"));
     }
 
-    ucInventario editore;
-    editore.Init();
-    editore.Mostra(id);
+    EditorePronto<ucInventario> editore(id);
     QVERIFY(editore.OkModifica);
     editore.Modifica();
     Compila(editore);
     Riga(&editore, 7)->setText(QStringLiteral("Rifiutato"));
     Riga(&editore, 17)->setText(QStringLiteral("Carlo Verdi"));
-    Combo(&editore, "cmbSede")->setCurrentIndex(Combo(&editore, "cmbSede")->findData(Id(idSede)));
+    ScegliChiave(&editore, "cmbSede", idSede);
     editore.findChild<QDateEdit*>(QStringLiteral("DTPData"))->setDate(QDate(2001, 1, 2));
     const QVariant dataPrima = ambiente.ColonnaElemento(QStringLiteral("DataRedazione"), id);
     editore.Salva(id);
@@ -1018,11 +923,8 @@ void TestInventario::unInventarioCancellatoNelFrattempoNonSiScriveESiTace() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario"), istituto);
-    ucInventario editore;
-    editore.Init();
-    editore.Mostra(id);
+    const auto [istituto, id] = ambiente.CreaInIstituto("03", QStringLiteral("Inventario"));
+    EditorePronto<ucInventario> editore(id);
     editore.Modifica();
     Compila(editore);
     // Another workstation deletes it; the database takes its element with it.
@@ -1050,12 +952,10 @@ void TestInventario::lImmagineDiUnInventarioDigitaleSiImportaESiRimuove() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     DocumentoMag mag;
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario digitale"), istituto);
+    const auto [istituto, id] =
+        ambiente.CreaInIstituto("03", QStringLiteral("Inventario digitale"));
     ambiente.Scrivi(QStringLiteral("TipoInventario = ?"), {QStringLiteral("D"), Id(id)});
-    ucInventario editore;
-    editore.Init();
-    editore.Mostra(id);
+    EditorePronto<ucInventario> editore(id);
     QVERIFY(Immagine(&editore)->isEnabled());
     QCOMPARE(Immagine(&editore)->text(), QStringLiteral("Immagine"));
 
@@ -1112,12 +1012,10 @@ void TestInventario::unImportazioneFallitaNonLasciaCollegamentoDopoIlSalva() {
     Ambiente ambiente(backend);
     DocumentoMag mag;
     QFile::remove(mag.cartella.path() + QStringLiteral("/scansioni/0001.tif"));
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long id = ambiente.Crea("03", QStringLiteral("Inventario digitale"), istituto);
+    const auto [istituto, id] =
+        ambiente.CreaInIstituto("03", QStringLiteral("Inventario digitale"));
     ambiente.Scrivi(QStringLiteral("TipoInventario = ?"), {QStringLiteral("D"), Id(id)});
-    ucInventario editore;
-    editore.Init();
-    editore.Mostra(id);
+    EditorePronto<ucInventario> editore(id);
     ambiente.seam.fileScelti = {mag.sDoc};
     Immagine(&editore)->click();
     QCOMPARE(ambiente.seam.Messaggi().size(), 1);
@@ -1138,28 +1036,14 @@ void TestInventario::unInventarioSiCreaMostraModificaESalvaAttraversoLOspite() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const long istituto = ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    auto* editore = new ucInventario;
-    HostEditore ospite(editore, QStringLiteral("03"), istituto);
-    Collega(ospite, editore);
-    ospite.show();
-    ospite.Carica();
-    QVERIFY(ospite.cmdNuovo->isEnabled());
-    editore->AssegnaIstituto(ambiente.IdIstituto(istituto));
-    ospite.cmdNuovo->click();
-    QCOMPARE(ospite.Stato(), QStringLiteral("nuovo"));
-    ospite.cmdConferma->click();
-    QCOMPARE(ambiente.seam.Messaggi().at(0).sTesto, QStringLiteral("Inserire redattore"));
-    QCOMPARE(ambiente
-                 .Valore(QStringLiteral("SELECT COUNT(*) FROM Elementi WHERE Tipologia = ?"),
-                         {QStringLiteral("03")})
-                 .toInt(),
-             0);
-    Compila(*editore);
-    ospite.cmdConferma->click();
-    QCOMPARE(ospite.Stato(), QStringLiteral("mostra"));
-    const long id = ospite.IdCorrente();
+    auto nuovo = Ospitato(ambiente);
+    nuovo.ospite.show();
+    QVERIFY(nuovo.ospite.cmdNuovo->isEnabled());
+    long id = 0;
+    CreaAttraversoLOspite(ambiente, nuovo, "03", QStringLiteral("Inserire redattore"), id);
     QVERIFY(id > 0);
+    const auto* editore = nuovo.editore;
+    HostEditore& ospite = nuovo.ospite;
     QCOMPARE(ambiente.Colonna(QStringLiteral("Denominazione"), id).toString(),
              QStringLiteral("Inventario dell'archivio comunale"));
     QCOMPARE(ambiente.Colonna(QStringLiteral("Tipologia"), id).toString(), QStringLiteral("01"));
@@ -1170,24 +1054,15 @@ void TestInventario::unInventarioSiCreaMostraModificaESalvaAttraversoLOspite() {
     QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Pubblicato"), id).toString(),
              QStringLiteral("N"));
     QVERIFY(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).isNull());
-    QCOMPARE(editore->ID_Istituto, ambiente.IdIstituto(istituto));
     // Shown: no finding aid under a finding aid, but edit and delete.
     QVERIFY(!ospite.cmdNuovo->isEnabled());
     QVERIFY(ospite.cmdModifica->isEnabled());
     QVERIFY(ospite.cmdCancella->isEnabled());
     QVERIFY(!Riga(editore, 0)->isEnabled());
 
-    ospite.cmdModifica->click();
-    Riga(editore, 0)->setText(QStringLiteral("Inventario \"nuovo\""));
-    ospite.cmdAnnulla->click();
-    QCOMPARE(Testo(editore, 0), QStringLiteral("Inventario dell'archivio comunale"));
-    ospite.cmdModifica->click();
-    Riga(editore, 0)->setText(QStringLiteral("Inventario \"nuovo\""));
-    ospite.cmdConferma->click();
-    QCOMPARE(ambiente.Colonna(QStringLiteral("Denominazione"), id).toString(),
-             QStringLiteral("Inventario \"nuovo\""));
-    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Denominazione"), id).toString(),
-             QStringLiteral("Inventario \"nuovo\""));
+    RinominaAttraversoLOspite(ambiente, ospite, editore, id,
+                              QStringLiteral("Inventario dell'archivio comunale"),
+                              QStringLiteral("Inventario \"nuovo\""));
 
     ambiente.seam.risposte = {Risposta::Si};
     QVERIFY(ospite.Cancella());

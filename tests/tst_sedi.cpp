@@ -22,21 +22,6 @@ namespace {
 struct Ambiente : AmbienteRecord {
     explicit Ambiente(TipoBackend tipo)
         : AmbienteRecord(tipo, QStringLiteral("ComplessiDoc"), {"TipologiaCD.txt"}) {}
-
-    // The seat and the warehouse of the row of an element in its table.
-    QVariant Sede(const QString& tabella, long idElemento) const {
-        return ColonnaDi(tabella, QStringLiteral("ID_IstitutoSede"), idElemento);
-    }
-    QVariant Magazzino(const QString& tabella, long idElemento) const {
-        return ColonnaDi(tabella, QStringLiteral("ID_IstitutoMag"), idElemento);
-    }
-    void ScriviLuoghi(const QString& tabella, long idElemento, const QVariant& sede,
-                      const QVariant& magazzino) const {
-        Cnn().Esegui(QStringLiteral("UPDATE %1 SET ID_IstitutoSede = ?, ID_IstitutoMag = ? "
-                                    "WHERE ID_Elemento = ?")
-                         .arg(tabella),
-                     {sede, magazzino, Id(idElemento)});
-    }
 };
 
 const QString ComplessiDoc = QStringLiteral("ComplessiDoc");
@@ -56,30 +41,50 @@ QList<qlonglong> Chiavi(const QComboBox& cmb) {
     return chiavi;
 }
 
-// An institute with a seat, a warehouse, a place of another kind, and the seat of a seat.
-struct Luoghi {
-    explicit Luoghi(const Ambiente& ambiente) {
-        istituto = ambiente.CreaIstituto(QStringLiteral("Archivio di Stato di Lucca"),
-                                         QStringLiteral("01"));
-        sede = ambiente.CreaIstituto(QStringLiteral("Sede di Palazzo Guidiccioni"),
-                                     QStringLiteral("03"), istituto);
-        magazzino = ambiente.CreaIstituto(QStringLiteral("Deposito «San Romano»"),
-                                          QStringLiteral("04"), istituto);
-        altro = ambiente.CreaIstituto(QStringLiteral("Sezione di Pescia"), QStringLiteral("02"),
-                                      istituto);
-        sede2 = ambiente.CreaIstituto(QStringLiteral("Sala dell'Archivio notarile"),
-                                      QStringLiteral("03"), istituto);
-        nipote =
-            ambiente.CreaIstituto(QStringLiteral("Sede della sede"), QStringLiteral("03"), sede);
-        idIstituto = ambiente.IdIstituto(istituto);
-        idSede = ambiente.IdIstituto(sede);
-        idMagazzino = ambiente.IdIstituto(magazzino);
-        idSede2 = ambiente.IdIstituto(sede2);
-        idNipote = ambiente.IdIstituto(nipote);
-        idAltro = ambiente.IdIstituto(altro);
+// The institute with its seat and warehouse, then a place of another kind, a second seat and the
+// seat of the seat.
+struct LuoghiCompleti : Luoghi {
+    explicit LuoghiCompleti(const Ambiente& ambiente)
+        : Luoghi(ambiente)
+        , altro(ambiente.CreaIstituto(QStringLiteral("Sezione di Pescia"), QStringLiteral("02"),
+                                      istituto))
+        , sede2(ambiente.CreaIstituto(QStringLiteral("Sala dell'Archivio notarile"),
+                                      QStringLiteral("03"), istituto))
+        , nipote(
+              ambiente.CreaIstituto(QStringLiteral("Sede della sede"), QStringLiteral("03"), sede))
+        , idSede2(ambiente.IdIstituto(sede2))
+        , idNipote(ambiente.IdIstituto(nipote))
+        , idAltro(ambiente.IdIstituto(altro)) {}
+    long altro, sede2, nipote;
+    long idSede2, idNipote, idAltro;
+};
+
+// The two place combos, filled with the places of an institute.
+struct ComboDeiLuoghi {
+    explicit ComboDeiLuoghi(long idIstituto) { sedi.CaricaSedi(idIstituto); }
+    QComboBox cmbSede;
+    QComboBox cmbMagazzino;
+    SediIstituto sedi{&cmbSede, &cmbMagazzino};
+};
+
+// Under the institute: a fondo with two series, the first with a subseries, another fondo, a
+// finding aid at the top and one under the fondo; every row holds the warehouse in both places.
+struct Albero {
+    Albero(const Ambiente& ambiente, const Luoghi& luoghi)
+        : fondo(ambiente.Crea("02", QStringLiteral("Fondo"), luoghi.istituto))
+        , serie1(ambiente.Crea("02", QStringLiteral("Serie 1"), fondo))
+        , serie2(ambiente.Crea("02", QStringLiteral("Serie 2"), fondo))
+        , sottoserie(ambiente.Crea("02", QStringLiteral("Sottoserie"), serie1))
+        , altroFondo(ambiente.Crea("02", QStringLiteral("Altro fondo"), luoghi.istituto))
+        , inventario(ambiente.Crea("03", QStringLiteral("Inventario"), luoghi.istituto))
+        , inventarioDelFondo(ambiente.Crea("03", QStringLiteral("Inventario del fondo"), fondo)) {
+        const QVariant magazzino = Id(luoghi.idMagazzino);
+        for (long id : {fondo, serie1, serie2, sottoserie, altroFondo})
+            ambiente.ScriviLuoghi(ComplessiDoc, id, magazzino, magazzino);
+        for (long id : {inventario, inventarioDelFondo})
+            ambiente.ScriviLuoghi(Inventari, id, magazzino, magazzino);
     }
-    long istituto, sede, magazzino, altro, sede2, nipote;
-    long idIstituto, idSede, idMagazzino, idSede2, idNipote, idAltro;
+    const long fondo, serie1, serie2, sottoserie, altroFondo, inventario, inventarioDelFondo;
 };
 
 } // namespace
@@ -107,7 +112,7 @@ void TestSedi::leComboElencanoSedeLeSediInEntrambeEIMagazziniSoloInConservatoIn(
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const Luoghi luoghi(ambiente);
+    const LuoghiCompleti luoghi(ambiente);
     // The places of another institute are not this one's.
     const long estraneo =
         ambiente.CreaIstituto(QStringLiteral("Archivio di Stato di Pisa"), QStringLiteral("01"));
@@ -149,82 +154,68 @@ void TestSedi::unaChiaveNonElencataTrovaLaPrimaVoce() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const Luoghi luoghi(ambiente);
-    QComboBox cmbSede;
-    QComboBox cmbMagazzino;
-    SediIstituto sedi(&cmbSede, &cmbMagazzino);
-    sedi.CaricaSedi(luoghi.idIstituto);
+    const LuoghiCompleti luoghi(ambiente);
+    ComboDeiLuoghi combo(luoghi.idIstituto);
 
-    QCOMPARE(sedi.CercaSede(luoghi.idSede), 1);
-    QCOMPARE(sedi.CercaSede(luoghi.idSede2), 2);
-    QCOMPARE(sedi.CercaMagazzino(luoghi.idSede), 1);
-    QCOMPARE(sedi.CercaMagazzino(luoghi.idMagazzino), 2);
-    QCOMPARE(sedi.CercaMagazzino(luoghi.idSede2), 3);
+    QCOMPARE(combo.sedi.CercaSede(luoghi.idSede), 1);
+    QCOMPARE(combo.sedi.CercaSede(luoghi.idSede2), 2);
+    QCOMPARE(combo.sedi.CercaMagazzino(luoghi.idSede), 1);
+    QCOMPARE(combo.sedi.CercaMagazzino(luoghi.idMagazzino), 2);
+    QCOMPARE(combo.sedi.CercaMagazzino(luoghi.idSede2), 3);
     // "Sede" itself, a warehouse where only seats are listed, a place of another kind, a place
     // of a place, a key that no row has.
-    QCOMPARE(sedi.CercaSede(0), 0);
-    QCOMPARE(sedi.CercaMagazzino(0), 0);
-    QCOMPARE(sedi.CercaSede(luoghi.idMagazzino), 0);
-    QCOMPARE(sedi.CercaSede(luoghi.idAltro), 0);
-    QCOMPARE(sedi.CercaMagazzino(luoghi.idAltro), 0);
-    QCOMPARE(sedi.CercaMagazzino(luoghi.idNipote), 0);
-    QCOMPARE(sedi.CercaSede(987654), 0);
-    QCOMPARE(sedi.CercaMagazzino(-1), 0);
+    QCOMPARE(combo.sedi.CercaSede(0), 0);
+    QCOMPARE(combo.sedi.CercaMagazzino(0), 0);
+    QCOMPARE(combo.sedi.CercaSede(luoghi.idMagazzino), 0);
+    QCOMPARE(combo.sedi.CercaSede(luoghi.idAltro), 0);
+    QCOMPARE(combo.sedi.CercaMagazzino(luoghi.idAltro), 0);
+    QCOMPARE(combo.sedi.CercaMagazzino(luoghi.idNipote), 0);
+    QCOMPARE(combo.sedi.CercaSede(987654), 0);
+    QCOMPARE(combo.sedi.CercaMagazzino(-1), 0);
 }
 
 void TestSedi::ilLuogoSceltoEComeLoTieneLaColonnaENullPerSede() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const Luoghi luoghi(ambiente);
+    const LuoghiCompleti luoghi(ambiente);
     const long fondo = ambiente.Crea("02", QStringLiteral("Fondo"), luoghi.istituto);
-    QComboBox cmbSede;
-    QComboBox cmbMagazzino;
-    SediIstituto sedi(&cmbSede, &cmbMagazzino);
-    sedi.CaricaSedi(luoghi.idIstituto);
+    ComboDeiLuoghi combo(luoghi.idIstituto);
 
     // A place chosen: its key, as the column holds it.
-    cmbSede.setCurrentIndex(sedi.CercaSede(luoghi.idSede2));
-    cmbMagazzino.setCurrentIndex(sedi.CercaMagazzino(luoghi.idMagazzino));
-    QCOMPARE(sedi.Sede(), QVariant(qlonglong(luoghi.idSede2)));
-    QCOMPARE(sedi.Magazzino(), QVariant(qlonglong(luoghi.idMagazzino)));
-    ambiente.ScriviLuoghi(ComplessiDoc, fondo, sedi.Sede(), sedi.Magazzino());
+    combo.cmbSede.setCurrentIndex(combo.sedi.CercaSede(luoghi.idSede2));
+    combo.cmbMagazzino.setCurrentIndex(combo.sedi.CercaMagazzino(luoghi.idMagazzino));
+    QCOMPARE(combo.sedi.Sede(), QVariant(qlonglong(luoghi.idSede2)));
+    QCOMPARE(combo.sedi.Magazzino(), QVariant(qlonglong(luoghi.idMagazzino)));
+    ambiente.ScriviLuoghi(ComplessiDoc, fondo, combo.sedi.Sede(), combo.sedi.Magazzino());
     QCOMPARE(ambiente.Sede(ComplessiDoc, fondo).toLongLong(), qlonglong(luoghi.idSede2));
     QCOMPARE(ambiente.Magazzino(ComplessiDoc, fondo).toLongLong(), qlonglong(luoghi.idMagazzino));
 
     // "Sede", the institute itself: a Null of the column's kind, which every backend binds.
-    cmbSede.setCurrentIndex(0);
-    cmbMagazzino.setCurrentIndex(0);
-    QVERIFY(sedi.Sede().isNull());
-    QVERIFY(sedi.Magazzino().isNull());
-    QCOMPARE(sedi.Sede().metaType(), QMetaType::fromType<qlonglong>());
-    ambiente.ScriviLuoghi(ComplessiDoc, fondo, sedi.Sede(), sedi.Magazzino());
+    combo.cmbSede.setCurrentIndex(0);
+    combo.cmbMagazzino.setCurrentIndex(0);
+    QVERIFY(combo.sedi.Sede().isNull());
+    QVERIFY(combo.sedi.Magazzino().isNull());
+    QCOMPARE(combo.sedi.Sede().metaType(), QMetaType::fromType<qlonglong>());
+    ambiente.ScriviLuoghi(ComplessiDoc, fondo, combo.sedi.Sede(), combo.sedi.Magazzino());
     QVERIFY(ambiente.Sede(ComplessiDoc, fondo).isNull());
     QVERIFY(ambiente.Magazzino(ComplessiDoc, fondo).isNull());
 
     // No entry chosen at all (combos not yet filled): the number of an empty code.
-    cmbSede.setCurrentIndex(-1);
-    cmbMagazzino.setCurrentIndex(-1);
-    QCOMPARE(sedi.Sede(), QVariant(qlonglong(0)));
-    QCOMPARE(sedi.Magazzino(), QVariant(qlonglong(0)));
+    combo.cmbSede.setCurrentIndex(-1);
+    combo.cmbMagazzino.setCurrentIndex(-1);
+    QCOMPARE(combo.sedi.Sede(), QVariant(qlonglong(0)));
+    QCOMPARE(combo.sedi.Magazzino(), QVariant(qlonglong(0)));
 }
 
 void TestSedi::laSedeScendeComeSedeEMagazzinoAiSoliFigliDirettiDellaTabella() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const Luoghi luoghi(ambiente);
-    const long fondo = ambiente.Crea("02", QStringLiteral("Fondo"), luoghi.istituto);
-    const long serie1 = ambiente.Crea("02", QStringLiteral("Serie 1"), fondo);
-    const long serie2 = ambiente.Crea("02", QStringLiteral("Serie 2"), fondo);
-    const long sottoserie = ambiente.Crea("02", QStringLiteral("Sottoserie"), serie1);
-    const long altroFondo = ambiente.Crea("02", QStringLiteral("Altro fondo"), luoghi.istituto);
-    const long inventario = ambiente.Crea("03", QStringLiteral("Inventario"), luoghi.istituto);
-    // Every row starts with the warehouse in both places.
+    const LuoghiCompleti luoghi(ambiente);
+    const Albero albero(ambiente, luoghi);
+    const auto [fondo, serie1, serie2, sottoserie, altroFondo, inventario, _] = albero;
     const QVariant magazzino = Id(luoghi.idMagazzino);
-    for (long id : {fondo, serie1, serie2, sottoserie, altroFondo})
-        ambiente.ScriviLuoghi(ComplessiDoc, id, magazzino, magazzino);
-    ambiente.ScriviLuoghi(Inventari, inventario, magazzino, magazzino);
 
     SediIstituto::PropagaSedi(ComplessiDoc, fondo, Id(luoghi.idSede));
     for (long figlio : {serie1, serie2}) {
@@ -278,57 +269,47 @@ void TestSedi::unErroreNelCaricareILuoghiMostraErroreT5ELasciaSede() {
     QFETCH(QString, sParola);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const Luoghi luoghi(ambiente);
-    QComboBox cmbSede;
-    QComboBox cmbMagazzino;
-    SediIstituto sedi(&cmbSede, &cmbMagazzino);
-    sedi.CaricaSedi(luoghi.idIstituto);
-    QCOMPARE(cmbMagazzino.count(), 4);
-    cmbSede.setCurrentIndex(1);
+    const LuoghiCompleti luoghi(ambiente);
+    ComboDeiLuoghi combo(luoghi.idIstituto);
+    QCOMPARE(combo.cmbMagazzino.count(), 4);
+    combo.cmbSede.setCurrentIndex(1);
 
     if (bChiudi)
         Sessione::cnn->Chiudi();
     else
         ambiente.Cnn().Esegui(QStringLiteral("DROP VIEW v_istituti"));
-    sedi.CaricaSedi(luoghi.idIstituto);
+    combo.sedi.CaricaSedi(luoghi.idIstituto);
     QCOMPARE(ambiente.seam.Messaggi().size(), 1);
     const Messaggio messaggio = ambiente.seam.Messaggi().at(0);
     QCOMPARE(messaggio.sTitolo, QStringLiteral("Errore T5"));
     QCOMPARE(messaggio.icona, Icona::Critica);
     QCOMPARE(messaggio.pulsanti, Pulsanti::Ok);
     QVERIFY2(messaggio.sTesto.contains(sParola, Qt::CaseInsensitive), qPrintable(messaggio.sTesto));
-    QCOMPARE(Voci(cmbSede), QStringList{QStringLiteral("Sede")});
-    QCOMPARE(Voci(cmbMagazzino), QStringList{QStringLiteral("Sede")});
-    QCOMPARE(Chiavi(cmbSede), QList<qlonglong>{0});
+    QCOMPARE(Voci(combo.cmbSede), QStringList{QStringLiteral("Sede")});
+    QCOMPARE(Voci(combo.cmbMagazzino), QStringList{QStringLiteral("Sede")});
+    QCOMPARE(Chiavi(combo.cmbSede), QList<qlonglong>{0});
     // What was stored finds "Sede", and "Sede" is Null.
-    cmbSede.setCurrentIndex(sedi.CercaSede(luoghi.idSede));
-    QCOMPARE(cmbSede.currentIndex(), 0);
-    QVERIFY(sedi.Sede().isNull());
+    combo.cmbSede.setCurrentIndex(combo.sedi.CercaSede(luoghi.idSede));
+    QCOMPARE(combo.cmbSede.currentIndex(), 0);
+    QVERIFY(combo.sedi.Sede().isNull());
 }
 
 void TestSedi::ilSalvaDelComplessoPortaLaSedeAiSuoiFigliEANessunAltro() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const Luoghi luoghi(ambiente);
-    const long fondo = ambiente.Crea("02", QStringLiteral("Fondo"), luoghi.istituto);
-    const long serie = ambiente.Crea("02", QStringLiteral("Serie"), fondo);
-    const long sottoserie = ambiente.Crea("02", QStringLiteral("Sottoserie"), serie);
-    const long altroFondo = ambiente.Crea("02", QStringLiteral("Altro fondo"), luoghi.istituto);
-    const long inventario = ambiente.Crea("03", QStringLiteral("Inventario"), fondo);
-    const QVariant magazzino = Id(luoghi.idMagazzino);
-    for (long id : {serie, sottoserie, altroFondo})
-        ambiente.ScriviLuoghi(ComplessiDoc, id, magazzino, magazzino);
-    ambiente.ScriviLuoghi(Inventari, inventario, magazzino, magazzino);
+    const LuoghiCompleti luoghi(ambiente);
+    const Albero albero(ambiente, luoghi);
+    const long fondo = albero.fondo;
+    const long serie = albero.serie1;
+    const long inventario = albero.inventarioDelFondo;
 
     ucComplesso editore;
     editore.Init(false, nullptr);
     editore.Mostra(fondo);
     editore.Modifica();
-    auto* cmbSede = editore.findChild<QComboBox*>(QStringLiteral("cmbSede"));
-    auto* cmbMagazzino = editore.findChild<QComboBox*>(QStringLiteral("cmbMagazzino"));
-    cmbSede->setCurrentIndex(cmbSede->findData(Id(luoghi.idSede2)));
-    cmbMagazzino->setCurrentIndex(cmbMagazzino->findData(Id(luoghi.idSede)));
+    ScegliChiave(&editore, "cmbSede", luoghi.idSede2);
+    ScegliChiave(&editore, "cmbMagazzino", luoghi.idSede);
     editore.Salva(fondo);
     QCOMPARE(ambiente.seam.Messaggi().size(), 0);
 
@@ -338,7 +319,7 @@ void TestSedi::ilSalvaDelComplessoPortaLaSedeAiSuoiFigliEANessunAltro() {
     QCOMPARE(ambiente.Sede(ComplessiDoc, serie).toLongLong(), qlonglong(luoghi.idSede2));
     QCOMPARE(ambiente.Magazzino(ComplessiDoc, serie).toLongLong(), qlonglong(luoghi.idSede2));
     // The grandchild, the sibling and a child whose row is in another table keep theirs.
-    for (long id : {sottoserie, altroFondo}) {
+    for (long id : {albero.sottoserie, albero.altroFondo}) {
         QCOMPARE(ambiente.Sede(ComplessiDoc, id).toLongLong(), qlonglong(luoghi.idMagazzino));
         QCOMPARE(ambiente.Magazzino(ComplessiDoc, id).toLongLong(), qlonglong(luoghi.idMagazzino));
     }
@@ -347,11 +328,15 @@ void TestSedi::ilSalvaDelComplessoPortaLaSedeAiSuoiFigliEANessunAltro() {
 
     // Shown again, the record finds its places in the combos.
     editore.Mostra(fondo);
-    QCOMPARE(cmbSede->currentText(), QStringLiteral("Sala dell'Archivio notarile"));
-    QCOMPARE(cmbMagazzino->currentText(), QStringLiteral("Sede di Palazzo Guidiccioni"));
+    QCOMPARE(Combo(&editore, "cmbSede")->currentText(),
+             QStringLiteral("Sala dell'Archivio notarile"));
+    QCOMPARE(Combo(&editore, "cmbMagazzino")->currentText(),
+             QStringLiteral("Sede di Palazzo Guidiccioni"));
     editore.Mostra(serie);
-    QCOMPARE(cmbSede->currentText(), QStringLiteral("Sala dell'Archivio notarile"));
-    QCOMPARE(cmbMagazzino->currentText(), QStringLiteral("Sala dell'Archivio notarile"));
+    QCOMPARE(Combo(&editore, "cmbSede")->currentText(),
+             QStringLiteral("Sala dell'Archivio notarile"));
+    QCOMPARE(Combo(&editore, "cmbMagazzino")->currentText(),
+             QStringLiteral("Sala dell'Archivio notarile"));
 }
 
 QTEST_MAIN(TestSedi)

@@ -11,17 +11,20 @@
 #include "HostEditore.h"
 #include "PiattaformaScriptata.h"
 
+#include <QPushButton>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <QtTest>
+#include <functional>
 #include <initializer_list>
 
 class Connessione;
+class EditoreRecord;
 class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
-class QPushButton;
 class QWidget;
 
 struct AmbienteRecord {
@@ -40,10 +43,25 @@ struct AmbienteRecord {
     QVariant Colonna(const QString& colonna, long idElemento) const;
     QVariant ColonnaElemento(const QString& colonna, long idElemento) const;
     bool Nullo(const QString& colonna, long idElemento) const;
+    // The seat and the warehouse (ID_IstitutoSede, ID_IstitutoMag) of an element's row in a
+    // table, or in the record's table, and both written at once.
+    QVariant Sede(const QString& tabella, long idElemento) const;
+    QVariant Magazzino(const QString& tabella, long idElemento) const;
+    QVariant Sede(long idElemento) const;
+    QVariant Magazzino(long idElemento) const;
+    void ScriviLuoghi(const QString& tabella, long idElemento, const QVariant& sede,
+                      const QVariant& magazzino) const;
+    void ScriviLuoghi(long idElemento, const QVariant& sede, const QVariant& magazzino) const;
     // "UPDATE <the record's table> SET <colonne> WHERE ID_Elemento = ?", the element's id last.
     void Scrivi(const QString& colonne, std::initializer_list<QVariant> valori) const;
     // An element of that kind under that parent (0: at the top).
     long Crea(const char* tipo, const QString& nome, long padre = 0) const;
+    // An element of that kind under a new institute named "Istituto", and that institute.
+    struct ElementoInIstituto {
+        long istituto;
+        long id;
+    };
+    ElementoInIstituto CreaInIstituto(const char* tipo, const QString& nome) const;
     // An institute or a place of one (IstitutiProva), and the key of its row of Istituti.
     long CreaIstituto(const QString& nome, const QString& tipologia, long padre = 0) const;
     long IdIstituto(long idElemento) const;
@@ -56,8 +74,18 @@ struct AmbienteRecord {
     PiattaformaScriptata seam;
 };
 
+// An institute at the top with a seat ("03") and a warehouse ("04"), made in that order, and the
+// keys of their rows of Istituti.
+struct Luoghi {
+    explicit Luoghi(const AmbienteRecord& ambiente);
+    long istituto, sede, magazzino;
+    long idIstituto, idSede, idMagazzino;
+};
+
 QVariant Id(long valore);
 QVariant NullTesto();
+// A Null key, of the kind of the columns of keys.
+QVariant NullChiave();
 
 // Text1(n) of an editor as a single line, as a block, and its text whichever it is.
 QLineEdit* Riga(const QWidget* editore, int n);
@@ -66,6 +94,8 @@ QString Testo(const QWidget* editore, int n);
 QLabel* Etichetta(const QWidget* editore, int n);
 QComboBox* Combo(const QWidget* editore, const char* nome);
 QPushButton* Pulsante(const QWidget* editore, const char* nome);
+// The entry of a combo whose item data is that key made the current one.
+void ScegliChiave(const QWidget* editore, const char* nome, long chiave);
 // The piece repeated up to n characters.
 QString Lungo(const QString& pezzo, int n);
 // Shows the window and makes it the active one: the focus moves between the boxes.
@@ -84,3 +114,82 @@ void CollegaPermessi(HostEditore& ospite, Editore* editore, bool Editore::*okNuo
         return editore->OkCancella;
     };
 }
+
+// The seat chosen for a parent of that kind under an institute with places goes down to the
+// parent's direct children as their seat and their warehouse, not to a grandchild nor to a
+// sibling; "Sede" on the parent takes Null down. The editor is made ready here and put in edit
+// on the parent; compila fills in its mandatory fields.
+void LaSedeScendeAiFigliDiretti(const AmbienteRecord& ambiente, const char* tipo,
+                                EditoreRecord& editore, const std::function<void()>& compila);
+
+// An editor made ready by its Init and, when an element is given, showing it.
+template <typename Editore> struct EditorePronto : Editore {
+    explicit EditorePronto(long idElemento = 0) {
+        this->Init();
+        if (idElemento != 0)
+            this->Mostra(idElemento);
+    }
+};
+
+// An institute, a host under it of a new editor whose buttons follow the editor's flags and,
+// when it is named, a record of the host's kind under the institute; compila fills in the
+// editor's mandatory fields.
+template <typename Editore> struct RecordOspitato {
+    RecordOspitato(const AmbienteRecord& ambiente, const char* tipo, bool Editore::*okNuovo,
+                   std::function<void(Editore&)> compilaObbligatori, const QString& sNome)
+        : istituto(ambiente.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01")))
+        , id(sNome.isEmpty() ? 0 : ambiente.Crea(tipo, sNome, istituto))
+        , editore(new Editore)
+        , ospite(editore, QLatin1String(tipo), istituto)
+        , compila(std::move(compilaObbligatori)) {
+        CollegaPermessi(ospite, editore, okNuovo);
+        ospite.Carica();
+    }
+    // The host made the active window, the record shown and put in edit, with its mandatory
+    // fields filled in when bCompila.
+    bool Modifica(bool bCompila = true) {
+        if (!Attiva(ospite))
+            return false;
+        ospite.MostraElemento(id);
+        ospite.cmdModifica->click();
+        if (bCompila)
+            compila(*editore);
+        return true;
+    }
+    const long istituto;
+    const long id;
+    Editore* const editore;
+    HostEditore ospite;
+    const std::function<void(Editore&)> compila;
+};
+
+// Through the host of a record with nothing in hand: Nuovo, then a Conferma of the empty form is
+// refused with the first mandatory message and writes no element of that kind; filled in, the
+// new record under the institute is written and shown. idNuovo is its id (0 when a step failed).
+template <typename Editore>
+void CreaAttraversoLOspite(const AmbienteRecord& ambiente, RecordOspitato<Editore>& record,
+                           const char* tipo, const QString& sPrimoMessaggio, long& idNuovo) {
+    idNuovo = 0;
+    HostEditore& ospite = record.ospite;
+    record.editore->AssegnaIstituto(ambiente.IdIstituto(record.istituto));
+    ospite.cmdNuovo->click();
+    QCOMPARE(ospite.Stato(), QStringLiteral("nuovo"));
+    ospite.cmdConferma->click();
+    QCOMPARE(ambiente.seam.Messaggi().value(0).sTesto, sPrimoMessaggio);
+    QCOMPARE(ambiente
+                 .Valore(QStringLiteral("SELECT COUNT(*) FROM Elementi WHERE Tipologia = ?"),
+                         {QLatin1String(tipo)})
+                 .toInt(),
+             0);
+    record.compila(*record.editore);
+    ospite.cmdConferma->click();
+    QCOMPARE(ospite.Stato(), QStringLiteral("mostra"));
+    QCOMPARE(record.editore->ID_Istituto, ambiente.IdIstituto(record.istituto));
+    idNuovo = ospite.IdCorrente();
+}
+
+// Through the host, on the record shown: an edit of the title cancelled leaves sPrima in the form;
+// confirmed, the new title is in the form, in the record's table and in Elementi.
+void RinominaAttraversoLOspite(const AmbienteRecord& ambiente, HostEditore& ospite,
+                               const QWidget* editore, long idElemento, const QString& sPrima,
+                               const QString& sNuovo);
