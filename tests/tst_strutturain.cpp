@@ -48,12 +48,17 @@ qlonglong L(qint64 valore) {
     return static_cast<qlonglong>(valore);
 }
 
+// The seven commands of the window, in the order of their buttons.
+QList<const QPushButton*> Comandi7(const frmStrutturaIN& f) {
+    return {f.cmdNuovoIst, f.cmdNuovoInv,    f.cmdModifica,    f.cmdCancella,
+            f.cmdAltreDen, f.cmdMostraLinks, f.cmdInvAnalitico};
+}
+
 // The enabled state of the seven commands, "NuovoIst NuovoInv Modifica Cancella AltreDen
 // MostraLinks InvAnalitico" as 0/1.
 QString Pulsanti7(const frmStrutturaIN& f) {
     QString s;
-    for (const QPushButton* p : {f.cmdNuovoIst, f.cmdNuovoInv, f.cmdModifica, f.cmdCancella,
-                                 f.cmdAltreDen, f.cmdMostraLinks, f.cmdInvAnalitico}) {
+    for (const QPushButton* p : Comandi7(f)) {
         s += p->isEnabled() ? u'1' : u'0';
     }
     return s;
@@ -205,6 +210,22 @@ std::unique_ptr<RuoloProva> RifiutaTipoInv(const AmbienteStruttura& a) {
                                                                 a.banca.Database(), ruolo->Nome(),
                                                                 RuoloProva::Password()));
     return ruolo;
+}
+
+// The rows "<backend> <case>" of a data-driven test: each case on each backend, in the columns
+// "backend" and colonna.
+template <typename T>
+void RighePerBackend(const char* colonna, const QList<std::pair<const char*, T>>& casi) {
+    QTest::addColumn<TipoBackend>("backend");
+    QTest::addColumn<T>(colonna);
+    for (const auto& [nome, tipo] : {std::pair{"sqlite", TipoBackend::SQLite},
+                                     std::pair{"postgresql", TipoBackend::PostgreSQL}}) {
+        for (const auto& [caso, valore] : casi) {
+            QTest::newRow(
+                qPrintable(QStringLiteral("%1 %2").arg(QLatin1String(nome), QLatin1String(caso))))
+                << tipo << valore;
+        }
+    }
 }
 
 } // namespace
@@ -610,8 +631,7 @@ void TestStrutturaIN::annullaInNuovoLasciaLAlberoComEraEMostraLIstituto() {
     QCOMPARE(f.Modello().Testo(temp), QString(10, u' '));
     QVERIFY(!f.tvwDB->isEnabled());
     // Every command is put away while the record is edited.
-    for (const QPushButton* p : {f.cmdNuovoIst, f.cmdNuovoInv, f.cmdModifica, f.cmdCancella,
-                                 f.cmdAltreDen, f.cmdMostraLinks, f.cmdInvAnalitico}) {
+    for (const QPushButton* p : Comandi7(f)) {
         QVERIFY2(p->isHidden(), qPrintable(p->objectName()));
     }
     QVERIFY(!f.cmdConferma->isHidden());
@@ -886,16 +906,10 @@ void TestStrutturaIN::passareDaComplessiInNuovoAStrumRicercaChiudeIlPrimoEApreIl
 }
 
 void TestStrutturaIN::unoStrumentoCancellatoAltroveColSuoIstitutoLoDiceELAlberoResta_data() {
-    QTest::addColumn<TipoBackend>("backend");
-    QTest::addColumn<QString>("sPasso");
-    for (const auto& [nome, tipo] : {std::pair{"sqlite", TipoBackend::SQLite},
-                                     std::pair{"postgresql", TipoBackend::PostgreSQL}}) {
-        for (const char* passo : {"clic", "salva", "nuovo", "cancella", "inventario"}) {
-            QTest::newRow(
-                qPrintable(QStringLiteral("%1 %2").arg(QLatin1String(nome), QLatin1String(passo))))
-                << tipo << QString::fromLatin1(passo);
-        }
-    }
+    QList<std::pair<const char*, QString>> passi;
+    for (const char* passo : {"clic", "salva", "nuovo", "cancella", "inventario"})
+        passi.append({passo, QString::fromLatin1(passo)});
+    RighePerBackend("sPasso", passi);
 }
 
 void TestStrutturaIN::unoStrumentoCancellatoAltroveColSuoIstitutoLoDiceELAlberoResta() {
@@ -1006,15 +1020,7 @@ void TestStrutturaIN::unoStrumentoCancellatoAltroveColSuoIstitutoLoDiceELAlberoR
 }
 
 void TestStrutturaIN::unTipoInvRifiutatoDalServerLoDiceENonScriveNulla_data() {
-    QTest::addColumn<TipoBackend>("backend");
-    QTest::addColumn<bool>("bComplesso");
-    for (const auto& [nome, tipo] : {std::pair{"sqlite", TipoBackend::SQLite},
-                                     std::pair{"postgresql", TipoBackend::PostgreSQL}}) {
-        QTest::newRow(qPrintable(QStringLiteral("%1 con complesso").arg(QLatin1String(nome))))
-            << tipo << true;
-        QTest::newRow(qPrintable(QStringLiteral("%1 senza complessi").arg(QLatin1String(nome))))
-            << tipo << false;
-    }
+    RighePerBackend<bool>("bComplesso", {{"con complesso", true}, {"senza complessi", false}});
 }
 
 void TestStrutturaIN::unTipoInvRifiutatoDalServerLoDiceENonScriveNulla() {
