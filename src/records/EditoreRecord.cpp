@@ -81,12 +81,16 @@ private:
 class ControlloUscita : public QObject {
 public:
     ControlloUscita(QWidget* campo, std::function<QString()> leggi,
-                    std::function<QString(const QString&)> controlla, bool bRifiutaUscita)
+                    std::function<QString(const QString&)> controlla, bool bRifiutaUscita,
+                    Icona iconaMessaggio = Icona::Informazione,
+                    QString sTitoloMessaggio = QStringLiteral("Attenzione"))
         : QObject(campo)
         , casella(campo)
         , testo(std::move(leggi))
         , verifica(std::move(controlla))
-        , bRifiuta(bRifiutaUscita) {
+        , bRifiuta(bRifiutaUscita)
+        , icona(iconaMessaggio)
+        , sTitolo(std::move(sTitoloMessaggio)) {
         casella->installEventFilter(this);
     }
 
@@ -104,7 +108,7 @@ protected:
         if (sMessaggio.isEmpty())
             return false;
         bInControllo = true;
-        MsgBox(sMessaggio, Pulsanti::Ok, Icona::Informazione, QStringLiteral("Attenzione"));
+        MsgBox(sMessaggio, Pulsanti::Ok, icona, sTitolo);
         const bool bRiprende = casella->isVisible();
         if (bRiprende)
             casella->setFocus(Qt::OtherFocusReason);
@@ -123,6 +127,8 @@ private:
     std::function<QString()> testo;
     std::function<QString(const QString&)> verifica;
     bool bRifiuta;
+    Icona icona;
+    QString sTitolo;
 };
 
 } // namespace
@@ -203,13 +209,7 @@ QString EditoreRecord::LeggiDenominazione() const {
 // --- Lookup lists ------------------------------------------------------------------------
 
 void EditoreRecord::CaricaLista(QComboBox* cmb, const QString& sFile) {
-    const QStringList voci = LeggiLista(Sessione::FileProgramma(sFile), sFile);
-    // Appending chooses nothing: the entry in hand, if any, stays the one chosen.
-    const QSignalBlocker blocco(cmb);
-    const int iScelta = cmb->currentIndex();
-    for (const QString& voce : voci)
-        cmb->addItem(voce.mid(2), QVariant(qlonglong(NumeroCodice(voce.left(2)))));
-    cmb->setCurrentIndex(iScelta);
+    CaricaListaSenza(cmb, sFile, QString());
 }
 
 void EditoreRecord::CaricaListaUnCarattere(QComboBox* cmb, const QString& sFile) {
@@ -219,6 +219,29 @@ void EditoreRecord::CaricaListaUnCarattere(QComboBox* cmb, const QString& sFile)
     for (const QString& voce : voci) {
         const long codice = voce.isEmpty() ? 0 : static_cast<long>(voce.at(0).unicode());
         cmb->addItem(voce.mid(1), QVariant(qlonglong(codice)));
+    }
+    cmb->setCurrentIndex(iScelta);
+}
+
+void EditoreRecord::CaricaListaConVoceVuota(QComboBox* cmb, const QString& sFile) {
+    {
+        const QSignalBlocker blocco(cmb);
+        const int iScelta = cmb->currentIndex();
+        cmb->addItem(QString(), QVariant(qlonglong(0)));
+        cmb->setCurrentIndex(iScelta);
+    }
+    CaricaLista(cmb, sFile);
+}
+
+void EditoreRecord::CaricaListaSenza(QComboBox* cmb, const QString& sFile, const QString& sCodice) {
+    const QStringList voci = LeggiLista(Sessione::FileProgramma(sFile), sFile);
+    // Appending chooses nothing: the entry in hand, if any, stays the one chosen.
+    const QSignalBlocker blocco(cmb);
+    const int iScelta = cmb->currentIndex();
+    for (const QString& voce : voci) {
+        if (!sCodice.isEmpty() && voce.left(2) == sCodice)
+            continue;
+        cmb->addItem(voce.mid(2), QVariant(qlonglong(NumeroCodice(voce.left(2)))));
     }
     cmb->setCurrentIndex(iScelta);
 }
@@ -356,6 +379,20 @@ QComboBox* EditoreRecord::NuovaCombo(const QString& sNome, const QString& sTag, 
     combo->setProperty(Tag, sTag);
     combo->setProperty("ComboDati", bDati);
     Registra(combo);
+    return combo;
+}
+
+QComboBox* EditoreRecord::NuovaComboModificabile(const QString& sNome, int iMax,
+                                                 const QString& sMessaggio, const QString& sTag) {
+    QComboBox* combo = NuovaCombo(sNome, sTag);
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    new ControlloUscita(
+        combo, [combo] { return combo->currentText(); },
+        [iMax, sMessaggio](const QString& sTesto) {
+            return sTesto.size() > iMax ? sMessaggio : QString();
+        },
+        true, Icona::Esclamazione, QString());
     return combo;
 }
 
@@ -558,6 +595,12 @@ QVariant EditoreRecord::ColonnaTesto(const QVariant& valore) {
 
 long EditoreRecord::Lungo(const QVariant& valore) {
     return ENull(valore) ? 0 : static_cast<long>(valore.toLongLong());
+}
+
+QVariant EditoreRecord::ColonnaIntera(const QVariant& valore) {
+    if (ENull(valore))
+        return NullNumero();
+    return QVariant(qlonglong(qRound64(CDbl(valore.toString()))));
 }
 
 bool EditoreRecord::ApriDialogo(const QString& sNome, const QVariantMap& argomenti) {

@@ -57,6 +57,10 @@ public:
     // The same for the lists with a one-character code (TipoInventario.txt): the character's
     // code in the item data, the text from the second character.
     static void CaricaListaUnCarattere(QComboBox* cmb, const QString& sFile);
+    // CaricaLista with an empty entry first, whose item data is 0.
+    static void CaricaListaConVoceVuota(QComboBox* cmb, const QString& sFile);
+    // CaricaLista leaving out the records of that code.
+    static void CaricaListaSenza(QComboBox* cmb, const QString& sFile, const QString& sCodice);
     // The walk of the Cerca... operations: the first entry whose item data equals the number
     // of the code; its text ("" if none) or its index (-1 if none).
     static QString CercaTesto(const QComboBox* cmb, const QString& sCodice);
@@ -91,6 +95,9 @@ public:
     static QVariant ColonnaTesto(const QVariant& valore);
     // A whole number read from a column, 0 for Null.
     static long Lungo(const QVariant& valore);
+    // A whole number for a column from the text of a box: Null stays Null, a text that is not a
+    // number raises, as the assignment to a numeric field does.
+    static QVariant ColonnaIntera(const QVariant& valore);
 
     // --- Existence tests -------------------------------------------------------------------
     // True if the statement (values bound) gives no row.
@@ -131,6 +138,11 @@ protected:
     QLabel* NuovaEtichetta(int indice, const QString& sTesto);
     QComboBox* NuovaCombo(const QString& sNome, const QString& sTag = QString(),
                           bool bDati = false);
+    // An editable combo: its list only offers texts and the text itself is the value. No limit
+    // while typing; leaving it with more than iMax characters shows sMessaggio as an
+    // exclamation, the leave refused and the whole text kept, so that it can be shortened.
+    QComboBox* NuovaComboModificabile(const QString& sNome, int iMax, const QString& sMessaggio,
+                                      const QString& sTag = QString());
     QCheckBox* NuovaCasella(const QString& sNome, const QString& sTag = QString());
     QDateEdit* NuovaData(const QString& sNome, const QString& sTag = QString());
 

@@ -31,14 +31,6 @@
 
 namespace {
 
-// A whole number for a column from the text of a box: Null stays Null, a text that is not a
-// number raises, as the assignment to a numeric field does.
-QVariant ColonnaIntera(const QVariant& valore) {
-    if (ENull(valore))
-        return EditoreRecord::NullNumero();
-    return QVariant(qlonglong(qRound64(CDbl(valore.toString()))));
-}
-
 // A number as the box shows it: as it comes, with the decimal comma; Null gives "".
 QString TestoNumero(const QVariant& valore) {
     if (ENull(valore))
