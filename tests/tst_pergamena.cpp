@@ -122,6 +122,12 @@ private Q_SLOTS:
     void pubblicareSottoUnPadreNonPubblicatoERifiutato();
     void leAnticheSegnatureSiApronoPerNomeEPoiSiAvvisaLOspite_data() { AggiungiBackend(); }
     void leAnticheSegnatureSiApronoPerNomeEPoiSiAvvisaLOspite();
+    void ogniPulsanteApreIlSuoDialogoConIValoriDiSessione_data() { AggiungiBackend(); }
+    void ogniPulsanteApreIlSuoDialogoConIValoriDiSessione();
+    void unNumeroOUnaDataErratiSonoRifiutatiAllUscita_data() { AggiungiBackend(); }
+    void unNumeroOUnaDataErratiSonoRifiutatiAllUscita();
+    void unaPergamenaNuovaSiCreaAttraversoLOspite_data() { AggiungiBackend(); }
+    void unaPergamenaNuovaSiCreaAttraversoLOspite();
 };
 
 void TestPergamena::iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiSchedeETag() {
@@ -791,6 +797,209 @@ void TestPergamena::leAnticheSegnatureSiApronoPerNomeEPoiSiAvvisaLOspite() {
     QCOMPARE(lVisto, idPG);
     QCOMPARE(evento.count(), 1);
     QVERIFY(editore.AltreSegnature);
+}
+
+void TestPergamena::ogniPulsanteApreIlSuoDialogoConIValoriDiSessione() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const Ambiente::Albero albero = ambiente.CreaPergamena();
+    const long id = albero.pergamena;
+    const long idPG = ambiente.IdPergamena(id);
+    const long originale = ambiente.Crea("05", QStringLiteral("Originale"), albero.inventario);
+    ambiente.Cnn().Esegui(
+        QStringLiteral("UPDATE PGTraditio SET Traditio = '02' WHERE ID_Pergamena = ?"), {Id(idPG)});
+    ucPergamena editore;
+    editore.Init();
+    editore.Mostra(id);
+    QSignalSpy evento(&editore, &ucPergamena::EventoStato);
+
+    // A stand-in for each dialog, which notes what it finds and closes.
+    QStringList aperti;
+    Dialoghi::Argomenti argomenti;
+    long lLinkTrovato = -1;
+    const QStringList nomi = {"frmAltreSegnature",  "frmPgNotazioni",   "frmMostraLinkAnt",
+                              "frmMostraLinkTopo",  "frmMostraLinkInv", "frmMostraLinkPGS",
+                              "frmCollegaPergamene"};
+    for (const QString& nome : nomi) {
+        Dialoghi::Registra(
+            nome, [&, nome](QWidget* genitore, const Dialoghi::Argomenti& dati) -> QDialog* {
+                aperti << nome;
+                argomenti = dati;
+                lLinkTrovato = Sessione::lIdElementoLink;
+                // The link dialog of the original leaves the original chosen.
+                if (nome == QLatin1String("frmCollegaPergamene"))
+                    Sessione::lIdElementoLink = originale;
+                auto* dlg = new QDialog(genitore);
+                QTimer::singleShot(0, dlg, &QDialog::accept);
+                return dlg;
+            });
+    }
+    // The values that the buttons fill, emptied before each click.
+    const auto azzera = [] {
+        Sessione::lIdPergamena = 0;
+        Sessione::lIdElementoLink = 0;
+        Sessione::lIdInventario = 0;
+        Sessione::sDenomElementoLink.clear();
+        Sessione::sDenomInventario.clear();
+        Sessione::iChiamanteToponimi = 0;
+        Sessione::iChiamanteInv = 0;
+    };
+    const auto clicca = [&](const char* pulsante) {
+        azzera();
+        Pulsante(&editore, pulsante)->click();
+    };
+
+    clicca("cmdMostraAltreSeg");
+    QCOMPARE(aperti.constLast(), QStringLiteral("frmAltreSegnature"));
+    QCOMPARE(Sessione::lIdPergamena, idPG);
+    clicca("cmdMostraNotazioni");
+    QCOMPARE(aperti.constLast(), QStringLiteral("frmPgNotazioni"));
+    QCOMPARE(Sessione::lIdPergamena, idPG);
+    clicca("cmdMostraAntroponimi");
+    QCOMPARE(aperti.constLast(), QStringLiteral("frmMostraLinkAnt"));
+    QCOMPARE(Sessione::sDenomElementoLink, QStringLiteral("Perg. 1"));
+    QCOMPARE(lLinkTrovato, idPG);
+    QCOMPARE(Sessione::iChiamanteToponimi, 0);
+    clicca("cmdMostraToponimi");
+    QCOMPARE(aperti.constLast(), QStringLiteral("frmMostraLinkTopo"));
+    QCOMPARE(Sessione::sDenomElementoLink, QStringLiteral("Perg. 1"));
+    QCOMPARE(lLinkTrovato, idPG);
+    QCOMPARE(Sessione::iChiamanteToponimi, 1);
+    azzera();
+    Sessione::iEsitoLinkCD = 5;
+    Pulsante(&editore, "cmdMostraLinks")->click();
+    QCOMPARE(aperti.constLast(), QStringLiteral("frmMostraLinkInv"));
+    QCOMPARE(Sessione::sDenomInventario, QStringLiteral("Perg. 1"));
+    QCOMPARE(Sessione::lIdInventario, id);
+    QCOMPARE(Sessione::iEsitoLinkCD, 0);
+    QCOMPARE(Sessione::iChiamanteInv, 2);
+    clicca("cmdMostraSigilli");
+    QCOMPARE(aperti.constLast(), QStringLiteral("frmMostraLinkPGS"));
+    QCOMPARE(argomenti.value(QStringLiteral("lIdSigillo")).toLongLong(), qlonglong(0));
+    QCOMPARE(argomenti.value(QStringLiteral("lIdPergamena")).toLongLong(), qlonglong(id));
+    QCOMPARE(argomenti.value(QStringLiteral("sDenominazione")).toString(),
+             QStringLiteral("Perg. 1"));
+    // A copy: the link dialog of its original, which it takes back afterwards.
+    QVERIFY(!editore.Pergamene);
+    clicca("cmdMostraPergamene");
+    QCOMPARE(aperti.constLast(), QStringLiteral("frmCollegaPergamene"));
+    QCOMPARE(Sessione::lIdPergamena, idPG);
+    QCOMPARE(Sessione::lIdInventario, editore.ID_Inventario);
+    QCOMPARE(lLinkTrovato, 0L);
+    QVERIFY(editore.Pergamene);
+    // The host heard of each dialog once it had closed.
+    QCOMPARE(aperti.size(), 7);
+    QCOMPARE(evento.count(), 7);
+    for (const QString& nome : nomi)
+        Dialoghi::Rimuovi(nome);
+    // Without the dialogs nothing opens and nothing is said.
+    for (const char* pulsante :
+         {"cmdMostraAltreSeg", "cmdMostraNotazioni", "cmdMostraAntroponimi", "cmdMostraToponimi",
+          "cmdMostraLinks", "cmdMostraSigilli", "cmdMostraPergamene"})
+        Pulsante(&editore, pulsante)->click();
+    QCOMPARE(evento.count(), 7);
+}
+
+void TestPergamena::unNumeroOUnaDataErratiSonoRifiutatiAllUscita() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const Ambiente::Albero albero = ambiente.CreaPergamena();
+    auto* editore = new ucPergamena;
+    HostEditore ospite(editore, QStringLiteral("05"), albero.inventario);
+    CollegaPermessi(ospite, editore, &ucPergamena::OkNuovaPergamena);
+    ospite.Carica();
+    QVERIFY(Attiva(ospite));
+    ospite.MostraElemento(albero.pergamena);
+    ospite.cmdModifica->click();
+    auto* schede = editore->findChild<QTabWidget*>(QStringLiteral("SSTab1"));
+
+    struct Prova {
+        int n;
+        int scheda;
+        QStringList errati;
+        QStringList giusti;
+        QString messaggio;
+    };
+    const QList<Prova> prove = {
+        {26, 1, {"x", "1a"}, {"3", ""}, QStringLiteral("Numero errato")},
+        {27, 1, {"due"}, {"12", ""}, QStringLiteral("Numero errato")},
+        {1, 0, {"31/02/1200", "ieri"}, {"03/03/1210", ""}, QStringLiteral("Data errata")},
+        {33, 0, {"1210-13-01"}, {"25/12/1211", " "}, QStringLiteral("Data errata")},
+    };
+    int iAttesi = 0;
+    for (const Prova& p : prove) {
+        schede->setCurrentIndex(p.scheda);
+        QLineEdit* casella = Riga(editore, p.n);
+        for (const QString& errato : p.errati) {
+            casella->setFocus();
+            casella->setText(errato);
+            // Left with a click on the identifier.
+            QTest::mouseClick(Riga(editore, 0), Qt::LeftButton);
+            ++iAttesi;
+            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
+            QCOMPARE(ambiente.seam.Messaggi().constLast().sTesto, p.messaggio);
+            QCOMPARE(ambiente.seam.Messaggi().constLast().sTitolo, QStringLiteral("Attenzione"));
+            QVERIFY2(casella->hasFocus(), qPrintable(errato));
+        }
+        for (const QString& giusto : p.giusti) {
+            casella->setFocus();
+            casella->setText(giusto);
+            QTest::mouseClick(Riga(editore, 0), Qt::LeftButton);
+            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
+            QVERIFY2(Riga(editore, 0)->hasFocus(), qPrintable(giusto));
+        }
+    }
+}
+
+void TestPergamena::unaPergamenaNuovaSiCreaAttraversoLOspite() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const Ambiente::Albero albero = ambiente.CreaPergamena(QStringLiteral("Altra"));
+    auto* editore = new ucPergamena;
+    HostEditore ospite(editore, QStringLiteral("05"), albero.inventario);
+    CollegaPermessi(ospite, editore, &ucPergamena::OkNuovaPergamena);
+    ospite.Carica();
+    QVERIFY(ospite.cmdNuovo->isEnabled());
+    ospite.cmdNuovo->click();
+    QCOMPARE(ospite.Stato(), QStringLiteral("nuovo"));
+    // Empty, the form is refused at its first mandatory field and nothing is written.
+    ospite.cmdConferma->click();
+    QCOMPARE(ambiente.seam.Messaggi().value(0).sTesto,
+             QStringLiteral("Inserire segnatura attuale"));
+    const auto pergamene = [&ambiente] {
+        return ambiente
+            .Valore(QStringLiteral("SELECT COUNT(*) FROM Elementi WHERE Tipologia = '05'"), {})
+            .toInt();
+    };
+    QCOMPARE(pergamene(), 1);
+    Compila(*editore);
+    ospite.cmdConferma->click();
+    QCOMPARE(ospite.Stato(), QStringLiteral("mostra"));
+    QCOMPARE(pergamene(), 2);
+    const long id = ospite.IdCorrente();
+    QVERIFY(id > 0 && id != albero.pergamena);
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("ID_ElementoPadre"), id).toLongLong(),
+             qlonglong(albero.inventario));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Segnatura"), id).toString(),
+             QStringLiteral("Perg. 12"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("DataCronicaInizio"), id).toLongLong(),
+             qlonglong(12100303));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Regesto"), id).toString(),
+             QStringLiteral("Vendita di una terra"));
+    const long idPG = ambiente.IdPergamena(id);
+    QCOMPARE(ambiente.ColonnaPG(QStringLiteral("PGTraditio"), QStringLiteral("Traditio"), idPG)
+                 .toString(),
+             QStringLiteral("01"));
+    QCOMPARE(ambiente.ColonnaPG(QStringLiteral("PGSupporti"), QStringLiteral("Dimensioni"), idPG)
+                 .toString(),
+             QStringLiteral("320x210"));
+    QCOMPARE(editore->fID_Elem, id);
+    QVERIFY(editore->OkCancella);
+    QVERIFY(ospite.cmdCancella->isEnabled());
+    QCOMPARE(Testo(editore, 0), QStringLiteral("Perg. 12"));
 }
 
 QTEST_MAIN(TestPergamena)
