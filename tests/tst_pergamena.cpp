@@ -13,6 +13,7 @@
 
 #include "AmbienteRecord.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -128,6 +129,8 @@ private Q_SLOTS:
     void unNumeroOUnaDataErratiSonoRifiutatiAllUscita();
     void unaPergamenaNuovaSiCreaAttraversoLOspite_data() { AggiungiBackend(); }
     void unaPergamenaNuovaSiCreaAttraversoLOspite();
+    void iPulsantiSiAccendonoInLetturaESiColoranoDalleRighe_data() { AggiungiBackend(); }
+    void iPulsantiSiAccendonoInLetturaESiColoranoDalleRighe();
 };
 
 void TestPergamena::iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiSchedeETag() {
@@ -1000,6 +1003,73 @@ void TestPergamena::unaPergamenaNuovaSiCreaAttraversoLOspite() {
     QVERIFY(editore->OkCancella);
     QVERIFY(ospite.cmdCancella->isEnabled());
     QCOMPARE(Testo(editore, 0), QStringLiteral("Perg. 12"));
+}
+
+void TestPergamena::iPulsantiSiAccendonoInLetturaESiColoranoDalleRighe() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const Ambiente::Albero albero = ambiente.CreaPergamena();
+    const long id = albero.pergamena;
+    const long idPG = ambiente.IdPergamena(id);
+    ucPergamena editore;
+    editore.Init();
+    const QStringList pulsanti = {"cmdMostraLinks",     "cmdMostraAltreSeg", "cmdMostraAntroponimi",
+                                  "cmdMostraNotazioni", "cmdMostraToponimi", "cmdMostraSigilli",
+                                  "cmdMostraPergamene", "cmdImmagine"};
+    const auto accesi = [&editore, &pulsanti] {
+        QList<bool> stato;
+        for (const QString& nome : pulsanti)
+            stato << Pulsante(&editore, qPrintable(nome))->isEnabled();
+        return stato;
+    };
+    const QColor finestra = QApplication::palette().color(QPalette::Base);
+    const QColor faccia = QApplication::palette().color(QPalette::Button);
+    QVERIFY(finestra != faccia);
+    const auto colore = [&editore](const char* nome) {
+        return Pulsante(&editore, nome)->palette().color(QPalette::Button);
+    };
+
+    // Shown: every button works, the lists without rows in the button face.
+    editore.Mostra(id);
+    QCOMPARE(accesi(), QList<bool>(8, true));
+    for (const char* nome :
+         {"cmdMostraLinks", "cmdMostraAltreSeg", "cmdMostraAntroponimi", "cmdMostraNotazioni",
+          "cmdMostraToponimi", "cmdMostraSigilli", "cmdMostraPergamene"})
+        QVERIFY2(colore(nome) == faccia, nome);
+    QCOMPARE(Pulsante(&editore, "cmdImmagine")->text(), QStringLiteral("Immagine"));
+    // Edited: none of them.
+    editore.Modifica();
+    QCOMPARE(accesi(), QList<bool>(8, false));
+    editore.Annulla();
+    QCOMPARE(accesi(), QList<bool>(8, true));
+
+    // With an old signature, a complesso linked and a MAG document, their buttons stand out.
+    ambiente.Cnn().Esegui(QStringLiteral("INSERT INTO PGAltreSegnature (ID_PGAltraSegnatura, "
+                                         "ID_Pergamena, Segnatura) VALUES (?, ?, 'Antica')"),
+                          {Id(3), Id(idPG)});
+    ambiente.Collega(ambiente.Crea("02", QStringLiteral("Complesso"), albero.istituto), id);
+    ambiente.Cnn().Esegui(QStringLiteral("UPDATE Elementi SET Md5Link = ? WHERE ID_Elemento = ?"),
+                          {QStringLiteral("0123456789abcdef0123456789abcdef"), Id(id)});
+    editore.Mostra(id);
+    QVERIFY(colore("cmdMostraAltreSeg") == finestra);
+    QVERIFY(colore("cmdMostraLinks") == finestra);
+    QVERIFY(colore("cmdMostraToponimi") == faccia);
+    QCOMPARE(Pulsante(&editore, "cmdImmagine")->text(), QStringLiteral("Elimina coll. immagine"));
+
+    // The hosts that hide the seals' link and the complessi.
+    editore.MostraSigilliVisible(false);
+    QVERIFY(Pulsante(&editore, "cmdMostraSigilli")->isHidden());
+    editore.MostraSigilliVisible(true);
+    QVERIFY(!Pulsante(&editore, "cmdMostraSigilli")->isHidden());
+    editore.EnabledComplessiDoc(false);
+    QVERIFY(Pulsante(&editore, "cmdMostraLinks")->isHidden());
+    QVERIFY(!Pulsante(&editore, "cmdMostraLinks")->isEnabled());
+
+    // A record that is not there: no image to import.
+    editore.Mostra(id + 1000);
+    QVERIFY(!Pulsante(&editore, "cmdImmagine")->isEnabled());
+    QCOMPARE(Pulsante(&editore, "cmdImmagine")->text(), QStringLiteral("Immagine"));
 }
 
 QTEST_MAIN(TestPergamena)
