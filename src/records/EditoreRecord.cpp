@@ -603,9 +603,12 @@ QVariant EditoreRecord::ColonnaIntera(const QVariant& valore) {
     return QVariant(qlonglong(qRound64(CDbl(valore.toString()))));
 }
 
-bool EditoreRecord::ApriDialogo(const QString& sNome, const QVariantMap& argomenti) {
+bool EditoreRecord::ApriDialogo(const QString& sNome, const QVariantMap& argomenti,
+                                const std::function<void()>& dopo) {
     if (!Dialoghi::Apri(sNome, this, argomenti))
         return false;
+    if (dopo)
+        dopo();
     Q_EMIT EventoStato();
     return true;
 }

@@ -112,8 +112,10 @@ Q_SIGNALS:
 
 protected:
     // Opens the dialog of that name modally through Dialoghi::Apri and, once it has closed,
-    // raises EventoStato; false (and no event) when no dialog has that name.
-    bool ApriDialogo(const QString& sNome, const QVariantMap& argomenti = {});
+    // runs dopo (the record's own re-reading) and raises EventoStato; false (and nothing run,
+    // no event) when no dialog has that name.
+    bool ApriDialogo(const QString& sNome, const QVariantMap& argomenti = {},
+                     const std::function<void()>& dopo = {});
 
     enum class Uscita { RestituisceFuoco, Rifiuta };
     // Runs verifica with the box's text when the box loses the focus (not when only the window
