@@ -795,11 +795,21 @@ void TestPergamena::leAnticheSegnatureSiApronoPerNomeEPoiSiAvvisaLOspite() {
                            return dlg;
                        });
     QVERIFY(!editore.AltreSegnature);
+    // When the host hears of it, the flag and the button are already those of the new rows.
+    bool bLettoPrima = false;
+    QColor coloreAllEvento;
+    connect(&editore, &ucPergamena::EventoStato, this, [&] {
+        bLettoPrima = editore.AltreSegnature;
+        coloreAllEvento =
+            Pulsante(&editore, "cmdMostraAltreSeg")->palette().color(QPalette::Button);
+    });
     Pulsante(&editore, "cmdMostraAltreSeg")->click();
     Dialoghi::Rimuovi(QStringLiteral("frmAltreSegnature"));
     QCOMPARE(lVisto, idPG);
     QCOMPARE(evento.count(), 1);
     QVERIFY(editore.AltreSegnature);
+    QVERIFY(bLettoPrima);
+    QCOMPARE(coloreAllEvento, QApplication::palette().color(QPalette::Base));
 }
 
 void TestPergamena::ogniPulsanteApreIlSuoDialogoConIValoriDiSessione() {

@@ -705,11 +705,14 @@ void ucPergamena::TraditioCliccato(int indice) {
     d->bOriginale = !bCopia;
 }
 
-void ucPergamena::ApriFiglio(const QString& sDialogo, void (ucPergamena::*ricontrolla)(long)) {
-    if (!ApriDialogo(sDialogo))
-        return;
-    (this->*ricontrolla)(fID_Elem);
-    RefreshButton();
+void ucPergamena::ApriFiglio(const QString& sDialogo, void (ucPergamena::*ricontrolla)(long),
+                             const QVariantMap& argomenti) {
+    // Once the dialog has closed: its flag read again and the buttons coloured, before the host
+    // hears of it.
+    ApriDialogo(sDialogo, argomenti, [this, ricontrolla] {
+        (this->*ricontrolla)(fID_Elem);
+        RefreshButton();
+    });
 }
 
 void ucPergamena::cmdMostraPergamene_Click() {
@@ -723,12 +726,12 @@ void ucPergamena::cmdMostraPergamene_Click() {
         Sessione::lIdElementoLink = d->lIdElemPergOrig;
     }
     Sessione::lIdPergamena = d->ID_Pergamena;
-    if (!ApriDialogo(QStringLiteral("frmCollegaPergamene"), argomenti))
-        return;
-    if (!d->bOriginale)
-        d->lIdElemPergOrig = Sessione::lIdElementoLink;
-    CheckPergamene();
-    RefreshButton();
+    ApriDialogo(QStringLiteral("frmCollegaPergamene"), argomenti, [this] {
+        if (!d->bOriginale)
+            d->lIdElemPergOrig = Sessione::lIdElementoLink;
+        CheckPergamene();
+        RefreshButton();
+    });
 }
 
 void ucPergamena::cmdMostraSigilli_Click() {
@@ -737,10 +740,7 @@ void ucPergamena::cmdMostraSigilli_Click() {
         {QStringLiteral("lIdPergamena"), qlonglong(fID_Elem)},
         {QStringLiteral("sDenominazione"), LeggiDenominazione()},
     };
-    if (!ApriDialogo(QStringLiteral("frmMostraLinkPGS"), argomenti))
-        return;
-    CheckSigilliLink(fID_Elem);
-    RefreshButton();
+    ApriFiglio(QStringLiteral("frmMostraLinkPGS"), &ucPergamena::CheckSigilliLink, argomenti);
 }
 
 QString ucPergamena::ControllaNumero(const QString& sTesto) {

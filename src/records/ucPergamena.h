@@ -85,7 +85,8 @@ private:
     // The Click of cmbTraditio: the copy's fields shown for any traditio but the first.
     void TraditioCliccato(int indice);
     // The buttons that open the child lists, link viewers and the original's link.
-    void ApriFiglio(const QString& sDialogo, void (ucPergamena::*ricontrolla)(long));
+    void ApriFiglio(const QString& sDialogo, void (ucPergamena::*ricontrolla)(long),
+                    const QVariantMap& argomenti = {});
     void cmdMostraPergamene_Click();
     void cmdMostraSigilli_Click();
     // The checks on leaving a box: the message, "" when the text is accepted.
