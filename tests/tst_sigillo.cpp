@@ -148,6 +148,12 @@ private Q_SLOTS:
     void senzaLaRigaDelTipoIlSalvaNonScriveNulla();
     void unSigilloCheNonCeSpegneTutto_data() { AggiungiBackend(); }
     void unSigilloCheNonCeSpegneTutto();
+    void unSigilloConTitolariOFigliLoDiceAiPulsantiENonSiCancella_data() { AggiungiBackend(); }
+    void unSigilloConTitolariOFigliLoDiceAiPulsantiENonSiCancella();
+    void unAnnoCheNonENumeroEUnErroreDelSalvaCheNonScriveNulla_data() { AggiungiBackend(); }
+    void unAnnoCheNonENumeroEUnErroreDelSalvaCheNonScriveNulla();
+    void ilRapportoNascostoDaIlSuoMessaggioSenzaPrendereIlFuoco_data() { AggiungiBackend(); }
+    void ilRapportoNascostoDaIlSuoMessaggioSenzaPrendereIlFuoco();
     void titolariEPergameneSiApronoEIPulsantiSiRidipingono_data() { AggiungiBackend(); }
     void titolariEPergameneSiApronoEIPulsantiSiRidipingono();
 };
@@ -775,6 +781,84 @@ void TestSigillo::titolariEPergameneSiApronoEIPulsantiSiRidipingono() {
     editore.Modifica();
     QVERIFY(!titolari->isEnabled());
     QVERIFY(!pergamene->isEnabled());
+}
+
+void TestSigillo::unSigilloConTitolariOFigliLoDiceAiPulsantiENonSiCancella() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long id = ambiente.Crea("06", QStringLiteral("Sigillo"));
+    EditorePronto<ucSigillo> editore(id);
+    QPushButton* titolari = Pulsante(&editore, "cmdMostraTitolari");
+    const QColor spento = titolari->palette().color(QPalette::Button);
+    QVERIFY(!editore.Titolari);
+    QVERIFY(editore.OkCancella);
+
+    ambiente.Cnn().Esegui(QStringLiteral("INSERT INTO Titolari (Nome) VALUES (?)"),
+                          {QStringLiteral("Comune di Lucca")});
+    const QVariant idTitolare =
+        ambiente.Valore(QStringLiteral("SELECT ID_Titolare FROM Titolari WHERE Nome = ?"),
+                        {QStringLiteral("Comune di Lucca")});
+    ambiente.Cnn().Esegui(
+        QStringLiteral("INSERT INTO SGTitolari (ID_Sigillo, ID_Titolare) VALUES (?, ?)"),
+        {ambiente.Colonna(QStringLiteral("ID_Sigillo"), id), idTitolare});
+    editore.Mostra(id);
+    QVERIFY(editore.Titolari);
+    QVERIFY(titolari->palette().color(QPalette::Button) != spento);
+    QVERIFY(editore.OkCancella);
+
+    // A child under the seal: no delete.
+    ambiente.Crea("06", QStringLiteral("Controsigillo"), id);
+    editore.Mostra(id);
+    QVERIFY(!editore.OkCancella);
+    QVERIFY(editore.OkModifica);
+}
+
+void TestSigillo::unAnnoCheNonENumeroEUnErroreDelSalvaCheNonScriveNulla() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long id = ambiente.Crea("06", QStringLiteral("Sigillo"));
+    EditorePronto<ucSigillo> editore(id);
+    editore.Modifica();
+    Compila(editore);
+    // The box takes any four characters: nothing checks them before the save.
+    Riga(&editore, 2)->setText(QStringLiteral("12a"));
+    QVERIFY(editore.CheckMandatoryFields());
+    bool bErrore = false;
+    try {
+        editore.Salva(id);
+    } catch (const Errore&) {
+        bErrore = true;
+    }
+    QVERIFY(bErrore);
+    QVERIFY(ambiente.Nullo(QStringLiteral("DataInizio"), id));
+    QVERIFY(ambiente.Nullo(QStringLiteral("Colore"), id));
+    QVERIFY(ambiente.ColonnaElemento(QStringLiteral("Redattore"), id).isNull());
+}
+
+void TestSigillo::ilRapportoNascostoDaIlSuoMessaggioSenzaPrendereIlFuoco() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    EditorePronto<ucSigillo> editore;
+    QVERIFY(Attiva(editore));
+    editore.Nuovo(0);
+    Compila(editore);
+    QComboBox* rapporto = Combo(&editore, "cmbDoc");
+    QVERIFY(rapporto->isHidden());
+    rapporto->setCurrentIndex(-1);
+    Riga(&editore, 0)->setFocus();
+    QVERIFY(!editore.CheckMandatoryFields());
+    QCOMPARE(ambiente.seam.Messaggi().constLast().sTesto,
+             QStringLiteral("Inserire il rapporto con il documento"));
+    QVERIFY(!rapporto->hasFocus());
+    QVERIFY(Riga(&editore, 0)->hasFocus());
+    // The button of the parchments linked follows the host.
+    editore.MostraPergameneVisible(false);
+    QVERIFY(Pulsante(&editore, "cmdMostraPergamene")->isHidden());
+    editore.MostraPergameneVisible(true);
+    QVERIFY(!Pulsante(&editore, "cmdMostraPergamene")->isHidden());
 }
 
 QTEST_MAIN(TestSigillo)
