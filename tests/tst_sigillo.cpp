@@ -154,6 +154,8 @@ private Q_SLOTS:
     void unAnnoCheNonENumeroEUnErroreDelSalvaCheNonScriveNulla();
     void ilRapportoNascostoDaIlSuoMessaggioSenzaPrendereIlFuoco_data() { AggiungiBackend(); }
     void ilRapportoNascostoDaIlSuoMessaggioSenzaPrendereIlFuoco();
+    void ilPulsanteDellImmagineSegueIlDocumentoMag_data() { AggiungiBackend(); }
+    void ilPulsanteDellImmagineSegueIlDocumentoMag();
     void titolariEPergameneSiApronoEIPulsantiSiRidipingono_data() { AggiungiBackend(); }
     void titolariEPergameneSiApronoEIPulsantiSiRidipingono();
 };
@@ -859,6 +861,50 @@ void TestSigillo::ilRapportoNascostoDaIlSuoMessaggioSenzaPrendereIlFuoco() {
     QVERIFY(Pulsante(&editore, "cmdMostraPergamene")->isHidden());
     editore.MostraPergameneVisible(true);
     QVERIFY(!Pulsante(&editore, "cmdMostraPergamene")->isHidden());
+}
+
+void TestSigillo::ilPulsanteDellImmagineSegueIlDocumentoMag() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long id = ambiente.Crea("06", QStringLiteral("Sigillo"));
+    EditorePronto<ucSigillo> editore(id);
+    QPushButton* immagine = Pulsante(&editore, "cmdImmagine");
+    QVERIFY(immagine->isEnabled());
+    QCOMPARE(immagine->text(), QStringLiteral("Immagine"));
+
+    // A MAG document that is not there: the error's description in a critical box.
+    ambiente.seam.fileScelti = {ambiente.cartella.Percorso() + QStringLiteral("/manca/mag.xml")};
+    immagine->click();
+    QCOMPARE(ambiente.seam.Chiamate(QStringLiteral("file")).size(), 1);
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    QCOMPARE(ambiente.seam.Messaggi().at(0).icona, Icona::Critica);
+    QVERIFY(!ambiente.seam.Messaggi().at(0).sTesto.isEmpty());
+    QCOMPARE(immagine->text(), QStringLiteral("Immagine"));
+
+    // A seal with its MAG document: the removal asks first, and No keeps it.
+    ambiente.seam.Svuota();
+    ambiente.Cnn().Esegui(QStringLiteral("UPDATE Elementi SET Md5Link = ? WHERE ID_Elemento = ?"),
+                          {QStringLiteral("0123456789abcdef0123456789abcdef"), Id(id)});
+    editore.Mostra(id);
+    QCOMPARE(immagine->text(), QStringLiteral("Elimina coll. immagine"));
+    QCOMPARE(immagine->property("Tag").toString(), QStringLiteral("1"));
+    ambiente.seam.risposte = {Risposta::No};
+    immagine->click();
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTesto,
+             QStringLiteral("Sei sicuro di voler cancellare le immagini?"));
+    QCOMPARE(ambiente.seam.Messaggi().at(0).sTitolo, QStringLiteral("Cancella Immagini. "));
+    QCOMPARE(immagine->text(), QStringLiteral("Elimina coll. immagine"));
+    // A save keeps the link the element holds; while editing the button is off.
+    editore.Modifica();
+    QVERIFY(!immagine->isEnabled());
+    Compila(editore);
+    editore.Salva(id);
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).toString(),
+             QStringLiteral("0123456789abcdef0123456789abcdef"));
+    QCOMPARE(immagine->text(), QStringLiteral("Elimina coll. immagine"));
+    QVERIFY(immagine->isEnabled());
 }
 
 QTEST_MAIN(TestSigillo)
