@@ -156,6 +156,8 @@ private Q_SLOTS:
     void ilRapportoNascostoDaIlSuoMessaggioSenzaPrendereIlFuoco();
     void ilPulsanteDellImmagineSegueIlDocumentoMag_data() { AggiungiBackend(); }
     void ilPulsanteDellImmagineSegueIlDocumentoMag();
+    void unSigilloSiCreaEMostraAttraversoLOspite_data() { AggiungiBackend(); }
+    void unSigilloSiCreaEMostraAttraversoLOspite();
     void titolariEPergameneSiApronoEIPulsantiSiRidipingono_data() { AggiungiBackend(); }
     void titolariEPergameneSiApronoEIPulsantiSiRidipingono();
 };
@@ -905,6 +907,49 @@ void TestSigillo::ilPulsanteDellImmagineSegueIlDocumentoMag() {
              QStringLiteral("0123456789abcdef0123456789abcdef"));
     QCOMPARE(immagine->text(), QStringLiteral("Elimina coll. immagine"));
     QVERIFY(immagine->isEnabled());
+}
+
+void TestSigillo::unSigilloSiCreaEMostraAttraversoLOspite() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long pergamena = ambiente.Crea("05", QStringLiteral("Pergamena"));
+    auto* editore = new ucSigillo;
+    HostEditore ospite(editore, QStringLiteral("06"), pergamena);
+    CollegaPermessi(ospite, editore, &ucSigillo::OkNuovoSigillo);
+    ospite.Carica();
+    QVERIFY(Attiva(ospite));
+    QVERIFY(ospite.cmdNuovo->isEnabled());
+
+    // The empty form is refused at its first mandatory field and writes no seal.
+    ospite.cmdNuovo->click();
+    QCOMPARE(ospite.Stato(), QStringLiteral("nuovo"));
+    ospite.cmdConferma->click();
+    QCOMPARE(ambiente.seam.Messaggi().value(0).sTesto, QStringLiteral("Inserire Identificativo"));
+    QCOMPARE(ambiente
+                 .Valore(QStringLiteral("SELECT COUNT(*) FROM Elementi WHERE Tipologia = ?"),
+                         {QStringLiteral("06")})
+                 .toInt(),
+             0);
+    // Filled in, it is written under the parchment and shown.
+    Compila(*editore);
+    ospite.cmdConferma->click();
+    QCOMPARE(ospite.Stato(), QStringLiteral("mostra"));
+    const long id = ospite.IdCorrente();
+    QVERIFY(id > 0);
+    QCOMPARE(editore->fID_Elem, id);
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("ID_ElementoPadre"), id).toLongLong(),
+             qlonglong(pergamena));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Identificativo"), id).toString(),
+             QStringLiteral("Sigillo del comune"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Colore"), id).toString(), QStringLiteral("rosso"));
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Apposizione"), id).toString(),
+             QStringLiteral("Pendente a cordoni di seta"));
+    QCOMPARE(ambiente.Tipo(QStringLiteral("FormaR"), id).toString(), QStringLiteral("Rotonda"));
+    QCOMPARE(Riga(editore, 6)->text(), QStringLiteral("rosso"));
+    QVERIFY(!Riga(editore, 6)->isEnabled());
+    QVERIFY(ospite.cmdModifica->isEnabled());
+    QVERIFY(ospite.cmdCancella->isEnabled());
 }
 
 QTEST_MAIN(TestSigillo)
