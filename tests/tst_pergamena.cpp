@@ -131,6 +131,10 @@ private Q_SLOTS:
     void unaPergamenaNuovaSiCreaAttraversoLOspite();
     void iPulsantiSiAccendonoInLetturaESiColoranoDalleRighe_data() { AggiungiBackend(); }
     void iPulsantiSiAccendonoInLetturaESiColoranoDalleRighe();
+    void ilPulsanteImmagineChiedePrimaDiImportareODiTogliereIlCollegamento_data() {
+        AggiungiBackend();
+    }
+    void ilPulsanteImmagineChiedePrimaDiImportareODiTogliereIlCollegamento();
 };
 
 void TestPergamena::iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiSchedeETag() {
@@ -1080,6 +1084,45 @@ void TestPergamena::iPulsantiSiAccendonoInLetturaESiColoranoDalleRighe() {
     editore.Mostra(id + 1000);
     QVERIFY(!Pulsante(&editore, "cmdImmagine")->isEnabled());
     QCOMPARE(Pulsante(&editore, "cmdImmagine")->text(), QStringLiteral("Immagine"));
+}
+
+void TestPergamena::ilPulsanteImmagineChiedePrimaDiImportareODiTogliereIlCollegamento() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long id = ambiente.CreaPergamena().pergamena;
+    ucPergamena editore;
+    editore.Init();
+    editore.Mostra(id);
+    QPushButton* immagine = Pulsante(&editore, "cmdImmagine");
+
+    // Without a MAG document: the choice of one, with the XML documents in force; given up,
+    // nothing changes.
+    immagine->click();
+    const QList<Chiamata> scelte = ambiente.seam.Chiamate(QStringLiteral("file"));
+    QCOMPARE(scelte.size(), 1);
+    QCOMPARE(scelte.at(0).sceltaFile.sFiltroScelto, QStringLiteral("Xml Files(*.xml)"));
+    QCOMPARE(immagine->text(), QStringLiteral("Immagine"));
+    QVERIFY(ENull(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id)));
+
+    // With one: the question, and No keeps it.
+    const QString md5 = QStringLiteral("0123456789abcdef0123456789abcdef");
+    ambiente.Cnn().Esegui(QStringLiteral("UPDATE Elementi SET Md5Link = ? WHERE ID_Elemento = ?"),
+                          {md5, Id(id)});
+    editore.Mostra(id);
+    QCOMPARE(immagine->text(), QStringLiteral("Elimina coll. immagine"));
+    ambiente.seam.risposte = {Risposta::No};
+    immagine->click();
+    const Messaggio domanda = ambiente.seam.Messaggi().constLast();
+    QCOMPARE(domanda.sTesto, QStringLiteral("Sei sicuro di voler cancellare le immagini?"));
+    QCOMPARE(domanda.sTitolo, QStringLiteral("Cancella Immagini. "));
+    QCOMPARE(immagine->text(), QStringLiteral("Elimina coll. immagine"));
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).toString(), md5);
+    // A save keeps the document of the element.
+    editore.Modifica();
+    editore.Salva(id);
+    QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).toString(), md5);
+    QCOMPARE(immagine->text(), QStringLiteral("Elimina coll. immagine"));
 }
 
 QTEST_MAIN(TestPergamena)
