@@ -621,6 +621,21 @@ void TestPergamena::unCodiceDiTraditioFuoriListaNonSceglieNullaESiSalvaNull() {
     QCOMPARE(Traditio(&editore)->currentIndex(), -1);
     QCOMPARE(editore.CercaTraditio(QString()), -1);
     QCOMPARE(editore.CercaTraditio(QStringLiteral("7")), 6);
+
+    // A list whose code 00 is a line of its own: a Null code chooses it.
+    ambiente.cartella.Scrivi(QStringLiteral("TraditioPG.txt"),
+                             "01Originale\r\n00Non indicata\r\n02Copia autentica\r\n");
+    ucPergamena altro;
+    altro.Init();
+    altro.Mostra(id);
+    QCOMPARE(Traditio(&altro)->currentIndex(), 1);
+    QCOMPARE(Traditio(&altro)->currentText(), QStringLiteral("Non indicata"));
+    // A copy all the same, and saved as Null again.
+    QVERIFY(!Riga(&altro, 9)->isHidden());
+    altro.Modifica();
+    altro.Salva(id);
+    QVERIFY(
+        ENull(ambiente.ColonnaPG(QStringLiteral("PGTraditio"), QStringLiteral("Traditio"), idPG)));
 }
 
 void TestPergamena::laDataDellaCopiaSiLeggeMaIlSalvaNonLaTocca() {
