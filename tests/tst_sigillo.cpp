@@ -242,6 +242,22 @@ void TestSigillo::iCampiSonoNellOrdineDelDisegnoConLeLoroSchedeEiLoroMessaggi() 
     QCOMPARE(Pulsante(&editore, "cmdMostraTitolari")->text(), QStringLiteral("Titolari"));
     QCOMPARE(Pulsante(&editore, "cmdMostraPergamene")->text(),
              QStringLiteral("Collegamento al documento"));
+    // The keyboard walks each tab as it is laid out.
+    const auto dopo = [&editore](const char* nome) {
+        QWidget* w = editore.findChild<QWidget*>(QLatin1String(nome));
+        QWidget* prossimo = w->nextInFocusChain();
+        // The line edit of an editable combo is part of the combo.
+        while (prossimo != nullptr && prossimo->parentWidget() == w)
+            prossimo = prossimo->nextInFocusChain();
+        return prossimo == nullptr ? QString() : prossimo->objectName();
+    };
+    QCOMPARE(dopo("cmbTipol"), QStringLiteral("Text1(2)"));
+    QCOMPARE(dopo("Text1(2)"), QStringLiteral("Text1(3)"));
+    QCOMPARE(dopo("Text1(4)"), QStringLiteral("cmbMat"));
+    QCOMPARE(dopo("cmbMat"), QStringLiteral("Text1(6)"));
+    QCOMPARE(dopo("Text1(6)"), QStringLiteral("cmbApp"));
+    QCOMPARE(dopo("cmbForma(0)"), QStringLiteral("Text1(16)"));
+    QCOMPARE(dopo("Text1(12)"), QStringLiteral("DTPData"));
     // The combos of codes are lists, those of texts are editable.
     for (const char* lista : {"cmbTipol", "cmbMat", "cmbDoc"})
         QVERIFY(!Combo(&editore, lista)->isEditable());

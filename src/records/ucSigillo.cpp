@@ -255,14 +255,18 @@ ucSigillo::ucSigillo(QWidget* parent)
         g->setColumnStretch(1, 1);
         return g;
     };
-    const auto metti = [](QGridLayout* g, QWidget* etichetta, QWidget* campo) {
+    // The keyboard walks the form as it is seen: the order in which the fields are laid out.
+    QList<QWidget*> ordine = {txt0};
+    const auto metti = [&ordine](QGridLayout* g, QWidget* etichetta, QWidget* campo) {
+        ordine << campo;
         const int riga = g->rowCount();
         if (auto* l = qobject_cast<QLabel*>(etichetta))
             l->setBuddy(campo);
         g->addWidget(etichetta, riga, 0, Qt::AlignTop);
         g->addWidget(campo, riga, 1);
     };
-    const auto campo = [this](QGridLayout* g, int n) {
+    const auto campo = [this, &ordine](QGridLayout* g, int n) {
+        ordine << Testo(n);
         const int riga = g->rowCount();
         Etichetta(n)->setBuddy(Testo(n));
         g->addWidget(Etichetta(n), riga, 0, Qt::AlignTop);
@@ -281,6 +285,7 @@ ucSigillo::ucSigillo(QWidget* parent)
     campo(g1, 38);
     campo(g1, 11);
     g1->addWidget(d->chkUnitaCond, g1->rowCount(), 1);
+    ordine << d->chkUnitaCond;
     SSTab1->addTab(identificazione, QStringLiteral("Identificazione"));
 
     auto* descrizione1 = new QWidget;
@@ -325,6 +330,7 @@ ucSigillo::ucSigillo(QWidget* parent)
     metti(g6, lblData, d->DTPData);
     g6->addWidget(d->chkPubblicaSG, g6->rowCount(), 1);
     g6->addWidget(d->cmdImmagine, g6->rowCount(), 1, Qt::AlignLeft);
+    ordine << d->chkPubblicaSG << d->cmdImmagine;
     auto* Frame3 = new QGroupBox(QStringLiteral("Fonti"));
     Frame3->setObjectName(QStringLiteral("Frame3"));
     QGridLayout* g3 = griglia(Frame3);
@@ -343,6 +349,9 @@ ucSigillo::ucSigillo(QWidget* parent)
     // The natura chosen, by the user or by Mostra, shows or hides the verso.
     connect(d->cmbTipol, &QComboBox::currentIndexChanged, this,
             [this](int indice) { NaturaCliccata(indice); });
+    ordine << d->cmdMostraTitolari << d->cmdMostraPergamene;
+    for (qsizetype i = 1; i < ordine.size(); ++i)
+        setTabOrder(ordine.at(i - 1), ordine.at(i));
     NaturaCliccata(-1);
     // The holders of the seal and the parchments it is linked to, in their viewers; the buttons
     // are painted again once the viewer has closed.
