@@ -135,6 +135,7 @@ private Q_SLOTS:
         AggiungiBackend();
     }
     void ilPulsanteImmagineChiedePrimaDiImportareODiTogliereIlCollegamento();
+    void laTastieraPercorreIlModuloComeSiVede();
 };
 
 void TestPergamena::iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiSchedeETag() {
@@ -1138,6 +1139,31 @@ void TestPergamena::ilPulsanteImmagineChiedePrimaDiImportareODiTogliereIlCollega
     editore.Salva(id);
     QCOMPARE(ambiente.ColonnaElemento(QStringLiteral("Md5Link"), id).toString(), md5);
     QCOMPARE(immagine->text(), QStringLiteral("Elimina coll. immagine"));
+}
+
+void TestPergamena::laTastieraPercorreIlModuloComeSiVede() {
+    ucPergamena editore;
+    const QStringList attesi = {
+        "Text1(0)",           "cmdMostraAltreSeg",  "Text1(1)",          "Text1(33)",
+        "Text1(36)",          "Text1(2)",           "Text1(3)",          "Text1(4)",
+        "cmbTraditio",        "cmdMostraPergamene", "Text1(9)",          "Text1(18)",
+        "Text1(19)",          "Text1(32)",          "Text1(20)",         "chkUnitaCond",
+        "Text1(21)",          "Text1(23)",          "Text1(22)",         "Text1(24)",
+        "Text1(5)",           "Text1(25)",          "Text1(28)",         "Text1(34)",
+        "Text1(26)",          "Text1(27)",          "cmdMostraSigilli",  "Text1(7)",
+        "Text1(8)",           "Text1(29)",          "Text1(6)",          "Text1(35)",
+        "Text1(30)",          "cmdMostraLinks",     "cmdMostraToponimi", "cmdMostraAntroponimi",
+        "cmdMostraNotazioni", "Text1(15)",          "DTPData",           "chkPubblicaPG",
+        "cmdImmagine"};
+    // The chain of the focus from the identifier, the form's own controls in the order met.
+    QStringList visti;
+    QWidget* campo = editore.findChild<QWidget*>(QStringLiteral("Text1(0)"));
+    for (int i = 0; i < 1000 && visti.size() < attesi.size(); ++i) {
+        if (attesi.contains(campo->objectName()) && !visti.contains(campo->objectName()))
+            visti << campo->objectName();
+        campo = campo->nextInFocusChain();
+    }
+    QCOMPARE(visti, attesi);
 }
 
 QTEST_MAIN(TestPergamena)
