@@ -455,7 +455,6 @@ void ucPergamena::Nuovo() {
 
 void ucPergamena::Mostra(long IDElem) {
     PulisciModulo();
-    d->lIDElemPadre = 0;
     d->MD5link.clear();
     d->lIdElemPergOrig = 0;
     d->lIDElemPadre = MostraElemento(IDElem, d->chkPubblicaPG, d->DTPData, Testo(15), &d->MD5link);
