@@ -159,8 +159,8 @@ struct Complesso {
 };
 
 const char* const NomiDiProva[] = {"frmProva", "frmAltreDenominazioni", "frmMostraLinkCS",
-                                   "frmMostraLinkCD"};
-const char* const FinestreDiProva[] = {"frmStrutturaCD", "frmConfig"};
+                                   "frmMostraLinkCD", "frmConfig"};
+const char* const FinestreDiProva[] = {"frmStrutturaCD"};
 
 } // namespace
 
@@ -296,8 +296,7 @@ void TestDialoghi::unSostitutoRegistratoPrimaDelProgrammaRestaERegistraSostituis
         return new QWidget;
     });
     Visto config;
-    PrimoMDI::RegistraFinestra(QStringLiteral("frmConfig"),
-                               [&config](PrimoMDI* p) { return Sostituto(config)(p, {}); });
+    Dialoghi::Registra(QStringLiteral("frmConfig"), Sostituto(config));
     RegistraFinestreProgramma();
 
     QVERIFY(Dialoghi::Apri(QStringLiteral("frmAltreDenominazioni"), nullptr));

@@ -2,6 +2,7 @@
 // and the help books.
 
 #include "programma/Registro.h"
+#include "session/Dialoghi.h"
 #include "session/Errore.h"
 #include "session/PrimoMDI.h"
 #include "session/Sessione.h"
@@ -306,17 +307,19 @@ void TestFinestraPrincipale::gliStrumentiSonoModaliENonDisturbanoLaFinestraApert
     Avvia();
     Azione(*principale, "mnuComplessiDoc")->trigger();
     bool eraModale = false;
-    PrimoMDI::RegistraFinestra(QStringLiteral("frmConfig"), [&](PrimoMDI* genitore) {
-        auto* dialogo = new QDialog(genitore);
-        dialogo->setObjectName(QStringLiteral("frmConfig"));
-        QTimer::singleShot(0, dialogo, [dialogo, &eraModale] {
-            eraModale = dialogo->isModal() && QApplication::activeModalWidget() == dialogo;
-            dialogo->accept();
-        });
-        return dialogo;
-    });
+    Dialoghi::Registra(QStringLiteral("frmConfig"),
+                       [&](QWidget* genitore, const Dialoghi::Argomenti&) -> QDialog* {
+                           auto* dialogo = new QDialog(genitore);
+                           dialogo->setObjectName(QStringLiteral("frmConfig"));
+                           QTimer::singleShot(0, dialogo, [dialogo, &eraModale] {
+                               eraModale = dialogo->isModal() &&
+                                           QApplication::activeModalWidget() == dialogo;
+                               dialogo->accept();
+                           });
+                           return dialogo;
+                       });
     Azione(*principale, "mnuTabellaID")->trigger();
-    PrimoMDI::RimuoviFinestra(QStringLiteral("frmConfig"));
+    Dialoghi::Rimuovi(QStringLiteral("frmConfig"));
     QVERIFY(eraModale);
     QCOMPARE(FinestreAperte(*principale), QStringList{QStringLiteral("frmStrutturaCD")});
     QVERIFY(Sessione::bFrmStrutturaCDAperto);

@@ -21,23 +21,20 @@ void RegistraFinestreProgramma() {
     PrimoMDI::RegistraPredefinita(QStringLiteral("frmStrutturaIN"),
                                   [](PrimoMDI* p) { return new frmStrutturaIN(p); });
 
-    // The dialogs of the Strumenti menu.
-    PrimoMDI::RegistraPredefinita(QStringLiteral("frmConfig"),
-                                  [](PrimoMDI* p) { return new frmConfig(p); });
-    PrimoMDI::RegistraPredefinita(QStringLiteral("frmValore"),
-                                  [](PrimoMDI* p) { return new frmValore(p); });
-    PrimoMDI::RegistraPredefinita(QStringLiteral("frmBackup"),
-                                  [](PrimoMDI* p) { return new frmBackup(p); });
-    PrimoMDI::RegistraPredefinita(QStringLiteral("frmIdicizWeb"),
-                                  [](PrimoMDI* p) { return new frmIdicizWeb(p); });
-    PrimoMDI::RegistraPredefinita(QStringLiteral("frmScEsporta"),
-                                  [](PrimoMDI* p) { return new frmScEsporta(p); });
-    PrimoMDI::RegistraPredefinita(QStringLiteral("frmScImporta"),
-                                  [](PrimoMDI* p) { return new frmScImporta(p); });
+    // The dialogs of the Strumenti menu, opened by name like every other dialog.
+    const auto dialogo = [](const char* nome, auto crea) {
+        Dialoghi::RegistraPredefinito(
+            QLatin1String(nome), [crea](QWidget* genitore, const Dialoghi::Argomenti&) -> QDialog* {
+                return crea(genitore);
+            });
+    };
+    dialogo("frmConfig", [](QWidget* g) { return new frmConfig(g); });
+    dialogo("frmValore", [](QWidget* g) { return new frmValore(g); });
+    dialogo("frmBackup", [](QWidget* g) { return new frmBackup(g); });
+    dialogo("frmIdicizWeb", [](QWidget* g) { return new frmIdicizWeb(g); });
+    dialogo("frmScEsporta", [](QWidget* g) { return new frmScEsporta(g); });
+    dialogo("frmScImporta", [](QWidget* g) { return new frmScImporta(g); });
 
     // The dialogs that records and windows open by name.
-    Dialoghi::RegistraPredefinito(QStringLiteral("frmAltreDenominazioni"),
-                                  [](QWidget* genitore, const Dialoghi::Argomenti&) -> QDialog* {
-                                      return new frmAltreDenominazioni(genitore);
-                                  });
+    dialogo("frmAltreDenominazioni", [](QWidget* g) { return new frmAltreDenominazioni(g); });
 }

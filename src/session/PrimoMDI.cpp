@@ -2,6 +2,7 @@
 
 #include "AggiornamentoVersione.h"
 #include "Conversioni.h"
+#include "Dialoghi.h"
 #include "Errore.h"
 #include "IconaProgramma.h"
 #include "LetturaLista.h"
@@ -259,19 +260,7 @@ void PrimoMDI::ApriFiglia(const VoceFiglia& voce) {
 }
 
 void PrimoMDI::ApriModale(const QString& sNome) {
-    const Fabbrica fabbrica = Fabbriche().Trova(sNome);
-    if (!fabbrica) {
-        return;
-    }
-    QPointer<QWidget> finestra;
-    if (!AperturaProtetta(sNome, [&] { finestra = fabbrica(this); })) {
-        delete finestra.data();
-        return;
-    }
-    if (auto* dialogo = qobject_cast<QDialog*>(finestra.data())) {
-        dialogo->setAttribute(Qt::WA_DeleteOnClose);
-        dialogo->exec();
-    }
+    AperturaProtetta(sNome, [&] { Dialoghi::Apri(sNome, this); });
 }
 
 bool PrimoMDI::AperturaProtetta(const QString& sNome, const std::function<void()>& apertura) {
