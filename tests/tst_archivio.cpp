@@ -107,6 +107,36 @@ struct Banca {
     std::shared_ptr<Connessione> cnn;
 };
 
+// Runs a check of the carried-up figures, on the backend of the current row, against a fresh
+// database holding an istituto and, under it, a fondo: the top of the trees whose figures are
+// carried up.
+template <typename Prova> void ConFondo(Prova prova) {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    const Banca b(backend);
+    const long fondo =
+        Crea(*b.cnn, "02", QStringLiteral("Fondo"), Crea(*b.cnn, "01", QStringLiteral("Istituto")));
+    prova(*b.cnn, fondo);
+}
+
+// Under a fondo, a serie that declares its own figures with X1 under it, and a serie that declares
+// nothing with Y1 under it.
+struct DueSerie {
+    long dichiarata;
+    long x1;
+    long muta;
+    long y1;
+};
+
+DueSerie CreaDueSerie(const Connessione& cnn, long fondo) {
+    DueSerie serie{};
+    serie.dichiarata = Crea(cnn, "02", QStringLiteral("Serie con cifre"), fondo);
+    serie.x1 = Crea(cnn, "02", QStringLiteral("X1"), serie.dichiarata);
+    serie.muta = Crea(cnn, "02", QStringLiteral("Serie senza cifre"), fondo);
+    serie.y1 = Crea(cnn, "02", QStringLiteral("Y1"), serie.muta);
+    return serie;
+}
+
 } // namespace
 
 class TestArchivio : public QObject {
@@ -831,219 +861,187 @@ void TestArchivio::valoreERiportiSalgonoDiTreLivelli() {
 }
 
 void TestArchivio::unFiglioCheDichiaraLeSueCifrePortaSoloQuelle() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    Banca b(backend);
-    const Connessione& cnn = *b.cnn;
-    const long istituto = Crea(cnn, "01", QStringLiteral("Istituto"));
-    const long fondo = Crea(cnn, "02", QStringLiteral("Fondo"), istituto);
-    const long serieA = Crea(cnn, "02", QStringLiteral("Serie A"), fondo);
-    const long a1 = Crea(cnn, "02", QStringLiteral("Sottoserie A1"), serieA);
-    const long a2 = Crea(cnn, "02", QStringLiteral("Sottoserie A2"), serieA);
-    const long serieB = Crea(cnn, "02", QStringLiteral("Serie B"), fondo);
-    const long b1 = Crea(cnn, "02", QStringLiteral("Sottoserie B1"), serieB);
-    // Each level declares its total, as archivists do: the fondo 100 pieces, its serie 60 and
-    // 35, which hold 25 + 30 and 35.
-    Dichiara(cnn, fondo, 100, 10);
-    Dichiara(cnn, serieA, 60, 6);
-    Dichiara(cnn, a1, 25, 2.5);
-    Dichiara(cnn, a2, 30, 3);
-    Dichiara(cnn, serieB, 35, 3.5);
-    Dichiara(cnn, b1, 35, 3.5);
-    QCOMPARE(Riporti(cnn, serieA), QStringLiteral("55 / 5.5 / 110"));
-    QCOMPARE(Riporti(cnn, serieB), QStringLiteral("35 / 3.5 / 70"));
-    // The fondo is compared with what its serie declare, never with their sub-levels on top.
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("95 / 9.5 / 190"));
+    ConFondo([](const Connessione& cnn, long fondo) {
+        const long serieA = Crea(cnn, "02", QStringLiteral("Serie A"), fondo);
+        const long a1 = Crea(cnn, "02", QStringLiteral("Sottoserie A1"), serieA);
+        const long a2 = Crea(cnn, "02", QStringLiteral("Sottoserie A2"), serieA);
+        const long serieB = Crea(cnn, "02", QStringLiteral("Serie B"), fondo);
+        const long b1 = Crea(cnn, "02", QStringLiteral("Sottoserie B1"), serieB);
+        // Each level declares its total, as archivists do: the fondo 100 pieces, its serie 60 and
+        // 35, which hold 25 + 30 and 35.
+        Dichiara(cnn, fondo, 100, 10);
+        Dichiara(cnn, serieA, 60, 6);
+        Dichiara(cnn, a1, 25, 2.5);
+        Dichiara(cnn, a2, 30, 3);
+        Dichiara(cnn, serieB, 35, 3.5);
+        Dichiara(cnn, b1, 35, 3.5);
+        QCOMPARE(Riporti(cnn, serieA), QStringLiteral("55 / 5.5 / 110"));
+        QCOMPARE(Riporti(cnn, serieB), QStringLiteral("35 / 3.5 / 70"));
+        // The fondo is compared with what its serie declare, never with their sub-levels on top.
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("95 / 9.5 / 190"));
 
-    // A serie that declares more than its sub-levels hold still brings its own figure.
-    Dichiara(cnn, a2, 20, 2);
-    QCOMPARE(Riporti(cnn, serieA), QStringLiteral("45 / 4.5 / 90"));
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("95 / 9.5 / 190"));
-    Dichiara(cnn, serieA, 62, 6.5);
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("97 / 10 / 194"));
+        // A serie that declares more than its sub-levels hold still brings its own figure.
+        Dichiara(cnn, a2, 20, 2);
+        QCOMPARE(Riporti(cnn, serieA), QStringLiteral("45 / 4.5 / 90"));
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("95 / 9.5 / 190"));
+        Dichiara(cnn, serieA, 62, 6.5);
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("97 / 10 / 194"));
+    });
 }
 
 void TestArchivio::unFiglioSenzaCifreOConCifreAZeroPortaQuelleCheRiceve() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    Banca b(backend);
-    const Connessione& cnn = *b.cnn;
-    const long istituto = Crea(cnn, "01", QStringLiteral("Istituto"));
-    const long fondo = Crea(cnn, "02", QStringLiteral("Fondo"), istituto);
-    // A serie that says nothing (Null), one that says 0, one with its own figures.
-    const long vuota = Crea(cnn, "02", QStringLiteral("Serie senza cifre"), fondo);
-    const long v1 = Crea(cnn, "02", QStringLiteral("V1"), vuota);
-    const long v2 = Crea(cnn, "02", QStringLiteral("V2"), vuota);
-    const long zero = Crea(cnn, "02", QStringLiteral("Serie a zero"), fondo);
-    const long z1 = Crea(cnn, "02", QStringLiteral("Z1"), zero);
-    const long propria = Crea(cnn, "02", QStringLiteral("Serie con cifre"), fondo);
-    Dichiara(cnn, v1, 10, 1);
-    Dichiara(cnn, v2, 15, 1.5);
-    Dichiara(cnn, zero, 0, 0);
-    Dichiara(cnn, z1, 7, 0.75);
-    Dichiara(cnn, propria, 4, 0.5);
-    Esegui(
-        cnn,
-        QStringLiteral(
-            "UPDATE ComplessiDoc SET Quantita = NULL, MetriLineari = NULL WHERE ID_Elemento = ?"),
-        {L(vuota)});
-    QCOMPARE(Riporti(cnn, vuota), QStringLiteral("25 / 2.5 / 50"));
-    QCOMPARE(Riporti(cnn, zero), QStringLiteral("7 / 0.75 / 14"));
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("36 / 3.75 / 72"));
+    ConFondo([](const Connessione& cnn, long fondo) {
+        // A serie that says nothing (Null), one that says 0, one with its own figures.
+        const long vuota = Crea(cnn, "02", QStringLiteral("Serie senza cifre"), fondo);
+        const long v1 = Crea(cnn, "02", QStringLiteral("V1"), vuota);
+        const long v2 = Crea(cnn, "02", QStringLiteral("V2"), vuota);
+        const long zero = Crea(cnn, "02", QStringLiteral("Serie a zero"), fondo);
+        const long z1 = Crea(cnn, "02", QStringLiteral("Z1"), zero);
+        const long propria = Crea(cnn, "02", QStringLiteral("Serie con cifre"), fondo);
+        Dichiara(cnn, v1, 10, 1);
+        Dichiara(cnn, v2, 15, 1.5);
+        Dichiara(cnn, zero, 0, 0);
+        Dichiara(cnn, z1, 7, 0.75);
+        Dichiara(cnn, propria, 4, 0.5);
+        Esegui(cnn,
+               QStringLiteral("UPDATE ComplessiDoc SET Quantita = NULL, MetriLineari = NULL WHERE "
+                              "ID_Elemento = ?"),
+               {L(vuota)});
+        QCOMPARE(Riporti(cnn, vuota), QStringLiteral("25 / 2.5 / 50"));
+        QCOMPARE(Riporti(cnn, zero), QStringLiteral("7 / 0.75 / 14"));
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("36 / 3.75 / 72"));
 
-    // Figures taken away again: Null and 0 pass the carried-up ones on.
-    Dichiara(cnn, propria, 0, 0);
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("32 / 3.25 / 64"));
-    Dichiara(cnn, zero, 9, 1);
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("34 / 3.5 / 68"));
-    Esegui(
-        cnn,
-        QStringLiteral(
-            "UPDATE ComplessiDoc SET Quantita = NULL, MetriLineari = NULL WHERE ID_Elemento = ?"),
-        {L(zero)});
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("32 / 3.25 / 64"));
-    // A worth of 0 (no K-values) brings the worth carried up, with the serie's own extent.
-    Esegui(
-        cnn,
-        QStringLiteral(
-            "UPDATE ComplessiDoc SET Quantita = 30, KConservazione = NULL WHERE ID_Elemento = ?"),
-        {L(vuota)});
-    QCOMPARE(Riporti(cnn, vuota), QStringLiteral("25 / 2.5 / 50"));
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("37 / 3.25 / 64"));
+        // Figures taken away again: Null and 0 pass the carried-up ones on.
+        Dichiara(cnn, propria, 0, 0);
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("32 / 3.25 / 64"));
+        Dichiara(cnn, zero, 9, 1);
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("34 / 3.5 / 68"));
+        Esegui(cnn,
+               QStringLiteral("UPDATE ComplessiDoc SET Quantita = NULL, MetriLineari = NULL WHERE "
+                              "ID_Elemento = ?"),
+               {L(zero)});
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("32 / 3.25 / 64"));
+        // A worth of 0 (no K-values) brings the worth carried up, with the serie's own extent.
+        Esegui(cnn,
+               QStringLiteral("UPDATE ComplessiDoc SET Quantita = 30, KConservazione = NULL WHERE "
+                              "ID_Elemento = ?"),
+               {L(vuota)});
+        QCOMPARE(Riporti(cnn, vuota), QStringLiteral("25 / 2.5 / 50"));
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("37 / 3.25 / 64"));
+    });
 }
 
 void TestArchivio::unaCatenaDiTreLivelliSenzaCifrePortaLeFoglieInCima() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    Banca b(backend);
-    const Connessione& cnn = *b.cnn;
-    const long istituto = Crea(cnn, "01", QStringLiteral("Istituto"));
-    const long fondo = Crea(cnn, "02", QStringLiteral("Fondo"), istituto);
-    const long primo = Crea(cnn, "02", QStringLiteral("Primo"), fondo);
-    const long secondo = Crea(cnn, "02", QStringLiteral("Secondo"), primo);
-    const long terzo = Crea(cnn, "02", QStringLiteral("Terzo"), secondo);
-    const long foglia1 = Crea(cnn, "02", QStringLiteral("Foglia 1"), terzo);
-    const long foglia2 = Crea(cnn, "02", QStringLiteral("Foglia 2"), terzo);
-    Dichiara(cnn, foglia1, 3, 0.25);
-    Dichiara(cnn, foglia2, 4, 0.5);
-    for (const long livello : {terzo, secondo, primo, fondo}) {
-        QCOMPARE(Riporti(cnn, livello), QStringLiteral("7 / 0.75 / 14"));
-    }
-    Dichiara(cnn, foglia1, 5, 1);
-    for (const long livello : {terzo, secondo, primo, fondo}) {
-        QCOMPARE(Riporti(cnn, livello), QStringLiteral("9 / 1.5 / 18"));
-    }
+    ConFondo([](const Connessione& cnn, long fondo) {
+        const long primo = Crea(cnn, "02", QStringLiteral("Primo"), fondo);
+        const long secondo = Crea(cnn, "02", QStringLiteral("Secondo"), primo);
+        const long terzo = Crea(cnn, "02", QStringLiteral("Terzo"), secondo);
+        const long foglia1 = Crea(cnn, "02", QStringLiteral("Foglia 1"), terzo);
+        const long foglia2 = Crea(cnn, "02", QStringLiteral("Foglia 2"), terzo);
+        Dichiara(cnn, foglia1, 3, 0.25);
+        Dichiara(cnn, foglia2, 4, 0.5);
+        for (const long livello : {terzo, secondo, primo, fondo}) {
+            QCOMPARE(Riporti(cnn, livello), QStringLiteral("7 / 0.75 / 14"));
+        }
+        Dichiara(cnn, foglia1, 5, 1);
+        for (const long livello : {terzo, secondo, primo, fondo}) {
+            QCOMPARE(Riporti(cnn, livello), QStringLiteral("9 / 1.5 / 18"));
+        }
+    });
 }
 
 void TestArchivio::ilCambioDiUnNipoteSaleSoloAttraversoILivelliSenzaCifre() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    Banca b(backend);
-    const Connessione& cnn = *b.cnn;
-    const long istituto = Crea(cnn, "01", QStringLiteral("Istituto"));
-    const long fondo = Crea(cnn, "02", QStringLiteral("Fondo"), istituto);
-    const long dichiarata = Crea(cnn, "02", QStringLiteral("Serie con cifre"), fondo);
-    const long x1 = Crea(cnn, "02", QStringLiteral("X1"), dichiarata);
-    const long muta = Crea(cnn, "02", QStringLiteral("Serie senza cifre"), fondo);
-    const long y1 = Crea(cnn, "02", QStringLiteral("Y1"), muta);
-    Dichiara(cnn, dichiarata, 50, 5);
-    Dichiara(cnn, x1, 20, 2);
-    Dichiara(cnn, y1, 30, 3);
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("80 / 8 / 160"));
+    ConFondo([](const Connessione& cnn, long fondo) {
+        const auto [dichiarata, x1, muta, y1] = CreaDueSerie(cnn, fondo);
+        Dichiara(cnn, dichiarata, 50, 5);
+        Dichiara(cnn, x1, 20, 2);
+        Dichiara(cnn, y1, 30, 3);
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("80 / 8 / 160"));
 
-    // Under the serie that declares its figures, the change stops there.
-    Dichiara(cnn, x1, 25, 2.5);
-    QCOMPARE(Riporti(cnn, dichiarata), QStringLiteral("25 / 2.5 / 50"));
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("80 / 8 / 160"));
-    // Under the one that declares nothing, it reaches the fondo.
-    Dichiara(cnn, y1, 35, 3);
-    QCOMPARE(Riporti(cnn, muta), QStringLiteral("35 / 3 / 70"));
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("85 / 8 / 170"));
-    // The first serie's extent taken away: its carried-up extent and worth go up instead.
-    Esegui(cnn, QStringLiteral("UPDATE ComplessiDoc SET Quantita = NULL WHERE ID_Elemento = ?"),
-           {L(dichiarata)});
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("60 / 8 / 120"));
-    Dichiara(cnn, dichiarata, 50, 5);
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("85 / 8 / 170"));
+        // Under the serie that declares its figures, the change stops there.
+        Dichiara(cnn, x1, 25, 2.5);
+        QCOMPARE(Riporti(cnn, dichiarata), QStringLiteral("25 / 2.5 / 50"));
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("80 / 8 / 160"));
+        // Under the one that declares nothing, it reaches the fondo.
+        Dichiara(cnn, y1, 35, 3);
+        QCOMPARE(Riporti(cnn, muta), QStringLiteral("35 / 3 / 70"));
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("85 / 8 / 170"));
+        // The first serie's extent taken away: its carried-up extent and worth go up instead.
+        Esegui(cnn, QStringLiteral("UPDATE ComplessiDoc SET Quantita = NULL WHERE ID_Elemento = ?"),
+               {L(dichiarata)});
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("60 / 8 / 120"));
+        Dichiara(cnn, dichiarata, 50, 5);
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("85 / 8 / 170"));
 
-    // A change that leaves a level's share of its parent as it was does not climb past it: the
-    // fondo is not even derived again (a figure written into it by hand stays).
-    Esegui(cnn, QStringLiteral("UPDATE ComplessiDoc SET QuantitaFigli = 999 WHERE ID_Elemento = ?"),
-           {L(fondo)});
-    Dichiara(cnn, x1, 27, 2.75);
-    QCOMPARE(Riporti(cnn, dichiarata), QStringLiteral("27 / 2.75 / 54"));
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("999 / 8 / 170"));
-    Dichiara(cnn, y1, 36, 3);
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("86 / 8 / 172"));
+        // A change that leaves a level's share of its parent as it was does not climb past it: the
+        // fondo is not even derived again (a figure written into it by hand stays).
+        Esegui(cnn,
+               QStringLiteral("UPDATE ComplessiDoc SET QuantitaFigli = 999 WHERE ID_Elemento = ?"),
+               {L(fondo)});
+        Dichiara(cnn, x1, 27, 2.75);
+        QCOMPARE(Riporti(cnn, dichiarata), QStringLiteral("27 / 2.75 / 54"));
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("999 / 8 / 170"));
+        Dichiara(cnn, y1, 36, 3);
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("86 / 8 / 172"));
+    });
 }
 
 void TestArchivio::eliminareUnFiglioToglieLaSuaQuotaDaiRiporti() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    Banca b(backend);
-    const Connessione& cnn = *b.cnn;
-    const long istituto = Crea(cnn, "01", QStringLiteral("Istituto"));
-    const long fondo = Crea(cnn, "02", QStringLiteral("Fondo"), istituto);
-    const long dichiarata = Crea(cnn, "02", QStringLiteral("Serie con cifre"), fondo);
-    const long x1 = Crea(cnn, "02", QStringLiteral("X1"), dichiarata);
-    const long muta = Crea(cnn, "02", QStringLiteral("Serie senza cifre"), fondo);
-    const long y1 = Crea(cnn, "02", QStringLiteral("Y1"), muta);
-    const long y2 = Crea(cnn, "02", QStringLiteral("Y2"), muta);
-    Dichiara(cnn, dichiarata, 40, 4);
-    Dichiara(cnn, x1, 10, 1);
-    Dichiara(cnn, y1, 5, 0.5);
-    Dichiara(cnn, y2, 6, 0.75);
-    Date(cnn, y2, 13000101, 13101231);
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("51 / 5.25 / 102"));
-    QCOMPARE(DateRiportate(cnn, fondo), QStringLiteral("13000101 - 13101231"));
+    ConFondo([](const Connessione& cnn, long fondo) {
+        const auto [dichiarata, x1, muta, y1] = CreaDueSerie(cnn, fondo);
+        const long y2 = Crea(cnn, "02", QStringLiteral("Y2"), muta);
+        Dichiara(cnn, dichiarata, 40, 4);
+        Dichiara(cnn, x1, 10, 1);
+        Dichiara(cnn, y1, 5, 0.5);
+        Dichiara(cnn, y2, 6, 0.75);
+        Date(cnn, y2, 13000101, 13101231);
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("51 / 5.25 / 102"));
+        QCOMPARE(DateRiportate(cnn, fondo), QStringLiteral("13000101 - 13101231"));
 
-    // The detail row deleted, as the windows do.
-    ArchivioElementi::Elimina(cnn, QStringLiteral("02"), y1);
-    QCOMPARE(Riporti(cnn, muta), QStringLiteral("6 / 0.75 / 12"));
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("46 / 4.75 / 92"));
-    // The row of Elementi deleted: the detail goes with it, and so does its share.
-    Esegui(cnn, QStringLiteral("DELETE FROM Elementi WHERE ID_Elemento = ?"), {L(y2)});
-    QCOMPARE(Riporti(cnn, muta), QStringLiteral("0 / 0 / 0"));
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("40 / 4 / 80"));
-    QCOMPARE(DateRiportate(cnn, fondo), QStringLiteral("Null - Null"));
-    // Under a serie with its own figures the fondo keeps counting the serie's.
-    ArchivioElementi::Elimina(cnn, QStringLiteral("02"), x1);
-    QCOMPARE(Riporti(cnn, dichiarata), QStringLiteral("0 / 0 / 0"));
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("40 / 4 / 80"));
-    ArchivioElementi::Elimina(cnn, QStringLiteral("02"), dichiarata);
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("0 / 0 / 0"));
+        // The detail row deleted, as the windows do.
+        ArchivioElementi::Elimina(cnn, QStringLiteral("02"), y1);
+        QCOMPARE(Riporti(cnn, muta), QStringLiteral("6 / 0.75 / 12"));
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("46 / 4.75 / 92"));
+        // The row of Elementi deleted: the detail goes with it, and so does its share.
+        Esegui(cnn, QStringLiteral("DELETE FROM Elementi WHERE ID_Elemento = ?"), {L(y2)});
+        QCOMPARE(Riporti(cnn, muta), QStringLiteral("0 / 0 / 0"));
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("40 / 4 / 80"));
+        QCOMPARE(DateRiportate(cnn, fondo), QStringLiteral("Null - Null"));
+        // Under a serie with its own figures the fondo keeps counting the serie's.
+        ArchivioElementi::Elimina(cnn, QStringLiteral("02"), x1);
+        QCOMPARE(Riporti(cnn, dichiarata), QStringLiteral("0 / 0 / 0"));
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("40 / 4 / 80"));
+        ArchivioElementi::Elimina(cnn, QStringLiteral("02"), dichiarata);
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("0 / 0 / 0"));
+    });
 }
 
 void TestArchivio::leDateRiportateAbbraccianoTuttoIlSottoalbero() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    Banca b(backend);
-    const Connessione& cnn = *b.cnn;
-    const long istituto = Crea(cnn, "01", QStringLiteral("Istituto"));
-    const long fondo = Crea(cnn, "02", QStringLiteral("Fondo"), istituto);
-    const long serie = Crea(cnn, "02", QStringLiteral("Serie"), fondo);
-    const long sottoserie = Crea(cnn, "02", QStringLiteral("Sottoserie"), serie);
-    const long fascicolo = Crea(cnn, "02", QStringLiteral("Fascicolo"), sottoserie);
-    // Every level declares its figures and its dates; the fascicolo's dates lie outside them.
-    Dichiara(cnn, serie, 10, 1);
-    Date(cnn, serie, 14000101, 14501231);
-    Dichiara(cnn, sottoserie, 8, 1);
-    Date(cnn, sottoserie, 13800101, 14201231);
-    Dichiara(cnn, fascicolo, 1, 0.25);
-    Date(cnn, fascicolo, 15000101, 15101231);
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("10 / 1 / 20"));
-    QCOMPARE(DateRiportate(cnn, sottoserie), QStringLiteral("15000101 - 15101231"));
-    QCOMPARE(DateRiportate(cnn, serie), QStringLiteral("13800101 - 15101231"));
-    QCOMPARE(DateRiportate(cnn, fondo), QStringLiteral("13800101 - 15101231"));
+    ConFondo([](const Connessione& cnn, long fondo) {
+        const long serie = Crea(cnn, "02", QStringLiteral("Serie"), fondo);
+        const long sottoserie = Crea(cnn, "02", QStringLiteral("Sottoserie"), serie);
+        const long fascicolo = Crea(cnn, "02", QStringLiteral("Fascicolo"), sottoserie);
+        // Every level declares its figures and its dates; the fascicolo's dates lie outside them.
+        Dichiara(cnn, serie, 10, 1);
+        Date(cnn, serie, 14000101, 14501231);
+        Dichiara(cnn, sottoserie, 8, 1);
+        Date(cnn, sottoserie, 13800101, 14201231);
+        Dichiara(cnn, fascicolo, 1, 0.25);
+        Date(cnn, fascicolo, 15000101, 15101231);
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("10 / 1 / 20"));
+        QCOMPARE(DateRiportate(cnn, sottoserie), QStringLiteral("15000101 - 15101231"));
+        QCOMPARE(DateRiportate(cnn, serie), QStringLiteral("13800101 - 15101231"));
+        QCOMPARE(DateRiportate(cnn, fondo), QStringLiteral("13800101 - 15101231"));
 
-    // The fascicolo's dates move: they reach the fondo through levels that declare figures.
-    Date(cnn, fascicolo, 13700101, 15601231);
-    QCOMPARE(DateRiportate(cnn, fondo), QStringLiteral("13700101 - 15601231"));
-    QCOMPARE(Riporti(cnn, fondo), QStringLiteral("10 / 1 / 20"));
-    // Gone, the span closes on what is left.
-    ArchivioElementi::Elimina(cnn, QStringLiteral("02"), fascicolo);
-    QCOMPARE(DateRiportate(cnn, sottoserie), QStringLiteral("Null - Null"));
-    QCOMPARE(DateRiportate(cnn, fondo), QStringLiteral("13800101 - 14501231"));
+        // The fascicolo's dates move: they reach the fondo through levels that declare figures.
+        Date(cnn, fascicolo, 13700101, 15601231);
+        QCOMPARE(DateRiportate(cnn, fondo), QStringLiteral("13700101 - 15601231"));
+        QCOMPARE(Riporti(cnn, fondo), QStringLiteral("10 / 1 / 20"));
+        // Gone, the span closes on what is left.
+        ArchivioElementi::Elimina(cnn, QStringLiteral("02"), fascicolo);
+        QCOMPARE(DateRiportate(cnn, sottoserie), QStringLiteral("Null - Null"));
+        QCOMPARE(DateRiportate(cnn, fondo), QStringLiteral("13800101 - 14501231"));
+    });
 }
 
 void TestArchivio::istitutoEInventarioPiuViciniEIsad() {
