@@ -25,7 +25,8 @@ public:
     // The path of help book n (1 to 6), as Menu.txt gives it.
     QString PercorsoGuida(int n) const;
 
-    // How the windows that the menu entries open are made, by name: the program's windows are
+    // How the main child windows that the menu entries open are made, by name (the dialogs of
+    // the menus are the registry of dialogs' own, Dialoghi): the program's windows are
     // registered in one place above the subsystems (programma/Registro.h), before the main form
     // opens. An entry whose window is not registered opens nothing.
     using Fabbrica = std::function<QWidget*(PrimoMDI*)>;
