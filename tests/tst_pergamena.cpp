@@ -55,6 +55,16 @@ struct Ambiente : AmbienteRecord {
         a.pergamena = Crea("05", sSegnatura, a.inventario);
         return a;
     }
+    // A parchment in its tree, with the key of its row in Pergamene.
+    struct PergamenaCreata {
+        Albero albero;
+        long id;
+        long idPG;
+    };
+    PergamenaCreata CreaPergamenaConRiga() const {
+        const Albero a = CreaPergamena();
+        return {a, a.pergamena, IdPergamena(a.pergamena)};
+    }
 };
 
 QCheckBox* Casella(const QWidget* editore, const char* nome) {
@@ -142,8 +152,7 @@ void TestPergamena::iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiSchedeETag()
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     QStringList nomi;
     const QList<QWidget*> controlli = editore.Controls();
     for (const QWidget* controllo : controlli)
@@ -282,8 +291,7 @@ void TestPergamena::gliObbligatoriSiControllanoNellOrdineDeiLoroMessaggi() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     editore.Nuovo(0);
     // Nuovo chooses the original: the walk skips the traditio.
     QCOMPARE(Traditio(&editore)->currentIndex(), 0);
@@ -335,13 +343,10 @@ void TestPergamena::ogniCampoFaIlGiroNelleSeiTabelleColonnaPerColonna() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const Ambiente::Albero albero = ambiente.CreaPergamena();
-    const long id = albero.pergamena;
-    const long idPG = ambiente.IdPergamena(id);
+    const auto [albero, id, idPG] = ambiente.CreaPergamenaConRiga();
     QVERIFY(idPG > 0);
 
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     editore.Mostra(id);
     QCOMPARE(editore.fID_Elem, id);
     QCOMPARE(editore.ID_Inventario,
@@ -489,8 +494,7 @@ void TestPergamena::iCampiVuotiSiSalvanoNullEISigilliVuotiZero() {
     ambiente.Cnn().Esegui(
         QStringLiteral("UPDATE PGTraditio SET Traditio = '02' WHERE ID_Pergamena = ?"), {Id(idPG)});
 
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     editore.Mostra(id);
     QCOMPARE(Testo(&editore, 2), QStringLiteral("Siena"));
     QCOMPARE(Testo(&editore, 1), QStringLiteral("01/01/1200"));
@@ -548,8 +552,7 @@ void TestPergamena::laPrimaTraditioELOriginaleEleAltreMostranoICampiDellaCopia()
                                          "ID_Pergamena = ?"),
                           {Id(ambiente.IdPergamena(originale))});
 
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     const auto campiCopia = [&editore] {
         QList<bool> visibili;
         for (const QWidget* w :
@@ -606,8 +609,7 @@ void TestPergamena::unCodiceDiTraditioFuoriListaNonSceglieNullaESiSalvaNull() {
     const long idPG = ambiente.IdPergamena(id);
     ambiente.Cnn().Esegui(
         QStringLiteral("UPDATE PGTraditio SET Traditio = '42' WHERE ID_Pergamena = ?"), {Id(idPG)});
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     editore.Mostra(id);
     // No entry: a copy, its fields shown.
     QCOMPARE(Traditio(&editore)->currentIndex(), -1);
@@ -648,8 +650,7 @@ void TestPergamena::laDataDellaCopiaSiLeggeMaIlSalvaNonLaTocca() {
     ambiente.Cnn().Esegui(QStringLiteral("UPDATE PGTraditio SET Traditio = '02', DataCopia = ? "
                                          "WHERE ID_Pergamena = ?"),
                           {12500614, Id(idPG)});
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     editore.Mostra(id);
     QCOMPARE(Testo(&editore, 18), QStringLiteral("14/06/1250"));
     editore.Modifica();
@@ -700,8 +701,7 @@ void TestPergamena::senzaRigaDiPergameneSiScriveSoloLElementoESiSpegneTutto() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const long id = ambiente.CreaPergamena().pergamena;
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     editore.Mostra(id);
     editore.Modifica();
     Compila(editore);
@@ -727,11 +727,8 @@ void TestPergamena::loStatoSiLeggeConLaPergamenaEUnaConSigilliNonSiCancella() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const Ambiente::Albero albero = ambiente.CreaPergamena();
-    const long id = albero.pergamena;
-    const long idPG = ambiente.IdPergamena(id);
-    ucPergamena editore;
-    editore.Init();
+    const auto [albero, id, idPG] = ambiente.CreaPergamenaConRiga();
+    EditorePronto<ucPergamena> editore;
     editore.Mostra(id);
     QVERIFY(editore.OkNuovaPergamena && editore.OkModifica && editore.OkCancella);
     QVERIFY(!editore.AltreSegnature && !editore.Links && !editore.SigilliLinks);
@@ -764,8 +761,7 @@ void TestPergamena::pubblicareSottoUnPadreNonPubblicatoERifiutato() {
     ambiente.Cnn().Esegui(
         QStringLiteral("UPDATE Elementi SET Pubblicato = 'N' WHERE ID_Elemento = ?"),
         {Id(albero.inventario)});
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     editore.Nuovo(albero.inventario);
     Casella(&editore, "chkPubblicaPG")->click();
     QVERIFY(!Casella(&editore, "chkPubblicaPG")->isChecked());
@@ -791,8 +787,7 @@ void TestPergamena::leAnticheSegnatureSiApronoPerNomeEPoiSiAvvisaLOspite() {
     Ambiente ambiente(backend);
     const long id = ambiente.CreaPergamena().pergamena;
     const long idPG = ambiente.IdPergamena(id);
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     editore.Mostra(id);
     QSignalSpy evento(&editore, &ucPergamena::EventoStato);
 
@@ -836,14 +831,11 @@ void TestPergamena::ogniPulsanteApreIlSuoDialogoConIValoriDiSessione() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const Ambiente::Albero albero = ambiente.CreaPergamena();
-    const long id = albero.pergamena;
-    const long idPG = ambiente.IdPergamena(id);
+    const auto [albero, id, idPG] = ambiente.CreaPergamenaConRiga();
     const long originale = ambiente.Crea("05", QStringLiteral("Originale"), albero.inventario);
     ambiente.Cnn().Esegui(
         QStringLiteral("UPDATE PGTraditio SET Traditio = '02' WHERE ID_Pergamena = ?"), {Id(idPG)});
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     editore.Mostra(id);
     QSignalSpy evento(&editore, &ucPergamena::EventoStato);
 
@@ -1039,11 +1031,8 @@ void TestPergamena::iPulsantiSiAccendonoInLetturaESiColoranoDalleRighe() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    const Ambiente::Albero albero = ambiente.CreaPergamena();
-    const long id = albero.pergamena;
-    const long idPG = ambiente.IdPergamena(id);
-    ucPergamena editore;
-    editore.Init();
+    const auto [albero, id, idPG] = ambiente.CreaPergamenaConRiga();
+    EditorePronto<ucPergamena> editore;
     const QStringList pulsanti = {"cmdMostraLinks",     "cmdMostraAltreSeg", "cmdMostraAntroponimi",
                                   "cmdMostraNotazioni", "cmdMostraToponimi", "cmdMostraSigilli",
                                   "cmdMostraPergamene", "cmdImmagine"};
@@ -1107,8 +1096,7 @@ void TestPergamena::ilPulsanteImmagineChiedePrimaDiImportareODiTogliereIlCollega
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const long id = ambiente.CreaPergamena().pergamena;
-    ucPergamena editore;
-    editore.Init();
+    EditorePronto<ucPergamena> editore;
     editore.Mostra(id);
     QPushButton* immagine = Pulsante(&editore, "cmdImmagine");
 
