@@ -508,10 +508,6 @@ void ucComplesso::Modifica() {
     SbloccaCampiCD();
 }
 
-bool ucComplesso::CheckMandatoryFields() {
-    return EditoreRecord::CheckMandatoryFields();
-}
-
 void ucComplesso::Salva(long IDElem) {
     d->lIdElemento = IDElem;
     try {

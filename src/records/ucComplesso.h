@@ -36,7 +36,6 @@ public:
     void Nuovo() override { Nuovo(QStringLiteral("01"), 0); }
     void Mostra(long IDElem) override;
     void Modifica() override;
-    bool CheckMandatoryFields() override;
     void Salva(long IDElem) override;
     void Annulla() override;
     void AssegnaIstituto(long tempID_Istituto);

@@ -352,14 +352,6 @@ void ucInventario::Mostra(long IDElem) {
     BloccaCampi();
 }
 
-void ucInventario::Modifica() {
-    SbloccaCampi();
-}
-
-bool ucInventario::CheckMandatoryFields() {
-    return EditoreRecord::CheckMandatoryFields();
-}
-
 void ucInventario::Salva(long IDElem) {
     d->lIdElemento = IDElem;
     try {

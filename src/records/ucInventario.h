@@ -32,8 +32,6 @@ public:
     void Init() override;
     void Nuovo() override;
     void Mostra(long IDElem) override;
-    void Modifica() override;
-    bool CheckMandatoryFields() override;
     void Salva(long IDElem) override;
     void Annulla() override;
     // The state of the image button: "Elimina coll. immagine" with a MAG document in hand,

@@ -213,14 +213,6 @@ void ucIstituto::Mostra(long IDElem) {
     BloccaCampi();
 }
 
-void ucIstituto::Modifica() {
-    SbloccaCampi();
-}
-
-bool ucIstituto::CheckMandatoryFields() {
-    return EditoreRecord::CheckMandatoryFields();
-}
-
 void ucIstituto::Salva(long IDElem) {
     lIdElemento = IDElem;
     const Connessione& cnn = *Sessione::cnn;

@@ -17,8 +17,6 @@ public:
     void Init() override;
     void Nuovo() override;
     void Mostra(long IDElem) override;
-    void Modifica() override;
-    bool CheckMandatoryFields() override;
     void Salva(long IDElem) override;
     void Annulla() override;
     void AssegnaIstituto(long tempID_Istituto);

@@ -520,14 +520,6 @@ void ucPergamena::Mostra(long IDElem) {
     StatoMostra();
 }
 
-void ucPergamena::Modifica() {
-    SbloccaCampi();
-}
-
-bool ucPergamena::CheckMandatoryFields() {
-    return EditoreRecord::CheckMandatoryFields();
-}
-
 void ucPergamena::Salva(long IDElem) {
     const Connessione& cnn = *Sessione::cnn;
     // The six tables are written together or not at all; an error goes on to the host.

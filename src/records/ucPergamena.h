@@ -24,8 +24,6 @@ public:
     // A new parchment with no parent known.
     void Nuovo() override;
     void Mostra(long IDElem) override;
-    void Modifica() override;
-    bool CheckMandatoryFields() override;
     void Salva(long IDElem) override;
     void Annulla() override;
     QString LeggiDenominazione() const override;

@@ -31,7 +31,6 @@ public:
     void Nuovo(long lIDElemPadre);
     void Mostra(long IDElem) override;
     void Modifica() override;
-    bool CheckMandatoryFields() override;
     void Salva(long IDElem) override;
     void Annulla() override;
     QString LeggiDenominazione() const override;
