@@ -686,13 +686,7 @@ void TestSigillo::senzaLaRigaDelTipoIlSalvaNonScriveNulla() {
     ambiente.Cnn().Esegui(QStringLiteral("DELETE FROM SGTipo WHERE ID_Sigillo = (SELECT "
                                          "ID_Sigillo FROM Sigilli WHERE ID_Elemento = ?)"),
                           {Id(id)});
-    bool bErrore = false;
-    try {
-        editore.Salva(id);
-    } catch (const Errore&) {
-        bErrore = true;
-    }
-    QVERIFY(bErrore);
+    QVERIFY_THROWS_EXCEPTION(Errore, editore.Salva(id));
     // Neither the element nor the seal was written.
     QVERIFY(ambiente.Nullo(QStringLiteral("Colore"), id));
     QVERIFY(ambiente.ColonnaElemento(QStringLiteral("Redattore"), id).isNull());
@@ -845,13 +839,7 @@ void TestSigillo::unAnnoCheNonENumeroEUnErroreDelSalvaCheNonScriveNulla() {
     // The box takes any four characters: nothing checks them before the save.
     Riga(&editore, 2)->setText(QStringLiteral("12a"));
     QVERIFY(editore.CheckMandatoryFields());
-    bool bErrore = false;
-    try {
-        editore.Salva(id);
-    } catch (const Errore&) {
-        bErrore = true;
-    }
-    QVERIFY(bErrore);
+    QVERIFY_THROWS_EXCEPTION(Errore, editore.Salva(id));
     QVERIFY(ambiente.Nullo(QStringLiteral("DataInizio"), id));
     QVERIFY(ambiente.Nullo(QStringLiteral("Colore"), id));
     QVERIFY(ambiente.ColonnaElemento(QStringLiteral("Redattore"), id).isNull());
