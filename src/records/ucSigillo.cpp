@@ -507,10 +507,6 @@ void ucSigillo::Modifica() {
     StatoModifica();
 }
 
-bool ucSigillo::CheckMandatoryFields() {
-    return EditoreRecord::CheckMandatoryFields();
-}
-
 void ucSigillo::Salva(long IDElem) {
     const Connessione& cnn = *Sessione::cnn;
     bool bTrovata = false;
