@@ -195,22 +195,19 @@ ucSigillo::ucSigillo(QWidget* parent)
         d->cmbTipoDG[i] = NuovaComboModificabile(NomeArray("cmbTipoDG", i), MaxCombo, MsgTipoDG);
         d->cmbTipoIco[i] = NuovaCombo(NomeArray("cmbTipoIco", i));
     }
-    NuovaEtichetta(16, QStringLiteral("Dimensioni originarie"));
-    NuovoTesto(16, 32);
-    NuovaEtichetta(17, QStringLiteral("Legenda"));
-    NuovoTestoMultiRiga(17, 512);
-    NuovaEtichetta(18, QStringLiteral("Lingua e scrittura"));
-    NuovoTesto(18, 128);
-    NuovaEtichetta(19, QStringLiteral("Descrizione iconografica"));
-    NuovoTestoMultiRiga(19, 1024);
-    NuovaEtichetta(40, QStringLiteral("Dimensioni originarie"));
-    NuovoTesto(40, 32);
-    NuovaEtichetta(20, QStringLiteral("Legenda"));
-    NuovoTestoMultiRiga(20, 512);
-    NuovaEtichetta(21, QStringLiteral("Lingua e scrittura"));
-    NuovoTesto(21, 128);
-    NuovaEtichetta(22, QStringLiteral("Descrizione iconografica"));
-    NuovoTestoMultiRiga(22, 1024);
+    // The same four fields for the recto and for the verso, each side with its own indices.
+    const auto lato = [this](int iDimensioni, int iLegenda, int iLingua, int iDescrizione) {
+        NuovaEtichetta(iDimensioni, QStringLiteral("Dimensioni originarie"));
+        NuovoTesto(iDimensioni, 32);
+        NuovaEtichetta(iLegenda, QStringLiteral("Legenda"));
+        NuovoTestoMultiRiga(iLegenda, 512);
+        NuovaEtichetta(iLingua, QStringLiteral("Lingua e scrittura"));
+        NuovoTesto(iLingua, 128);
+        NuovaEtichetta(iDescrizione, QStringLiteral("Descrizione iconografica"));
+        NuovoTestoMultiRiga(iDescrizione, 1024);
+    };
+    lato(16, 17, 18, 19);
+    lato(40, 20, 21, 22);
     NuovaEtichetta(24, QStringLiteral("Note Alla Macroarea Descrizione"));
     NuovoTestoMultiRiga(24, 1024);
 
