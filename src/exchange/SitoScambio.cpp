@@ -34,20 +34,30 @@ void ControllaIdentita(const Connessione& cnn, const QString& sSorgente) {
         throw Errore(sSorgente, MessaggioSenzaIdentita(sCodice));
 }
 
-QString FileDelSitoStesso(const QString& sPercorso, const QString& sCodice) {
-    return QStringLiteral(
-               "Il file %1 porta il codice \"%2\", che è quello di questo stesso sito: "
-               "l'importazione sostituisce le righe del codice del file, e cancellerebbe così "
-               "le righe del sito. La tabella non è importata e il database non è toccato.")
+namespace {
+
+// A file refused by its code: why (with %1 the file and %2 its code), then what is not done.
+QString FileRifiutato(const QString& sPerche, const QString& sPercorso, const QString& sCodice) {
+    return (sPerche + QStringLiteral(" La tabella non è importata e il database non è toccato."))
         .arg(QDir::toNativeSeparators(sPercorso), sCodice);
 }
 
+} // namespace
+
+QString FileDelSitoStesso(const QString& sPercorso, const QString& sCodice) {
+    return FileRifiutato(
+        QStringLiteral("Il file %1 porta il codice \"%2\", che è quello di questo stesso sito: "
+                       "l'importazione sostituisce le righe del codice del file, e cancellerebbe "
+                       "così le righe del sito."),
+        sPercorso, sCodice);
+}
+
 QString FileDiSitoSenzaIdentita(const QString& sPercorso, const QString& sCodice) {
-    return QStringLiteral(
-               "Il file %1 porta il codice provvisorio \"%2\" di un sito che non aveva ancora la "
-               "sua identità: non dice da quale sito viene, e importarlo cancellerebbe tutte le "
-               "righe di quel codice. La tabella non è importata e il database non è toccato.")
-        .arg(QDir::toNativeSeparators(sPercorso), sCodice);
+    return FileRifiutato(
+        QStringLiteral("Il file %1 porta il codice provvisorio \"%2\" di un sito che non aveva "
+                       "ancora la sua identità: non dice da quale sito viene, e importarlo "
+                       "cancellerebbe tutte le righe di quel codice."),
+        sPercorso, sCodice);
 }
 
 RigheDelSito::RigheDelSito(const QString& sCodiceSito)
