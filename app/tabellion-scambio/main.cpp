@@ -235,23 +235,23 @@ int Esegui(const QStringList& argomenti, QTextStream& uscita, QTextStream& error
         int iFatte = 0;
         for (const QString& sTabella : tabelle) {
             console.sTabella = sTabella;
+            // A table not done leaves its line among the errors, import or export alike.
+            const auto annota = [&](bool bRiuscita, const auto& esito) {
+                if (!bRiuscita)
+                    errori << RigaFallita(sTabella, esito.sPercorso, esito.sTitolo,
+                                          esito.sMessaggio)
+                           << Qt::endl;
+                return bRiuscita;
+            };
             bool bFatta = false;
             if (opzioni.bImporta) {
                 const Import::Esito esito =
                     Import::ImportaTabella(cnn, sTabella, sSchemi, sCartella);
-                bFatta = esito.bImportata;
-                if (!bFatta)
-                    errori << RigaFallita(sTabella, esito.sPercorso, esito.sTitolo,
-                                          esito.sMessaggio)
-                           << Qt::endl;
+                bFatta = annota(esito.bImportata, esito);
             } else {
                 const Export::Esito esito =
                     Export::EsportaTabella(cnn, sTabella, sSchemi, sCartella);
-                bFatta = esito.bEsportata;
-                if (!bFatta)
-                    errori << RigaFallita(sTabella, esito.sPercorso, esito.sTitolo,
-                                          esito.sMessaggio)
-                           << Qt::endl;
+                bFatta = annota(esito.bEsportata, esito);
             }
             if (bFatta) {
                 ++iFatte;
