@@ -110,6 +110,21 @@ void ScriviScambio(const CartellaProva& scambio, const char* codice = "AB01") {
 const QString SchemiDelSito = QStringLiteral(TABELLION_SORGENTI "/site/Schemi");
 
 // The columns that travel for a table, from its schema file, and those of its key.
+// A database with the site code CD02 and the exchanged tables, a site folder that opens it, and an
+// exchange folder with the sender's files.
+struct SitoConScambio {
+    explicit SitoConScambio(TipoBackend tipo)
+        : banca(tipo) {
+        DaiCodice(banca, QStringLiteral("CD02"));
+        CreaTabelle(banca);
+        sito.ScriviSito(banca.Testa(), banca.Server(), banca.Database());
+        ScriviScambio(scambio);
+    }
+    BancaDatiProva banca;
+    CartellaProva sito;
+    CartellaProva scambio;
+};
+
 struct ColonneScambiate {
     QStringList colonne;
     QStringList chiave;
@@ -355,13 +370,8 @@ private Q_SLOTS:
 void TestScambio::importaDallaRigaDiComandoEDiceLeTabelleFatte() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    BancaDatiProva banca(backend);
-    DaiCodice(banca, QStringLiteral("CD02"));
-    CreaTabelle(banca);
-    CartellaProva sito;
-    sito.ScriviSito(banca.Testa(), banca.Server(), banca.Database());
-    CartellaProva scambio;
-    ScriviScambio(scambio);
+    SitoConScambio prova(backend);
+    auto& [banca, sito, scambio] = prova;
     const Esito esito = Esegui(sito, QStringList{QStringLiteral("importa")} + Login(banca) +
                                          QStringList{QStringLiteral("-c"), scambio.Percorso(),
                                                      QStringLiteral("-x"), scambio.Percorso()});
@@ -379,13 +389,8 @@ void TestScambio::importaDallaRigaDiComandoEDiceLeTabelleFatte() {
 void TestScambio::unaTabellaFallitaDaUnEsitoDiversoDaZeroENominaTabellaEFile() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    BancaDatiProva banca(backend);
-    DaiCodice(banca, QStringLiteral("CD02"));
-    CreaTabelle(banca);
-    CartellaProva sito;
-    sito.ScriviSito(banca.Testa(), banca.Server(), banca.Database());
-    CartellaProva scambio;
-    ScriviScambio(scambio);
+    SitoConScambio prova(backend);
+    auto& [banca, sito, scambio] = prova;
     // A table the database lacks.
     scambio.Scrivi(QStringLiteral("MancanteSch.xml"), Schema("Mancante"));
     scambio.Scrivi(QStringLiteral("Mancante.xml"), Dati("Mancante", "Roma"));
