@@ -155,6 +155,17 @@ public:
     const QString sStringa;
 };
 
+// Shows the value dialog, waits for it to become active and puts it in edit with Modifica; false
+// when it never became active.
+bool MostraInModifica(frmValore& dialogo) {
+    dialogo.show();
+    dialogo.activateWindow();
+    if (!QTest::qWaitForWindowActive(&dialogo))
+        return false;
+    Controllo<QPushButton>(&dialogo, QStringLiteral("cmdCambiaV"))->click();
+    return true;
+}
+
 QString Apici(const QString& sTesto) {
     QString doppio = sTesto;
     doppio.replace(QStringLiteral("'"), QStringLiteral("''"));
@@ -537,10 +548,7 @@ void TestManutenzione::unaDataVuotaLasciaQuellaSalvata() {
 void TestManutenzione::lasciareUnValoreNonNumericoDaValoreErrato() {
     Apri(TipoBackend::SQLite);
     frmValore dialogo;
-    dialogo.show();
-    dialogo.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&dialogo));
-    Controllo<QPushButton>(&dialogo, QStringLiteral("cmdCambiaV"))->click();
+    QVERIFY(MostraInModifica(dialogo));
     auto* txtValore = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtValore"));
     auto* txtData = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtData"));
     QVERIFY(txtValore->hasFocus());
@@ -564,10 +572,7 @@ void TestManutenzione::lasciareUnValoreNonNumericoDaValoreErrato() {
 void TestManutenzione::lasciareUnaDataNonValidaDaDataErrata() {
     Apri(TipoBackend::SQLite);
     frmValore dialogo;
-    dialogo.show();
-    dialogo.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&dialogo));
-    Controllo<QPushButton>(&dialogo, QStringLiteral("cmdCambiaV"))->click();
+    QVERIFY(MostraInModifica(dialogo));
     auto* txtValore = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtValore"));
     auto* txtData = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtData"));
     // A good date passes without a word.
@@ -591,10 +596,7 @@ void TestManutenzione::lasciareLaDataVuotaDaDataErrataEConfermaTieneQuellaSalvat
     Sessione::cnn->Esegui(QStringLiteral("UPDATE Config SET Valore = ?, DataValore = ?"),
                           {10.0, QStringLiteral("15/03/2020")});
     frmValore dialogo;
-    dialogo.show();
-    dialogo.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&dialogo));
-    Controllo<QPushButton>(&dialogo, QStringLiteral("cmdCambiaV"))->click();
+    QVERIFY(MostraInModifica(dialogo));
     auto* txtValore = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtValore"));
     auto* txtData = Controllo<QLineEdit>(&dialogo, QStringLiteral("txtData"));
     // An emptied box is no date: leaving it says so, as for any text that is not one.
