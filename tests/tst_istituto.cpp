@@ -126,8 +126,7 @@ void TestIstituto::iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiETag() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     QStringList nomi;
     const QList<QWidget*> controlli = editore.Controls();
     for (const QWidget* controllo : controlli)
@@ -165,8 +164,7 @@ void TestIstituto::ogniCampoFaIlGiroAttraversoSalvaEMostra() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     Sessione::bIstituto = true;
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     const long id = ambiente.Crea("01", QStringLiteral("Provvisorio"));
     editore.Nuovo();
 
@@ -256,8 +254,7 @@ void TestIstituto::nuovoProponeLaPrimaTipologiaSuUnSitoIELaSecondaSuUnSitoS() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     Sessione::bIstituto = true;
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.Nuovo();
     QCOMPARE(Combo(&editore, "cmbTipologiaIS")->currentIndex(), 0);
     QVERIFY(Pubblica(&editore)->isChecked());
@@ -276,8 +273,7 @@ void TestIstituto::suUnSitoSLaPrimaTipologiaSiSalvaCome02ELoResta() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     Sessione::bIstituto = false;
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     QComboBox* tipologia = Combo(&editore, "cmbTipologiaIS");
 
     const long primo = ambiente.Crea("01", QStringLiteral("Primo"));
@@ -303,8 +299,7 @@ void TestIstituto::laTipologiaRimodellaIlModuloERiscriveITag() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     Sessione::bIstituto = true;
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.show();
     editore.Nuovo();
     QComboBox* tipologia = Combo(&editore, "cmbTipologiaIS");
@@ -359,8 +354,7 @@ void TestIstituto::unMagazzinoNascondeIlTelefonoMaIlSalvaNeScriveIlTesto() {
     Sessione::bIstituto = true;
     const long padre = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("01"));
     const long id = ambiente.Crea("01", QStringLiteral("Deposito"), padre);
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.show();
     editore.Nuovo();
     CompilaIstituto(editore);
@@ -380,8 +374,7 @@ void TestIstituto::unMagazzinoNonChiedeIlTelefonoMaIndirizzoCittaCapEProvinciaSi
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     Sessione::bIstituto = true;
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.show();
     editore.Nuovo();
     QComboBox* tipologia = Combo(&editore, "cmbTipologiaIS");
@@ -431,8 +424,7 @@ void TestIstituto::unIstitutoEUnaSedeChiedonoIndirizzoCittaCapEProvincia() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     Sessione::bIstituto = true;
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.show();
     editore.Nuovo();
     Combo(&editore, "cmbTipologiaIS")->setCurrentIndex(tipologia);
@@ -479,8 +471,7 @@ void TestIstituto::unCodiceSenzaRigaInCodiciIstitutoSiMostraVuotoESiCancellaAlSa
     Sessione::cnn->Esegui(QStringLiteral("UPDATE Istituti SET ISAD_Codice = ?, ISAD_Sigla = ? "
                                          "WHERE ID_Elemento = ?"),
                           {QStringLiteral("IT-XX"), QStringLiteral("XX"), Id(id)});
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.Mostra(id);
     QCOMPARE(Combo(&editore, "DCCodice")->currentText(), QString());
     QCOMPARE(Combo(&editore, "DCCodice")->currentIndex(), -1);
@@ -501,8 +492,7 @@ void TestIstituto::unaSedeSiCancellaSoloSeNessunComplessoOInventarioLaUsa() {
     const long inventario = ambiente.Crea("03", QStringLiteral("Inventario"), complesso);
     const long idSede = ambiente.IdIstituto(sede);
 
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.Mostra(sede);
     QVERIFY(editore.OkCancella);
 
@@ -544,8 +534,7 @@ void TestIstituto::unMagazzinoUsatoDaUnInventarioNonSiCancella() {
         ambiente.CreaIstituto(QStringLiteral("Magazzino"), QStringLiteral("04"), istituto);
     const long complesso = ambiente.Crea("02", QStringLiteral("Fondo"), istituto);
     const long inventario = ambiente.Crea("03", QStringLiteral("Inventario"), complesso);
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.Mostra(magazzino);
     QVERIFY(editore.OkCancella);
     Sessione::cnn->Esegui(
@@ -569,8 +558,7 @@ void TestIstituto::unIstitutoDiTipologia01NonSiCancellaMai() {
     Ambiente ambiente(backend);
     const long istituto = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("01"));
     const long sezione = ambiente.CreaIstituto(QStringLiteral("Sezione"), QStringLiteral("02"));
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.Mostra(istituto);
     QVERIFY(editore.OkModifica);
     QVERIFY(!editore.OkCancella);
@@ -586,8 +574,7 @@ void TestIstituto::unaSedeRimandaAllIstitutoSopraENonLasciaCreareNulla() {
     Sessione::bIstituto = true;
     const long istituto = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("01"));
     const long sede = ambiente.CreaIstituto(QStringLiteral("Sede"), QStringLiteral("03"), istituto);
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.Mostra(sede);
     QCOMPARE(editore.ID_Istituto, ambiente.IdIstituto(istituto));
     QVERIFY(!editore.OkNuovoIstituto);
@@ -612,8 +599,7 @@ void TestIstituto::unElementoSenzaRigaSiMostraVuotoESenzaPermessi() {
     Ambiente ambiente(backend);
     Sessione::bIstituto = false;
     const long id = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("01"));
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.Mostra(id);
     QVERIFY(editore.OkModifica);
     editore.Mostra(id + 1000);
@@ -636,8 +622,7 @@ void TestIstituto::pubblicareSottoUnPadreNonPubblicatoERifiutatoEIlSalvaScriveN(
         QStringLiteral("UPDATE Elementi SET Pubblicato = 'N' WHERE ID_Elemento = ?"),
         {Id(istituto)});
     const long sede = ambiente.CreaIstituto(QStringLiteral("Sede"), QStringLiteral("03"), istituto);
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.show();
     editore.Mostra(sede);
     editore.Modifica();
@@ -663,8 +648,7 @@ void TestIstituto::unIstitutoAllaRadiceSiPubblicaSempre() {
     Ambiente ambiente(backend);
     Sessione::bIstituto = true;
     const long istituto = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("01"));
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.show();
     editore.Mostra(istituto);
     editore.Modifica();
@@ -686,8 +670,7 @@ void TestIstituto::unErroreNelControlloDiPubblicazioneSiMostraComeErroreU2() {
     Sessione::bIstituto = true;
     const long istituto = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("01"));
     const long sede = ambiente.CreaIstituto(QStringLiteral("Sede"), QStringLiteral("02"), istituto);
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.show();
     editore.Mostra(sede);
     editore.Modifica();
@@ -718,8 +701,7 @@ void TestIstituto::salvaSenzaRigaDiDettaglioNonScriveNullaENonDiceNulla() {
             .toInt(),
         1);
 
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.Nuovo();
     CompilaIstituto(editore);
     editore.Salva(id);
@@ -739,8 +721,7 @@ void TestIstituto::salvaSenzaRigaDiDettaglioLasciaLEditoreComeDopoMostra() {
     Ambiente ambiente(backend);
     Sessione::bIstituto = false;
     const long id = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("02"));
-    ucIstituto editore;
-    editore.Init();
+    EditorePronto<ucIstituto> editore;
     editore.Mostra(id);
     QVERIFY(editore.OkModifica && editore.OkCancella && editore.OkNuovoComplesso);
     editore.Modifica();
