@@ -471,8 +471,7 @@ void TestIstituto::unCodiceSenzaRigaInCodiciIstitutoSiMostraVuotoESiCancellaAlSa
     Sessione::cnn->Esegui(QStringLiteral("UPDATE Istituti SET ISAD_Codice = ?, ISAD_Sigla = ? "
                                          "WHERE ID_Elemento = ?"),
                           {QStringLiteral("IT-XX"), QStringLiteral("XX"), Id(id)});
-    EditorePronto<ucIstituto> editore;
-    editore.Mostra(id);
+    EditorePronto<ucIstituto> editore(id);
     QCOMPARE(Combo(&editore, "DCCodice")->currentText(), QString());
     QCOMPARE(Combo(&editore, "DCCodice")->currentIndex(), -1);
     editore.Modifica();
@@ -492,8 +491,7 @@ void TestIstituto::unaSedeSiCancellaSoloSeNessunComplessoOInventarioLaUsa() {
     const long inventario = ambiente.Crea("03", QStringLiteral("Inventario"), complesso);
     const long idSede = ambiente.IdIstituto(sede);
 
-    EditorePronto<ucIstituto> editore;
-    editore.Mostra(sede);
+    EditorePronto<ucIstituto> editore(sede);
     QVERIFY(editore.OkCancella);
 
     Sessione::cnn->Esegui(
@@ -534,8 +532,7 @@ void TestIstituto::unMagazzinoUsatoDaUnInventarioNonSiCancella() {
         ambiente.CreaIstituto(QStringLiteral("Magazzino"), QStringLiteral("04"), istituto);
     const long complesso = ambiente.Crea("02", QStringLiteral("Fondo"), istituto);
     const long inventario = ambiente.Crea("03", QStringLiteral("Inventario"), complesso);
-    EditorePronto<ucIstituto> editore;
-    editore.Mostra(magazzino);
+    EditorePronto<ucIstituto> editore(magazzino);
     QVERIFY(editore.OkCancella);
     Sessione::cnn->Esegui(
         QStringLiteral("UPDATE Inventari SET ID_IstitutoMag = ? WHERE ID_Elemento = ?"),
@@ -558,8 +555,7 @@ void TestIstituto::unIstitutoDiTipologia01NonSiCancellaMai() {
     Ambiente ambiente(backend);
     const long istituto = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("01"));
     const long sezione = ambiente.CreaIstituto(QStringLiteral("Sezione"), QStringLiteral("02"));
-    EditorePronto<ucIstituto> editore;
-    editore.Mostra(istituto);
+    EditorePronto<ucIstituto> editore(istituto);
     QVERIFY(editore.OkModifica);
     QVERIFY(!editore.OkCancella);
     // Another kind without children may go.
@@ -574,8 +570,7 @@ void TestIstituto::unaSedeRimandaAllIstitutoSopraENonLasciaCreareNulla() {
     Sessione::bIstituto = true;
     const long istituto = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("01"));
     const long sede = ambiente.CreaIstituto(QStringLiteral("Sede"), QStringLiteral("03"), istituto);
-    EditorePronto<ucIstituto> editore;
-    editore.Mostra(sede);
+    EditorePronto<ucIstituto> editore(sede);
     QCOMPARE(editore.ID_Istituto, ambiente.IdIstituto(istituto));
     QVERIFY(!editore.OkNuovoIstituto);
     QVERIFY(!editore.OkNuovoInventario);
@@ -599,8 +594,7 @@ void TestIstituto::unElementoSenzaRigaSiMostraVuotoESenzaPermessi() {
     Ambiente ambiente(backend);
     Sessione::bIstituto = false;
     const long id = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("01"));
-    EditorePronto<ucIstituto> editore;
-    editore.Mostra(id);
+    EditorePronto<ucIstituto> editore(id);
     QVERIFY(editore.OkModifica);
     editore.Mostra(id + 1000);
     QCOMPARE(Riga(&editore, 0)->text(), QString());
@@ -721,8 +715,7 @@ void TestIstituto::salvaSenzaRigaDiDettaglioLasciaLEditoreComeDopoMostra() {
     Ambiente ambiente(backend);
     Sessione::bIstituto = false;
     const long id = ambiente.CreaIstituto(QStringLiteral("Archivio"), QStringLiteral("02"));
-    EditorePronto<ucIstituto> editore;
-    editore.Mostra(id);
+    EditorePronto<ucIstituto> editore(id);
     QVERIFY(editore.OkModifica && editore.OkCancella && editore.OkNuovoComplesso);
     editore.Modifica();
     QVERIFY(Riga(&editore, 0)->isEnabled());
