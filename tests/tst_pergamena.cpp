@@ -346,8 +346,7 @@ void TestPergamena::ogniCampoFaIlGiroNelleSeiTabelleColonnaPerColonna() {
     const auto [albero, id, idPG] = ambiente.CreaPergamenaConRiga();
     QVERIFY(idPG > 0);
 
-    EditorePronto<ucPergamena> editore;
-    editore.Mostra(id);
+    EditorePronto<ucPergamena> editore(id);
     QCOMPARE(editore.fID_Elem, id);
     QCOMPARE(editore.ID_Inventario,
              ambiente
@@ -494,8 +493,7 @@ void TestPergamena::iCampiVuotiSiSalvanoNullEISigilliVuotiZero() {
     ambiente.Cnn().Esegui(
         QStringLiteral("UPDATE PGTraditio SET Traditio = '02' WHERE ID_Pergamena = ?"), {Id(idPG)});
 
-    EditorePronto<ucPergamena> editore;
-    editore.Mostra(id);
+    EditorePronto<ucPergamena> editore(id);
     QCOMPARE(Testo(&editore, 2), QStringLiteral("Siena"));
     QCOMPARE(Testo(&editore, 1), QStringLiteral("01/01/1200"));
     QCOMPARE(Traditio(&editore)->currentIndex(), 1);
@@ -609,8 +607,7 @@ void TestPergamena::unCodiceDiTraditioFuoriListaNonSceglieNullaESiSalvaNull() {
     const long idPG = ambiente.IdPergamena(id);
     ambiente.Cnn().Esegui(
         QStringLiteral("UPDATE PGTraditio SET Traditio = '42' WHERE ID_Pergamena = ?"), {Id(idPG)});
-    EditorePronto<ucPergamena> editore;
-    editore.Mostra(id);
+    EditorePronto<ucPergamena> editore(id);
     // No entry: a copy, its fields shown.
     QCOMPARE(Traditio(&editore)->currentIndex(), -1);
     QVERIFY(!Riga(&editore, 9)->isHidden());
@@ -650,8 +647,7 @@ void TestPergamena::laDataDellaCopiaSiLeggeMaIlSalvaNonLaTocca() {
     ambiente.Cnn().Esegui(QStringLiteral("UPDATE PGTraditio SET Traditio = '02', DataCopia = ? "
                                          "WHERE ID_Pergamena = ?"),
                           {12500614, Id(idPG)});
-    EditorePronto<ucPergamena> editore;
-    editore.Mostra(id);
+    EditorePronto<ucPergamena> editore(id);
     QCOMPARE(Testo(&editore, 18), QStringLiteral("14/06/1250"));
     editore.Modifica();
     // A read-only box, whatever a program puts in it.
@@ -701,8 +697,7 @@ void TestPergamena::senzaRigaDiPergameneSiScriveSoloLElementoESiSpegneTutto() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const long id = ambiente.CreaPergamena().pergamena;
-    EditorePronto<ucPergamena> editore;
-    editore.Mostra(id);
+    EditorePronto<ucPergamena> editore(id);
     editore.Modifica();
     Compila(editore);
     // The row of Pergamene no longer belongs to the element.
@@ -728,8 +723,7 @@ void TestPergamena::loStatoSiLeggeConLaPergamenaEUnaConSigilliNonSiCancella() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const auto [albero, id, idPG] = ambiente.CreaPergamenaConRiga();
-    EditorePronto<ucPergamena> editore;
-    editore.Mostra(id);
+    EditorePronto<ucPergamena> editore(id);
     QVERIFY(editore.OkNuovaPergamena && editore.OkModifica && editore.OkCancella);
     QVERIFY(!editore.AltreSegnature && !editore.Links && !editore.SigilliLinks);
     const QColor spento =
@@ -787,8 +781,7 @@ void TestPergamena::leAnticheSegnatureSiApronoPerNomeEPoiSiAvvisaLOspite() {
     Ambiente ambiente(backend);
     const long id = ambiente.CreaPergamena().pergamena;
     const long idPG = ambiente.IdPergamena(id);
-    EditorePronto<ucPergamena> editore;
-    editore.Mostra(id);
+    EditorePronto<ucPergamena> editore(id);
     QSignalSpy evento(&editore, &ucPergamena::EventoStato);
 
     // No dialog of that name: nothing opens, nothing is said.
@@ -835,8 +828,7 @@ void TestPergamena::ogniPulsanteApreIlSuoDialogoConIValoriDiSessione() {
     const long originale = ambiente.Crea("05", QStringLiteral("Originale"), albero.inventario);
     ambiente.Cnn().Esegui(
         QStringLiteral("UPDATE PGTraditio SET Traditio = '02' WHERE ID_Pergamena = ?"), {Id(idPG)});
-    EditorePronto<ucPergamena> editore;
-    editore.Mostra(id);
+    EditorePronto<ucPergamena> editore(id);
     QSignalSpy evento(&editore, &ucPergamena::EventoStato);
 
     // A stand-in for each dialog, which notes what it finds and closes.
@@ -1096,8 +1088,7 @@ void TestPergamena::ilPulsanteImmagineChiedePrimaDiImportareODiTogliereIlCollega
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const long id = ambiente.CreaPergamena().pergamena;
-    EditorePronto<ucPergamena> editore;
-    editore.Mostra(id);
+    EditorePronto<ucPergamena> editore(id);
     QPushButton* immagine = Pulsante(&editore, "cmdImmagine");
 
     // Without a MAG document: the choice of one, with the XML documents in force; given up,
