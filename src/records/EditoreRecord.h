@@ -46,6 +46,11 @@ public:
     // The text of the denomination, Text1(0), read by the host before the row exists.
     virtual QString LeggiDenominazione() const;
 
+    // Whether the record in hand may be edited and deleted; read by the host after every
+    // Mostra and Salva.
+    bool OkModifica = false;
+    bool OkCancella = false;
+
     // The message of the mandatory walk for a field left as the placeholder.
     static const QString InserireValore; // "<<Inserire valore>>"
 

@@ -43,8 +43,6 @@ public:
 
     long ID_Istituto = 0;
     bool OkNuovoComplesso = false;
-    bool OkModifica = false;
-    bool OkCancella = false;
     bool AltreDenominazioni = false;
 
 private:

@@ -49,8 +49,6 @@ public:
     // Read by the host after every Mostra and Salva.
     long ID_Istituto = 0;
     bool OkNuovoInventario = false;
-    bool OkModifica = false;
-    bool OkCancella = false;
     bool AltreDenominazioni = false;
     // The state of TipoInv: 0 for none ("00" or Null), 1 to 3 for "01" to "03", -1 when the
     // record is not there. The window sets it to 1 when it writes TipoInv.

@@ -28,9 +28,7 @@ public:
     bool OkNuovoInventario = false;
     bool OkNuovoComplesso = false;
     bool OkNuovoVersamento = false;
-    bool OkModifica = false;
     bool OkAltreDenominazioni = false;
-    bool OkCancella = false;
 
     // The kind's entry by its code, as Mostra sets it.
     QString CercaTipologiaIS(const QString& sCodice) const;

@@ -54,8 +54,6 @@ public:
     long ID_Inventario = 0;
     long fID_Elem = 0;
     bool OkNuovaPergamena = false;
-    bool OkModifica = false;
-    bool OkCancella = false;
     bool AltreSegnature = false;
     bool Toponimi = false;
     bool Antroponimi = false;

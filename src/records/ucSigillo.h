@@ -53,8 +53,6 @@ public:
     long ID_Inventario = 0;
     long fID_Elem = 0;
     bool OkNuovoSigillo = false;
-    bool OkModifica = false;
-    bool OkCancella = false;
     bool Titolari = false;
     bool PergameneLink = false;
 
