@@ -137,6 +137,7 @@ private Q_SLOTS:
     void unNodoOrdinatoMetteInOrdineIFigliFuturiERestaAlSuoPosto();
     void unFiglioArrivatoPrimaDelPadreVieneCollocatoAlSuoArrivo();
     void ilPadreCheNonArrivaMaiEUnOrfano();
+    void unaRadiceCheEUnElementoHaLaSuaChiaveEIlSuoTagEPortaIFigli();
     void leImmaginiDopoILegamiConGliInventari_data();
     void leImmaginiDopoILegamiConGliInventari();
     void leImmaginiDopoILegamiConIProduttori_data();
@@ -149,6 +150,8 @@ private Q_SLOTS:
     void leIstruzioniDellAlberoLeggonoSoloLeColonneDeiNodi();
     void unGruppoConValoriLiLegaAllaCondizione_data() { AggiungiBackend(); }
     void unGruppoConValoriLiLegaAllaCondizione();
+    void unGruppoDiPiuTipiDaAOgniNodoTestoEImmagineDelSuoTipo_data() { AggiungiBackend(); }
+    void unGruppoDiPiuTipiDaAOgniNodoTestoEImmagineDelSuoTipo();
     void unDatabaseVuotoMostraLaSolaRadice_data() { AggiungiBackend(); }
     void unDatabaseVuotoMostraLaSolaRadice();
     void igruppiSiCaricanoSottoLaRadiceConIFigliDellaRadiceInOrdine_data() { AggiungiBackend(); }
@@ -279,6 +282,32 @@ void TestAlbero::ilPadreCheNonArrivaMaiEUnOrfano() {
     modello.FineCaricamento();
     QCOMPARE(modello.Nodi(), 2);
     QVERIFY(!modello.Trova(2).isValid());
+}
+
+void TestAlbero::unaRadiceCheEUnElementoHaLaSuaChiaveEIlSuoTagEPortaIFigli() {
+    ModelloAlbero modello;
+    const QModelIndex radice =
+        modello.AggiungiRadice(42, QStringLiteral("Inventario: Carte Guinigi"),
+                               QStringLiteral("nolink"), QStringLiteral("03"));
+    QCOMPARE(modello.Radice(), radice);
+    QCOMPARE(modello.Chiave(radice), QStringLiteral("42 ID"));
+    QCOMPARE(modello.Tag(radice), QStringLiteral("03"));
+    QCOMPARE(modello.Testo(radice), QStringLiteral("Inventario: Carte Guinigi"));
+    QCOMPARE(modello.Immagine(radice), QStringLiteral("nolink"));
+    QVERIFY(!modello.Contiene(ModelloAlbero::IdRadice));
+    const QModelIndex figlio = modello.Aggiungi(42, 43, QStringLiteral("Busta 1"),
+                                                QStringLiteral("nolink"), QStringLiteral("07"));
+    QCOMPARE(figlio.parent(), radice);
+    // There is no "0 ID" to hang from, and the root's key is taken.
+    QVERIFY_THROWS_EXCEPTION(Errore,
+                             modello.Aggiungi(0, 44, QStringLiteral("Senza padre"),
+                                              QStringLiteral("nolink"), QStringLiteral("07")));
+    QVERIFY_THROWS_EXCEPTION(Errore, modello.AggiungiRadice(43, QStringLiteral("Doppia"),
+                                                            QStringLiteral("nolink"),
+                                                            QStringLiteral("03")));
+    QCOMPARE(modello.Nodi(), 2);
+    modello.Svuota();
+    QVERIFY(!modello.Radice().isValid());
 }
 
 void TestAlbero::leImmaginiDopoILegamiConGliInventari_data() {
@@ -454,6 +483,49 @@ void TestAlbero::unGruppoConValoriLiLegaAllaCondizione() {
     QCOMPARE(modello.Nodi(), 3);
     QVERIFY(modello.Contiene(fondo));
     QCOMPARE(modello.Testo(modello.Trova(fondo)), QStringLiteral("Fondo dell'Abbazia"));
+}
+
+void TestAlbero::unGruppoDiPiuTipiDaAOgniNodoTestoEImmagineDelSuoTipo() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long istituto = a.Crea("01", QStringLiteral("Istituto"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"), istituto);
+    const long inventario = a.Crea("03", QStringLiteral("Inventario"), istituto);
+    const long versamento = a.Crea("04", QStringLiteral("Versamento"), istituto);
+    a.cnn().Esegui(
+        QStringLiteral("UPDATE ComplessiDoc SET DenomCompleta = ? WHERE ID_Elemento = ?"),
+        {QStringLiteral("Istituto > Fondo, per intero"), L(fondo)});
+    // Under a root that is the institute itself, its three kinds in one group.
+    GruppoAlbero gruppo;
+    gruppo.sCondizione = QStringLiteral("ELEM_Tipologia IN ('02', '03', '04')");
+    gruppo.sImmagine = QStringLiteral("versamento");
+    gruppo.tipi = {
+        {QStringLiteral("02"), QStringLiteral("CD_DenomCompleta"), QStringLiteral("silink")},
+        {QStringLiteral("03"), QStringLiteral("INV_Denominazione"), QStringLiteral("nolink")}};
+    RadiceAlbero radice;
+    radice.lId = istituto;
+    radice.sTesto = QStringLiteral("Istituto");
+    radice.sImmagine = QStringLiteral("istituto");
+    radice.sTag = QStringLiteral("01");
+    ModelloAlbero modello;
+    CaricamentoAlbero::Carica(modello, a.cnn(), {gruppo}, false, radice);
+    QCOMPARE(modello.Nodi(), 4);
+    QCOMPARE(modello.Id(modello.Radice()), qint64(istituto));
+    QCOMPARE(modello.Tag(modello.Radice()), QStringLiteral("01"));
+    const QModelIndex nodoFondo = modello.Trova(fondo);
+    QCOMPARE(nodoFondo.parent(), modello.Radice());
+    QCOMPARE(modello.Testo(nodoFondo), QStringLiteral("Istituto > Fondo, per intero"));
+    QCOMPARE(modello.Immagine(nodoFondo), QStringLiteral("silink"));
+    QCOMPARE(modello.Testo(modello.Trova(inventario)), QStringLiteral("Inventario"));
+    QCOMPARE(modello.Immagine(modello.Trova(inventario)), QStringLiteral("nolink"));
+    // A kind not listed: the group's column and image.
+    QCOMPARE(modello.Testo(modello.Trova(versamento)), QStringLiteral("Versamento"));
+    QCOMPARE(modello.Immagine(modello.Trova(versamento)), QStringLiteral("versamento"));
+    QCOMPARE(
+        TestiFigli(modello, modello.Radice()),
+        QStringList({QStringLiteral("Inventario"), QStringLiteral("Istituto > Fondo, per intero"),
+                     QStringLiteral("Versamento")}));
 }
 
 void TestAlbero::igruppiSiCaricanoSottoLaRadiceConIFigliDellaRadiceInOrdine() {

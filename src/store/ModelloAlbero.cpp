@@ -259,28 +259,37 @@ void ModelloAlbero::Rinumera(qint32 padre, int daRiga) {
 }
 
 QModelIndex ModelloAlbero::AggiungiRadice() {
-    const quint8 iImmagine = IndiceImmagine(QStringLiteral("root"));
-    const quint8 iTag = IndiceTag(QStringLiteral("00"));
-    if (mappa.Contiene(IdRadice)) {
+    return AggiungiRadice(IdRadice, TestoRadice(), QStringLiteral("root"), QStringLiteral("00"));
+}
+
+QModelIndex ModelloAlbero::AggiungiRadice(qint64 lId, const QString& sTesto,
+                                          const QString& sImmagine, const QString& sTag) {
+    const quint8 iImmagine = IndiceImmagine(sImmagine);
+    const quint8 iTag = IndiceTag(sTag);
+    if (mappa.Contiene(lId)) {
         throw Errore(SorgenteAlbero,
-                     QStringLiteral("La chiave non è univoca: %1.").arg(ChiaveDi(IdRadice)),
+                     QStringLiteral("La chiave non è univoca: %1.").arg(ChiaveDi(lId)),
                      ErroreChiaveNonUnivoca);
     }
     const int riga = static_cast<int>(cima.size());
     if (!bCaricamento) {
         beginInsertRows(QModelIndex(), riga, riga);
     }
-    const qint32 nodo = NuovoNodo(IdRadice, Nessuno, TestoRadice(), iImmagine, iTag);
-    mappa.Inserisci(IdRadice, nodo);
+    const qint32 nodo = NuovoNodo(lId, Nessuno, sTesto, iImmagine, iTag);
+    mappa.Inserisci(lId, nodo);
     righe[nodo] = riga;
     cima.append(nodo);
     if (!bCaricamento) {
         endInsertRows();
     }
     if (bCaricamento) {
-        SistemaAttesi(IdRadice);
+        SistemaAttesi(lId);
     }
     return IndiceDi(nodo);
+}
+
+QModelIndex ModelloAlbero::Radice() const {
+    return cima.isEmpty() ? QModelIndex() : IndiceDi(cima.first());
 }
 
 QModelIndex ModelloAlbero::Aggiungi(const QString& sChiavePadre, const QString& sChiave,
@@ -752,15 +761,36 @@ QImage Pannello(const QString& sNomeFile) {
 // ---------------------------------------------------------------------------------------------
 // The loading
 
+QString GruppoAlbero::Testo() const {
+    if (tipi.isEmpty()) {
+        return sColonnaTesto;
+    }
+    // The kinds are the window's fixed texts.
+    QString sTesto = QStringLiteral("CASE ELEM_Tipologia");
+    for (const Tipo& tipo : tipi) {
+        sTesto += QStringLiteral(" WHEN '%1' THEN %2").arg(tipo.sTag, tipo.sColonnaTesto);
+    }
+    return sTesto + QStringLiteral(" ELSE ") + sColonnaTesto + QStringLiteral(" END");
+}
+
+const QString& GruppoAlbero::ImmagineDi(const QString& sTag) const {
+    for (const Tipo& tipo : tipi) {
+        if (tipo.sTag == sTag) {
+            return tipo.sImmagine;
+        }
+    }
+    return sImmagine;
+}
+
 QString GruppoAlbero::Ordine(const Connessione& connessione) const {
-    return sOrdine.isEmpty() ? QStringLiteral("ELEM_ID_ElementoPadre, ") +
-                                   connessione.InOrdineAlfabetico(sColonnaTesto)
-                             : sOrdine;
+    return sOrdine.isEmpty()
+               ? QStringLiteral("ELEM_ID_ElementoPadre, ") + connessione.InOrdineAlfabetico(Testo())
+               : sOrdine;
 }
 
 QString GruppoAlbero::Sql(const Connessione& connessione) const {
-    QString sSql = QStringLiteral("SELECT ELEM_ID_Elemento, ELEM_ID_ElementoPadre, ") +
-                   sColonnaTesto + QStringLiteral(", ELEM_Tipologia");
+    QString sSql = QStringLiteral("SELECT ELEM_ID_Elemento, ELEM_ID_ElementoPadre, ") + Testo() +
+                   QStringLiteral(", ELEM_Tipologia");
     if (!sColonnaLink.isEmpty()) {
         sSql += QStringLiteral(", ") + sColonnaLink;
     }
@@ -798,6 +828,7 @@ void CaricaGruppo(ModelloAlbero& modello, const Connessione& connessione,
     // The kinds are few: the text of the last one is kept.
     QByteArray ultimoTag;
     QString sTag;
+    const QString* immagineTag = &gruppo.sImmagine;
     while (righe->Prossima()) {
         qint64 lIdPadre = PadreAssente;
         if (!righe->Null(ColonnaPadre)) {
@@ -809,9 +840,9 @@ void CaricaGruppo(ModelloAlbero& modello, const Connessione& connessione,
         if (tag != QByteArrayView(ultimoTag)) {
             ultimoTag = tag.toByteArray();
             sTag = QString::fromUtf8(ultimoTag);
+            immagineTag = &gruppo.ImmagineDi(sTag);
         }
-        const QString& immagine =
-            bLink && righe->Intero(ColonnaLink) > 0 ? silink : gruppo.sImmagine;
+        const QString& immagine = bLink && righe->Intero(ColonnaLink) > 0 ? silink : *immagineTag;
         modello.Aggiungi(lIdPadre, righe->Intero(ColonnaId),
                          QString::fromUtf8(righe->Testo(ColonnaTesto)), immagine, sTag);
     }
@@ -837,11 +868,12 @@ void ApplicaSoggetti(ModelloAlbero& modello, const Connessione& connessione) {
 }
 
 void Carica(ModelloAlbero& modello, const Connessione& connessione,
-            const QList<GruppoAlbero>& gruppi, bool bSoggettiComplessi) {
+            const QList<GruppoAlbero>& gruppi, bool bSoggettiComplessi,
+            const RadiceAlbero& radice) {
     modello.InizioCaricamento();
     try {
         modello.Svuota();
-        modello.AggiungiRadice();
+        modello.AggiungiRadice(radice.lId, radice.sTesto, radice.sImmagine, radice.sTag);
         for (const GruppoAlbero& gruppo : gruppi) {
             CaricaGruppo(modello, connessione, gruppo);
         }

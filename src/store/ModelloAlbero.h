@@ -56,6 +56,10 @@ public:
     void Svuota();
     // The root: key "0 ID", tag "00", text "Archivi di Stato", image "root".
     QModelIndex AggiungiRadice();
+    // A root that is an element itself (a finding aid over its analytical inventory): its own
+    // key, text, image and tag. Raises Errore when the key is already taken.
+    QModelIndex AggiungiRadice(qint64 lId, const QString& sTesto, const QString& sImmagine,
+                               const QString& sTag);
     // A node as last son of the node with the key of lIdPadre (in text order when that node
     // is Sorted). Raises Errore when no node has that key, or when the key is already taken.
     QModelIndex Aggiungi(qint64 lIdPadre, qint64 lId, const QString& sTesto,
@@ -69,7 +73,8 @@ public:
     // The node with that key; invalid when none.
     QModelIndex Trova(qint64 lId) const;
     QModelIndex Trova(const QString& sChiave) const { return Trova(IdDi(sChiave)); }
-    QModelIndex Radice() const { return Trova(IdRadice); }
+    // The root, whatever its key (invalid when the tree is empty).
+    QModelIndex Radice() const;
     bool Contiene(qint64 lId) const { return mappa.Contiene(lId); }
     // How many nodes the tree holds.
     int Nodi() const { return static_cast<int>(mappa.Quante()); }
@@ -179,6 +184,19 @@ struct GruppoAlbero {
     QString sColonnaLink;
     // What the node shows: a column of the view or an expression on its columns.
     QString sColonnaTesto = QStringLiteral("ELEM_Denominazione");
+    // A group of several kinds whose nodes show, each by its ELEM_Tipologia, a column of its
+    // own and an image of its own (a kind not listed: sColonnaTesto and sImmagine).
+    struct Tipo {
+        QString sTag;
+        QString sColonnaTesto;
+        QString sImmagine;
+    };
+    QList<Tipo> tipi;
+
+    // The expression of the node's text: sColonnaTesto, or the column of each kind.
+    QString Testo() const;
+    // The image of a node of that kind.
+    const QString& ImmagineDi(const QString& sTag) const;
 
     // The ORDER BY on that connection.
     QString Ordine(const Connessione& connessione) const;
@@ -187,12 +205,22 @@ struct GruppoAlbero {
     QString Sql(const Connessione& connessione) const;
 };
 
+// The root of a load: by default the root of the whole archive ("0 ID", "Archivi di Stato"); a
+// window over one element puts that element there.
+struct RadiceAlbero {
+    qint64 lId = ModelloAlbero::IdRadice;
+    QString sTesto = ModelloAlbero::TestoRadice();
+    QString sImmagine = QStringLiteral("root");
+    QString sTag = QStringLiteral("00");
+};
+
 namespace CaricamentoAlbero {
 // Clears the model, adds the root, loads the groups in order, and when asked passes over
 // V_ComplessiDocSoggetti for the producers' images. Raises Errore (a failed statement, an
 // orphan) leaving the nodes loaded so far; on success the root's sons are in text order.
 void Carica(ModelloAlbero& modello, const Connessione& connessione,
-            const QList<GruppoAlbero>& gruppi, bool bSoggettiComplessi);
+            const QList<GruppoAlbero>& gruppi, bool bSoggettiComplessi,
+            const RadiceAlbero& radice = RadiceAlbero());
 
 // The producers' pass: "silink" becomes "islink", "nolink" becomes "slink" for every row of
 // V_ComplessiDocSoggetti whose complesso is in the tree.

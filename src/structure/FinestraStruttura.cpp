@@ -1,12 +1,14 @@
 #include "FinestraStruttura.h"
 
 #include "records/EditoreRecord.h"
+#include "session/Dialoghi.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
 #include "store/ArchivioElementi.h"
 #include "store/Connessione.h"
 
+#include <QCursor>
 #include <QDialog>
 #include <QDir>
 #include <QEvent>
@@ -196,14 +198,16 @@ void FinestraStruttura::MostraNodo(const QString& sTag) {
     }
 }
 
-bool FinestraStruttura::CaricaGruppi(const QList<GruppoAlbero>& gruppi, bool bSoggettiComplessi) {
+bool FinestraStruttura::CaricaGruppi(const QList<GruppoAlbero>& gruppi, bool bSoggettiComplessi,
+                                     const RadiceAlbero& radiceAlbero) {
     if (!Sessione::cnn) {
         MsgBox(QStringLiteral("La connessione al database è chiusa."), Pulsanti::Ok, Icona::Critica,
                QStringLiteral("Errore U5"));
         return false;
     }
     try {
-        CaricamentoAlbero::Carica(*pModello, *Sessione::cnn, gruppi, bSoggettiComplessi);
+        CaricamentoAlbero::Carica(*pModello, *Sessione::cnn, gruppi, bSoggettiComplessi,
+                                  radiceAlbero);
     } catch (const Errore& errore) {
         MsgBox(errore.descrizione(), Pulsanti::Ok, Icona::Critica, QStringLiteral("Errore U5"));
         return false;
@@ -295,6 +299,35 @@ QPushButton* FinestraStruttura::NuovoComando(const char* sNome, const QString& s
     comando->setObjectName(QLatin1String(sNome));
     RegistraComando(comando);
     return comando;
+}
+
+void FinestraStruttura::RegistraMenuNuovo(QPushButton* comando, const QStringList& tagPadri,
+                                          const QList<VoceNuovo>& voci) {
+    bool bPrimo = true;
+    for (const MenuDelComando& menu : menuNuovo) {
+        bPrimo = bPrimo && menu.comando != comando;
+    }
+    menuNuovo.append({comando, tagPadri, voci});
+    if (bPrimo) {
+        connect(comando, &QPushButton::clicked, this, [this, comando] { MenuNuovo(comando); });
+    }
+}
+
+void FinestraStruttura::MenuNuovo(const QPushButton* comando) {
+    for (const MenuDelComando& menu : menuNuovo) {
+        if (menu.comando != comando || !menu.tagPadri.contains(sTagCorrente)) {
+            continue;
+        }
+        QStringList voci;
+        for (const VoceNuovo& voce : menu.voci) {
+            voci.append(voce.sVoce);
+        }
+        const int iScelta = piattaforma().SceltaMenu(voci, QCursor::pos());
+        if (iScelta >= 1 && iScelta <= menu.voci.size()) {
+            Nuovo(menu.voci[iScelta - 1].sTag);
+        }
+        return;
+    }
 }
 
 void FinestraStruttura::AggiungiEditore(EditoreRecord* editore, const char* sNome) {
@@ -398,6 +431,26 @@ void FinestraStruttura::ChkSogg() {
     tvwDB->setFocus();
 }
 
+void FinestraStruttura::MostraLinkInventario(int iChiamante, const QVariantMap& argomenti) {
+    const QModelIndex nodo = NodoCorrente();
+    Sessione::sDenomInventario = nodo.isValid() ? pModello->Testo(nodo) : QString();
+    Sessione::iEsitoLinkCD = 0;
+    Sessione::lIdInventario = static_cast<long>(lIdCorrente);
+    Sessione::iChiamanteInv = iChiamante;
+    Dialoghi::Apri(QStringLiteral("frmMostraLinkInv"), this, argomenti);
+    const QModelIndex dopo = NodoCorrente();
+    if (!dopo.isValid()) {
+        return;
+    }
+    if (Sessione::iEsitoLinkCD == 1) {
+        pModello->ImpostaImmagine(dopo, QStringLiteral("silink"));
+    } else if (Sessione::iEsitoLinkCD == 2) {
+        pModello->ImpostaImmagine(dopo, QStringLiteral("nolink"));
+    }
+    SelezionaNodo(dopo);
+    tvwDB->setFocus();
+}
+
 void FinestraStruttura::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() == Qt::Key_Escape) {
         // Hosted in a dialog, the dialog closes.
@@ -428,9 +481,14 @@ QDialog* FinestraStruttura::InDialogo(QWidget* genitore) {
     dialogo->setModal(true);
     auto* disposizione = new QVBoxLayout(dialogo);
     disposizione->setContentsMargins(0, 0, 0, 0);
+    const bool bDimensionata = testAttribute(Qt::WA_Resized);
+    const QSize dimensione = size();
     setParent(dialogo);
     disposizione->addWidget(this);
     show();
+    if (bDimensionata) {
+        dialogo->resize(dimensione);
+    }
     return dialogo;
 }
 
@@ -489,6 +547,12 @@ void FinestraStruttura::DopoPulsanti(const TipoNodo&) {}
 
 void FinestraStruttura::PreparaEditore(const TipoNodo&) {}
 
+bool FinestraStruttura::PreparaTipo(const TipoNodo&) {
+    return true;
+}
+
+void FinestraStruttura::DopoSalva(const TipoNodo&) {}
+
 void FinestraStruttura::NuovoNellEditore(const TipoNodo& tipo, const QString&) {
     tipo.editore->Nuovo();
 }
@@ -510,6 +574,9 @@ long FinestraStruttura::AggiungiElemento(const QString& sDenominazione, const QS
 }
 
 void FinestraStruttura::MostraTipo(const TipoNodo& tipo) {
+    if (!PreparaTipo(tipo)) {
+        return;
+    }
     sStato = StatoMostra;
     sTipo = tipo.sTipo;
     MostraPannello();
@@ -524,13 +591,20 @@ void FinestraStruttura::MostraTipo(const TipoNodo& tipo) {
 // The commands
 
 void FinestraStruttura::Nuovo(const QString& sTag) {
-    BloccaComandi();
     const TipoNodo* tipo = TipoDelTag(sTag, false);
-    if (tipo == nullptr) {
+    if (tipo == nullptr || !NodoCorrente().isValid()) {
         return;
     }
+    BloccaComandi();
+    const QString sTipoPrima = sTipo;
     sStato = StatoNuovo;
     sTipo = tipo->sTipo;
+    if (!PreparaTipo(*tipo)) {
+        sStato = StatoMostra;
+        sTipo = sTipoPrima;
+        SbloccaComandi();
+        return;
+    }
     const QModelIndex padre = NodoCorrente();
     const QString sTagPadre = padre.isValid() ? pModello->Tag(padre) : QString();
     MostraPannello();
@@ -542,13 +616,20 @@ void FinestraStruttura::Nuovo(const QString& sTag) {
 }
 
 void FinestraStruttura::Modifica() {
-    BloccaComandi();
     const TipoNodo* tipo = TipoDelTag(sTagCorrente);
     if (tipo == nullptr) {
         return;
     }
+    BloccaComandi();
+    const QString sTipoPrima = sTipo;
     sStato = StatoModifica;
     sTipo = tipo->sTipo;
+    if (!PreparaTipo(*tipo)) {
+        sStato = StatoMostra;
+        sTipo = sTipoPrima;
+        SbloccaComandi();
+        return;
+    }
     MostraPannello();
     NascondiAltriEditori(*tipo);
     PreparaEditore(*tipo);

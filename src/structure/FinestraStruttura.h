@@ -14,6 +14,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QVariantMap>
 #include <QWidget>
 
 #include <utility>
@@ -60,6 +61,13 @@ struct TipoNodo {
     static constexpr bool Sempre = true;
 };
 
+// An entry of the popup of a command that makes a new element of one of several kinds: its
+// text as the popup shows it and the Tag of the kind it makes.
+struct VoceNuovo {
+    QString sVoce;
+    QString sTag;
+};
+
 class FinestraStruttura : public QWidget {
     Q_OBJECT
 public:
@@ -86,6 +94,12 @@ public:
     void ChkLinks();
     void ChkSogg();
 
+    // The complessi linked to the finding aid of the node last clicked, in the viewer
+    // frmMostraLinkInv, opened for that caller (iChiamanteInv) with those arguments; back here
+    // the node's image follows the outcome without a reload (iEsitoLinkCD 1 the first complesso
+    // linked: "silink", 2 the last one removed: "nolink"), and the node is shown again.
+    void MostraLinkInventario(int iChiamante, const QVariantMap& argomenti = {});
+
     // The commands, for every kind the window describes. Nuovo makes a new element of the kind
     // with that Tag under the node last clicked; Modifica edits the node last clicked; Conferma
     // writes the record in hand (for a new one the row of Elementi first, then the editor's
@@ -98,7 +112,7 @@ public:
     void Cancella();
 
     // Hosts the window in a modal dialog, which closes with it; the dialog is returned for its
-    // exec().
+    // exec(). A window given a size of its own gives it to the dialog.
     QDialog* InDialogo(QWidget* genitore = nullptr);
 
     // The state: "mostra", "nuovo" or "modifica".
@@ -145,6 +159,12 @@ protected:
     virtual void DopoPulsanti(const TipoNodo& tipo);
     // Before a new record or an edit is started, sStato already set:
     virtual void PreparaEditore(const TipoNodo& tipo);
+    // Before anything of a Mostra, a New (before its temporary node) or an Edit of the kind:
+    // what the window reads for the editor. False (its box shown) ends the command where it
+    // stood: nothing is shown, and a New or an Edit leaves the window as it was.
+    virtual bool PreparaTipo(const TipoNodo& tipo);
+    // After the editor's Salva at Conferma, sStato still "nuovo" or "modifica":
+    virtual void DopoSalva(const TipoNodo& tipo);
     // The editor's Nuovo for a new element under a node with that Tag (the editor's own by
     // default).
     virtual void NuovoNellEditore(const TipoNodo& tipo, const QString& sTagPadre);
@@ -157,12 +177,19 @@ protected:
     // Loads the groups into the tree. On an error the box "Errore U5" and false: the tree
     // stays as far as it came. Otherwise the tree is collapsed on its root, Sorted, and the
     // root is selected and clicked.
-    bool CaricaGruppi(const QList<GruppoAlbero>& gruppi, bool bSoggettiComplessi);
+    bool CaricaGruppi(const QList<GruppoAlbero>& gruppi, bool bSoggettiComplessi,
+                      const RadiceAlbero& radice = RadiceAlbero());
 
     // A command button of the window: hidden while editing, shown afterwards.
     void RegistraComando(QPushButton* comando);
     // A command button made with its name and caption, and registered.
     QPushButton* NuovoComando(const char* sNome, const QString& sDidascalia);
+    // A command that makes a new element of a kind chosen in a popup at the cursor: under a
+    // node whose Tag is one of tagPadri, its click offers those entries through the platform,
+    // and the entry chosen runs Nuovo with its Tag; no entry chosen, or a node of another
+    // Tag, does nothing. A window may give several popups to one command, for different Tags.
+    void RegistraMenuNuovo(QPushButton* comando, const QStringList& tagPadri,
+                           const QList<VoceNuovo>& voci);
     // An editor of the window in Frame1, with its name; of the editors only the first is
     // visible until a record is shown.
     void AggiungiEditore(EditoreRecord* editore, const char* sNome);
@@ -204,6 +231,14 @@ private:
     void CambioSelezione(const QModelIndex& corrente);
     void ImpostaPulsanteSposta(const QString& sBitmap, const QString& sIcona);
     void NascondiAltriEditori(const TipoNodo& tipo);
+    void MenuNuovo(const QPushButton* comando);
+
+    struct MenuDelComando {
+        const QPushButton* comando;
+        QStringList tagPadri;
+        QList<VoceNuovo> voci;
+    };
+    QList<MenuDelComando> menuNuovo;
 
     ModelloAlbero* pModello = nullptr;
     QHBoxLayout* barraComandi = nullptr;

@@ -161,26 +161,7 @@ void frmStrutturaIN::cmdAltreDen_Click() {
 void frmStrutturaIN::cmdMostraLinks_Click() {
     const bool bInventarioBase =
         fraInventario->InventariAnalitici == 1 && !fraInventario->bPiùLegamiComplessiDoc();
-    const QModelIndex nodo = NodoCorrente();
-    Sessione::sDenomInventario = nodo.isValid() ? Modello().Testo(nodo) : QString();
-    Sessione::iEsitoLinkCD = 0;
-    Sessione::lIdInventario = static_cast<long>(lIdCorrente);
-    Sessione::iChiamanteInv = 1;
-    Dialoghi::Apri(QStringLiteral("frmMostraLinkInv"), this,
-                   {{QStringLiteral("bInventarioBase"), bInventarioBase}});
-    // The node's image follows the outcome, without a reload: the first complesso linked, the
-    // last one removed.
-    const QModelIndex dopo = NodoCorrente();
-    if (!dopo.isValid()) {
-        return;
-    }
-    if (Sessione::iEsitoLinkCD == 1) {
-        Modello().ImpostaImmagine(dopo, QStringLiteral("silink"));
-    } else if (Sessione::iEsitoLinkCD == 2) {
-        Modello().ImpostaImmagine(dopo, QStringLiteral("nolink"));
-    }
-    SelezionaNodo(dopo);
-    tvwDB->setFocus();
+    MostraLinkInventario(1, {{QStringLiteral("bInventarioBase"), bInventarioBase}});
 }
 
 void frmStrutturaIN::cmdInvAnalitico_Click() {
