@@ -702,7 +702,15 @@ void TestConversioni::estremiPersonaComponeLuoghiEDate_data() {
                            << QStringLiteral("1500") << QStringLiteral("1560")
                            << QStringLiteral(", (Roma 1500 - Firenze 1560)");
     QTest::newRow("solo luoghi") << QStringLiteral("Roma") << QStringLiteral("Firenze") << QString()
-                                 << QString() << QStringLiteral(", (Roma  - Firenze )");
+                                 << QString() << QStringLiteral(", (Roma - Firenze)");
+    QTest::newRow("solo luogo di nascita") << QStringLiteral("Roma") << QString() << QString()
+                                           << QString() << QStringLiteral(", (Roma)");
+    QTest::newRow("solo data di morte")
+        << QString() << QString() << QString() << QStringLiteral("01/01/1900")
+        << QStringLiteral(", ( - 01/01/1900)");
+    QTest::newRow("luogo di morte senza data")
+        << QStringLiteral("Roma") << QStringLiteral("Firenze") << QStringLiteral("1500")
+        << QString() << QStringLiteral(", (Roma 1500 - Firenze)");
     QTest::newRow("solo date") << QString() << QString() << QStringLiteral("1500")
                                << QStringLiteral("1560") << QStringLiteral(", (1500 - 1560)");
     QTest::newRow("luogo con spazi")

@@ -246,6 +246,16 @@ void EditoreRecord::CaricaListaSenza(QComboBox* cmb, const QString& sFile, const
     cmb->setCurrentIndex(iScelta);
 }
 
+void EditoreRecord::CaricaListaCoppie(QComboBox* cmb, const QString& sFile) {
+    const QStringList voci = LeggiLista(Sessione::FileProgramma(sFile), sFile);
+    const QSignalBlocker blocco(cmb);
+    const int iScelta = cmb->currentIndex();
+    for (qsizetype i = 0; i < voci.size(); i += 2) {
+        cmb->addItem(voci.value(i + 1), QVariant(qlonglong(NumeroCodice(voci.at(i).left(2)))));
+    }
+    cmb->setCurrentIndex(iScelta);
+}
+
 int EditoreRecord::IndiceDelNumero(const QComboBox* cmb, qlonglong numero) {
     for (int i = 0; i < cmb->count(); ++i) {
         if (cmb->itemData(i).toLongLong() == numero)
@@ -507,7 +517,7 @@ void EditoreRecord::SalvaElemento(long lIdElemento, const QCheckBox* chkPubblica
     }
     QVariant dataRedazione = riga.value(2);
     if (dtpRedazione != nullptr)
-        dataRedazione = QVariant(QDateTime(dtpRedazione->date(), QTime(0, 0)));
+        dataRedazione = ColonnaGiorno(dtpRedazione);
     QVariant redattore = riga.value(3);
     if (txtRedattore != nullptr)
         redattore = NullSeVuoto(TestoDi(txtRedattore));
@@ -538,6 +548,20 @@ void EditoreRecord::ControllaPubblicazione(QCheckBox* chkPubblica, long lIdPadre
     }
 }
 
+QDate EditoreRecord::GiornoDi(const QVariant& valore) {
+    QDate giorno;
+    if (!ENull(valore)) {
+        giorno = valore.toDateTime().date();
+        if (!giorno.isValid())
+            giorno = valore.toDate();
+    }
+    return giorno.isValid() ? giorno : QDate::currentDate();
+}
+
+QVariant EditoreRecord::ColonnaGiorno(const QDateEdit* dtp) {
+    return QVariant(QDateTime(dtp->date(), QTime(0, 0)));
+}
+
 bool EditoreRecord::LeggiElemento(long lIdElemento, long& lIdPadre, bool& bPubblicato) {
     QSqlQuery riga = Cnn().Esegui(
         QStringLiteral("SELECT ID_ElementoPadre, Pubblicato FROM Elementi WHERE ID_Elemento = ?"),
@@ -564,13 +588,7 @@ long EditoreRecord::MostraElemento(long lIdElemento, QCheckBox* chkPubblica,
     if (sMd5Link != nullptr)
         *sMd5Link = testo(1);
     chkPubblica->setChecked(riga.value(2).toString() == QLatin1String("S"));
-    QDate giorno;
-    if (!ENull(riga.value(3))) {
-        giorno = riga.value(3).toDateTime().date();
-        if (!giorno.isValid())
-            giorno = riga.value(3).toDate();
-    }
-    dtpRedazione->setDate(giorno.isValid() ? giorno : QDate::currentDate());
+    dtpRedazione->setDate(GiornoDi(riga.value(3)));
     ImpostaTestoDi(txtRedattore, testo(4));
     return ENull(riga.value(0)) ? 0 : static_cast<long>(riga.value(0).toLongLong());
 }

@@ -11,6 +11,7 @@
 // QPlainTextEdit (multi-line); list combos and data combos are QComboBox (a data combo has the
 // dynamic property "ComboDati" true); check boxes QCheckBox; date pickers QDateEdit.
 
+#include <QDate>
 #include <QList>
 #include <QString>
 #include <QVariant>
@@ -62,6 +63,10 @@ public:
     // The same for the lists with a one-character code (TipoInventario.txt): the character's
     // code in the item data, the text from the second character.
     static void CaricaListaUnCarattere(QComboBox* cmb, const QString& sFile);
+    // The same for a file of records in pairs, the code and then its text, as a line
+    // "01,Comune" gives them to the list-reading input: the number of the code's first two
+    // characters in the item data, the next record as the text.
+    static void CaricaListaCoppie(QComboBox* cmb, const QString& sFile);
     // CaricaLista with an empty entry first, whose item data is 0.
     static void CaricaListaConVoceVuota(QComboBox* cmb, const QString& sFile);
     // CaricaLista leaving out the records of that code.
@@ -180,6 +185,11 @@ protected:
     // box unticked. A database error gives the box titled with the handler's code.
     static void ControllaPubblicazione(QCheckBox* chkPubblica, long lIdPadre,
                                        const QString& sMessaggio, const QString& sCodiceErrore);
+
+    // A real date column (DataRedazione) as the date picker shows it: today when Null; and the
+    // picker's day as the column takes it.
+    static QDate GiornoDi(const QVariant& valore);
+    static QVariant ColonnaGiorno(const QDateEdit* dtp);
 
     // Mostra's reading of the row of Elementi: the parent's id (0 if Null) and whether it is
     // published; false if the row is missing.

@@ -4,19 +4,21 @@
 
 namespace {} // namespace
 
-// a, b: places of birth and death; c, d: the dates. Emptiness is judged on the arguments as
-// given, so a place of blanks still takes its blank before the date.
+// a, b: places of birth and death; c, d: the dates. A place and its date are parted by one
+// blank only when both are there, so a place alone closes its bracket at once: ", (Roma)".
+// Emptiness is judged on the arguments as given, so a place of blanks still takes its blank
+// before the date.
 QString EstremiPersona(const QString& a, const QString& b, const QString& c, const QString& d) {
     if (a.isEmpty() && b.isEmpty() && c.isEmpty() && d.isEmpty())
         return QString();
     QString estremi = QStringLiteral(", (") + Trim(a);
-    if (!a.isEmpty())
+    if (!a.isEmpty() && !c.isEmpty())
         estremi += QLatin1Char(' ');
     estremi += c;
     if (!b.isEmpty() || !d.isEmpty())
         estremi += QStringLiteral(" - ");
     estremi += b;
-    if (!b.isEmpty())
+    if (!b.isEmpty() && !d.isEmpty())
         estremi += QLatin1Char(' ');
     estremi += d + QLatin1Char(')');
     return estremi;

@@ -73,6 +73,11 @@ void Connessione::Chiudi() {
 
 QSqlQuery Connessione::Esegui(const QString& sSql, std::initializer_list<QVariant> valori,
                               const QString& sSorgente) const {
+    return EseguiLista(sSql, QVariantList(valori), sSorgente);
+}
+
+QSqlQuery Connessione::EseguiLista(const QString& sSql, const QVariantList& valori,
+                                   const QString& sSorgente) const {
     QSqlQuery query(Db());
     const QString sorgente = sSorgente.isEmpty() ? pBackend->Descrizione() : sSorgente;
     if (!Aperta()) {

@@ -37,6 +37,10 @@ public:
     // (Backend::ValoreDaLegare), here and in Inserisci.
     QSqlQuery Esegui(const QString& sSql, std::initializer_list<QVariant> valori = {},
                      const QString& sSorgente = QString()) const;
+    // The same with the values in a list, for a statement whose columns are known only at
+    // run time.
+    QSqlQuery EseguiLista(const QString& sSql, const QVariantList& valori,
+                          const QString& sSorgente = QString()) const;
 
     // A term of ORDER BY that puts a text in the Italian order (Backend::InOrdineAlfabetico).
     QString InOrdineAlfabetico(const QString& sEspressione) const;
