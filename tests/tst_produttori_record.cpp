@@ -126,32 +126,40 @@ const QList<Campo> CampiPersona = {
     {12, "Note gestionali", 1024, "NoteDirezione", ""},
     {14, "Redattore", 64, nullptr, "Inserire redattore"},
 };
-const QList<Campo> CampiFamiglia = {
-    {0, "Denominazione", 256, "Nome", "Inserire denominazione"},
-    {1, "Titoli", 32, "Titoli", ""},
+// A family and a body have their years and their dates in words in the same boxes.
+const QList<Campo> AnniFamigliaEnte = {
     {2, "Anno inizio", 4, "DataInizio", "Inserire anno inizio"},
     {3, "Anno fine", 4, "DataFine", ""},
     {4, "Estremi cronologici (testo)", 64, "DescrizioneEstremi",
      "Inserire estremi cronologici (testo)"},
-    {5, "Luoghi e/o aree geografiche", 64, "AreaGeografica", "Inserire luogo e/o area geografica"},
-    {6, "Storia", 1024, "Storia", ""},
-    {7, "Bibliografia e fonti", 1024, "Note", ""},
-    {8, "Note gestionali", 1024, "NoteDirezione", ""},
-    {10, "Redattore", 64, nullptr, "Inserire redattore"},
 };
-const QList<Campo> CampiEnte = {
-    {0, "Denominazione", 256, "Denominazione", "Inserire denominazione"},
-    {1, "Sede", 64, "Sede", "Inserire sede"},
-    {2, "Anno inizio", 4, "DataInizio", "Inserire anno inizio"},
-    {3, "Anno fine", 4, "DataFine", ""},
-    {4, "Estremi cronologici (testo)", 64, "DescrizioneEstremi",
-     "Inserire estremi cronologici (testo)"},
-    {5, "Ambito geografico di competenza", 64, "AreaGeografica", ""},
-    {8, "Storia, mandato, funzioni e struttura", 1024, "Storia", ""},
-    {9, "Bibliografia", 1024, "Note", ""},
-    {10, "Note gestionali", 1024, "NoteDirezione", ""},
-    {12, "Redattore", 64, nullptr, "Inserire redattore"},
-};
+const QList<Campo> CampiFamiglia =
+    QList<Campo>{
+        {0, "Denominazione", 256, "Nome", "Inserire denominazione"},
+        {1, "Titoli", 32, "Titoli", ""},
+    } +
+    AnniFamigliaEnte +
+    QList<Campo>{
+        {5, "Luoghi e/o aree geografiche", 64, "AreaGeografica",
+         "Inserire luogo e/o area geografica"},
+        {6, "Storia", 1024, "Storia", ""},
+        {7, "Bibliografia e fonti", 1024, "Note", ""},
+        {8, "Note gestionali", 1024, "NoteDirezione", ""},
+        {10, "Redattore", 64, nullptr, "Inserire redattore"},
+    };
+const QList<Campo> CampiEnte =
+    QList<Campo>{
+        {0, "Denominazione", 256, "Denominazione", "Inserire denominazione"},
+        {1, "Sede", 64, "Sede", "Inserire sede"},
+    } +
+    AnniFamigliaEnte +
+    QList<Campo>{
+        {5, "Ambito geografico di competenza", 64, "AreaGeografica", ""},
+        {8, "Storia, mandato, funzioni e struttura", 1024, "Storia", ""},
+        {9, "Bibliografia", 1024, "Note", ""},
+        {10, "Note gestionali", 1024, "NoteDirezione", ""},
+        {12, "Redattore", 64, nullptr, "Inserire redattore"},
+    };
 
 // The text fields of a kind filled to their limits with quotes and accents: what each box got.
 QMap<int, QString> RiempiTesti(QWidget* editore, const QList<Campo>& campi,
@@ -190,6 +198,8 @@ private Q_SLOTS:
     void laBancaDatiAggiungeLaRigaDelTipoEToglieSoggettiConLei();
     void ogniCampoHaLaSuaEtichettaIlSuoLimiteEIlSuoMessaggio_data() { AggiungiBackend(); }
     void ogniCampoHaLaSuaEtichettaIlSuoLimiteEIlSuoMessaggio();
+    void laTastieraPercorreIlModuloComeSiVedeEGliAnniStannoNelRiquadro_data() { AggiungiBackend(); }
+    void laTastieraPercorreIlModuloComeSiVedeEGliAnniStannoNelRiquadro();
     void iCampiObbligatoriSiChiedonoNellOrdineDelDisegno_data() { AggiungiBackend(); }
     void iCampiObbligatoriSiChiedonoNellOrdineDelDisegno();
     void unNomeLasciatoSegnapostoODiSpaziNonPassaIlControllo_data() { AggiungiBackend(); }
@@ -298,6 +308,40 @@ void TestProduttoriRecord::ogniCampoHaLaSuaEtichettaIlSuoLimiteEIlSuoMessaggio()
     ucEnte ente;
     QCOMPARE(Combo(&ente, "cmbProfili")->property("Tag").toString(),
              QStringLiteral("Specificare un profilo istituzionale"));
+}
+
+void TestProduttoriRecord::laTastieraPercorreIlModuloComeSiVedeEGliAnniStannoNelRiquadro() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const QStringList catene[] = {
+        {"Text1(0)", "Text1(1)", "Text1(2)", "Text1(3)", "Text1(4)", "Text1(5)", "Text1(6)",
+         "Text1(7)", "Text1(8)", "Text1(9)", "Text1(10)", "Text1(11)", "Text1(12)", "Text1(14)",
+         "DTPData", "chkPubblicato"},
+        {"Text1(0)", "Text1(1)", "Text1(2)", "Text1(3)", "Text1(4)", "Text1(5)", "Text1(6)",
+         "Text1(7)", "Text1(8)", "Text1(10)", "DTPData", "chkPubblicato"},
+        {"Text1(0)", "Text1(1)", "Text1(2)", "Text1(3)", "Text1(4)", "Text1(5)", "cmbProfili",
+         "Text1(8)", "Text1(9)", "Text1(10)", "Text1(12)", "DTPData", "chkPubblicato"},
+    };
+    const QList<int> anni[] = {{7, 8}, {2, 3}, {2, 3}};
+    for (int k = 0; k < 3; ++k) {
+        const std::unique_ptr<EditoreProduttore> editore = Pronto(Generi[k]);
+        const auto dopo = [&editore](const QString& sNome) {
+            QWidget* w = editore->findChild<QWidget*>(sNome);
+            QWidget* prossimo = w->nextInFocusChain();
+            // The inner parts of a box belong to the box.
+            while (prossimo != nullptr && w->isAncestorOf(prossimo))
+                prossimo = prossimo->nextInFocusChain();
+            return prossimo == nullptr ? QString() : prossimo->objectName();
+        };
+        const QStringList& catena = catene[k];
+        for (qsizetype i = 1; i < catena.size(); ++i)
+            QCOMPARE(dopo(catena.at(i - 1)), catena.at(i));
+        auto* frame1 = editore->findChild<QGroupBox*>(QStringLiteral("Frame1"));
+        for (int n : anni[k])
+            QVERIFY(frame1->isAncestorOf(Riga(editore.get(), n)));
+        QVERIFY(!frame1->isAncestorOf(Riga(editore.get(), 0)));
+    }
 }
 
 void TestProduttoriRecord::iCampiObbligatoriSiChiedonoNellOrdineDelDisegno() {

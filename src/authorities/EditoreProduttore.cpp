@@ -143,19 +143,14 @@ QList<QWidget*> EditoreProduttore::Controls() const {
 }
 
 void EditoreProduttore::Init() {
-    lChiave = 0;
     lIdSoggetto = 0;
     if (cmbProfili != nullptr) {
         cmbProfili->clear();
         CaricaListaCoppie(cmbProfili, ProfiliEnti);
         cmbProfili->setCurrentIndex(-1);
     }
-    OkNuovo = true;
-    OkModifica = false;
-    OkCancella = false;
-    OkLinks = false;
-    OkAltreDenominazioni = false;
-    AltreDenominazioni = false;
+    // Nothing in hand: a new producer may be made, nothing else.
+    LeggiStato(false, 0, 0);
     BloccaCampi();
 }
 
