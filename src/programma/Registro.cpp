@@ -1,6 +1,7 @@
 #include "Registro.h"
 
 #include "authorities/frmAltreDenominazioni.h"
+#include "authorities/frmSoggetti.h"
 #include "exchange/frmScEsporta.h"
 #include "exchange/frmScImporta.h"
 #include "session/Dialoghi.h"
@@ -10,9 +11,12 @@
 #include "session/frmIdicizWeb.h"
 #include "session/frmValore.h"
 #include "structure/frmStrutturaCD.h"
+#include "structure/frmStrutturaDI.h"
 #include "structure/frmStrutturaIN.h"
 
 #include <QDialog>
+
+#include <memory>
 
 void RegistraFinestreProgramma() {
     // The main child windows of the menu bar.
@@ -20,6 +24,8 @@ void RegistraFinestreProgramma() {
                                   [](PrimoMDI* p) { return new frmStrutturaCD(p); });
     PrimoMDI::RegistraPredefinita(QStringLiteral("frmStrutturaIN"),
                                   [](PrimoMDI* p) { return new frmStrutturaIN(p); });
+    PrimoMDI::RegistraPredefinita(QStringLiteral("frmSoggetti"),
+                                  [](PrimoMDI* p) { return new frmSoggetti(p); });
 
     // The dialogs of the Strumenti menu, opened by name like every other dialog.
     const auto dialogo = [](const char* nome, auto crea) {
@@ -37,4 +43,14 @@ void RegistraFinestreProgramma() {
 
     // The dialogs that records and windows open by name.
     dialogo("frmAltreDenominazioni", [](QWidget* g) { return new frmAltreDenominazioni(g); });
+    // The analytical inventory of Sessione::lIdInventario, hosted modally: its kind ("sTipo")
+    // and the complessi linked to the finding aid ("sComplessoLinked").
+    Dialoghi::RegistraPredefinito(
+        QStringLiteral("frmStrutturaDI"),
+        [](QWidget* genitore, const Dialoghi::Argomenti& argomenti) -> QDialog* {
+            auto finestra = std::make_unique<frmStrutturaDI>();
+            finestra->Init(argomenti.value(QStringLiteral("sTipo")).toString(),
+                           argomenti.value(QStringLiteral("sComplessoLinked")).toString());
+            return finestra.release()->InDialogo(genitore);
+        });
 }
