@@ -160,6 +160,15 @@ private Q_SLOTS:
     void ilPulsanteImmagineChiedeConIlTitoloBreve();
     void unaNuovaUnitaSiCreaSottoIlPadreAttraversoLOspite_data() { AggiungiBackend(); }
     void unaNuovaUnitaSiCreaSottoIlPadreAttraversoLOspite();
+    void iLivelliPrendonoIlCodiceDallaPosizioneNelFileNonDalFile_data() { AggiungiBackend(); }
+    void iLivelliPrendonoIlCodiceDallaPosizioneNelFileNonDalFile();
+    void unErroreNelRiempireILivelliSiMostraConErroreT5_data() { AggiungiBackend(); }
+    void unErroreNelRiempireILivelliSiMostraConErroreT5();
+    void unErroreNelControlloDiPubblicazioneSiMostraConErroreU1_data() { AggiungiBackend(); }
+    void unErroreNelControlloDiPubblicazioneSiMostraConErroreU1();
+    void iTestiSiMostranoSenzaIBianchiAiLati_data() { AggiungiBackend(); }
+    void iTestiSiMostranoSenzaIBianchiAiLati();
+    void laTastieraPercorreIlModuloComeSiVede();
 };
 
 void TestDatiInventariali::iCampiHannoEtichetteLimitiETagEIlLivelloDalFile() {
@@ -670,6 +679,15 @@ void TestDatiInventariali::unaDataErrataNonLasciaAndareIlFuoco() {
             QVERIFY2(Riga(editore, 14)->hasFocus(), qPrintable(giusto));
         }
     }
+    // A click on the host's Conferma with a wrong date is not delivered: nothing is saved.
+    QLineEdit* inizio = Riga(editore, 5);
+    inizio->setFocus();
+    inizio->setText(QStringLiteral("31/02/1900"));
+    QTest::mouseClick(ospite.cmdConferma, Qt::LeftButton);
+    QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi + 1);
+    QCOMPARE(ambiente.seam.Messaggi().constLast().sTesto, QStringLiteral("Data errata"));
+    QCOMPARE(ospite.Stato(), QStringLiteral("modifica"));
+    QVERIFY(inizio->hasFocus());
 }
 
 void TestDatiInventariali::unUnitaLegataAUnComplessoOConFigliNonSiCancella() {
@@ -1050,6 +1068,128 @@ void TestDatiInventariali::unaNuovaUnitaSiCreaSottoIlPadreAttraversoLOspite() {
              qlonglong(ambiente.IdInventario(albero.inventario)));
     QCOMPARE(editore->fID_Elem, id);
     QCOMPARE(Livelli(editore)->currentText(), QStringLiteral("Sottoserie"));
+}
+
+void TestDatiInventariali::iLivelliPrendonoIlCodiceDallaPosizioneNelFileNonDalFile() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    // A list whose codes are not the positions of its lines.
+    ambiente.cartella.Scrivi(QStringLiteral("LivelliDI.txt"),
+                             QByteArrayLiteral("10Fondo\r\n20Serie\r\n30Fascicolo\r\n"));
+    const Ambiente::Albero albero = ambiente.CreaUnita();
+    ambiente.Livello(albero.unita, QStringLiteral("01"));
+    EditorePronto<ucDatiInventariali> editore;
+    // As read from the file, with the file's codes.
+    QCOMPARE(VociLivelli(Livelli(&editore)), QStringList({"10 Fondo", "20 Serie", "30 Fascicolo"}));
+    // Offered for a parent, by the positions of the lines.
+    editore.AssegnaInventario(ambiente.IdInventario(albero.inventario), albero.inventario);
+    QCOMPARE(VociLivelli(Livelli(&editore)), QStringList({"1 Fondo", "2 Serie", "3 Fascicolo"}));
+    editore.AssegnaInventario(ambiente.IdInventario(albero.inventario), albero.unita);
+    QCOMPARE(VociLivelli(Livelli(&editore)), QStringList({"2 Serie", "3 Fascicolo"}));
+    // Saved as two digits.
+    editore.Mostra(albero.unita);
+    QCOMPARE(Livelli(&editore)->currentText(), QStringLiteral("Fondo"));
+    editore.Modifica();
+    editore.Salva(albero.unita);
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Tipologia"), albero.unita).toString(),
+             QStringLiteral("01"));
+}
+
+void TestDatiInventariali::unErroreNelRiempireILivelliSiMostraConErroreT5() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const Ambiente::Albero albero = ambiente.CreaUnita();
+    EditorePronto<ucDatiInventariali> editore;
+    // The parent's level cannot be read.
+    ambiente.Cnn().Esegui(
+        QStringLiteral("ALTER TABLE DatiInventariali RENAME COLUMN Tipologia TO Livello"));
+    editore.AssegnaInventario(ambiente.IdInventario(albero.inventario), albero.unita);
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    const Messaggio errore = ambiente.seam.Messaggi().at(0);
+    QCOMPARE(errore.sTitolo, QStringLiteral("Errore T5"));
+    QCOMPARE(errore.icona, Icona::Critica);
+    QVERIFY(errore.sTesto.contains(QLatin1Char('\n')));
+    QCOMPARE(Livelli(&editore)->count(), 0);
+    QCOMPARE(editore.ID_Inventario, ambiente.IdInventario(albero.inventario));
+}
+
+void TestDatiInventariali::unErroreNelControlloDiPubblicazioneSiMostraConErroreU1() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const Ambiente::Albero albero = ambiente.CreaUnita();
+    EditorePronto<ucDatiInventariali> editore(albero.unita);
+    editore.Modifica();
+    // The parent's Pubblicato cannot be read.
+    ambiente.Cnn().Esegui(
+        QStringLiteral("ALTER TABLE Elementi RENAME COLUMN Pubblicato TO Pubblicata"));
+    Casella(&editore, "chkPubblicaDI")->click();
+    QCOMPARE(ambiente.seam.Messaggi().size(), 1);
+    const Messaggio errore = ambiente.seam.Messaggi().at(0);
+    QCOMPARE(errore.sTitolo, QStringLiteral("Errore U1"));
+    QCOMPARE(errore.icona, Icona::Critica);
+    QVERIFY(errore.sTesto.contains(QLatin1Char('\n')));
+}
+
+void TestDatiInventariali::iTestiSiMostranoSenzaIBianchiAiLati() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long id = ambiente.CreaUnita().unita;
+    ambiente.Scrivi(QStringLiteral("Titolo = ?, Note = ?, Accesso = ?, Numero = ?"),
+                    {QStringLiteral("  Serie  "), QStringLiteral("  nota\n  "),
+                     QStringLiteral(" libero "), QStringLiteral(" 7 "), Id(id)});
+    ambiente.Scrivi(QStringLiteral("FlgUnitaCond = 1"), {Id(id)});
+    EditorePronto<ucDatiInventariali> editore(id);
+    QCOMPARE(Testo(&editore, 14), QStringLiteral("Serie"));
+    QCOMPARE(Testo(&editore, 8), QStringLiteral("nota\n"));
+    QCOMPARE(Testo(&editore, 9), QStringLiteral("libero"));
+    QCOMPARE(Testo(&editore, 1), QStringLiteral("7"));
+    QVERIFY(Casella(&editore, "chkUnitaCond")->isChecked());
+    QVERIFY(!Riga(&editore, 1)->isHidden());
+}
+
+void TestDatiInventariali::laTastieraPercorreIlModuloComeSiVede() {
+    ucDatiInventariali editore;
+    const QStringList attesi = {"cmbTipologiaDI",
+                                "Text1(13)",
+                                "Text1(14)",
+                                "chkUnitaCond",
+                                "Text1(1)",
+                                "Text1(2)",
+                                "Text1(7)",
+                                "Text1(4)",
+                                "Text1(5)",
+                                "Text1(6)",
+                                "Text1(3)",
+                                "Text1(12)",
+                                "Text1(8)",
+                                "Text1(15)",
+                                "Text1(19)",
+                                "Text1(9)",
+                                "Text1(11)",
+                                "Text1(16)",
+                                "Text1(17)",
+                                "Text1(18)",
+                                "Text1(10)",
+                                "DTPData",
+                                "chkPubblicaDI",
+                                "cmdMostraSoggetti",
+                                "cmdMostraAntroponimi",
+                                "cmdMostraToponimi",
+                                "cmdMostraLink",
+                                "cmdImmagine"};
+    // The chain of the focus from the level, the form's own controls in the order met.
+    QStringList visti;
+    QWidget* campo = Livelli(&editore);
+    for (int i = 0; i < 1000 && visti.size() < attesi.size(); ++i) {
+        if (attesi.contains(campo->objectName()) && !visti.contains(campo->objectName()))
+            visti << campo->objectName();
+        campo = campo->nextInFocusChain();
+    }
+    QCOMPARE(visti, attesi);
 }
 
 QTEST_MAIN(TestDatiInventariali)

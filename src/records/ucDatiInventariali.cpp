@@ -139,7 +139,8 @@ ucDatiInventariali::ucDatiInventariali(QWidget* parent)
     QLabel* lbl4 = NuovaEtichetta(4, QStringLiteral("Datazione (testo)"));
     QLineEdit* txt4 = NuovoTesto(4, 128, QStringLiteral("Inserire datazione"));
     QLabel* lbl1 = NuovaEtichetta(1, QStringLiteral("Numero di corda"));
-    QLineEdit* txt1 = NuovoTesto(1, 64, QStringLiteral("Inserire Numero"));
+    // The number is asked for only for a packing unit (chkUnitaCond gives its Tag).
+    QLineEdit* txt1 = NuovoTesto(1, 64);
     QLabel* lbl0 = NuovaEtichetta(0, QStringLiteral("Livello di descrizione"));
     d->cmbTipologiaDI =
         NuovaCombo(QStringLiteral("cmbTipologiaDI"), QStringLiteral("Inserire tipologia"));
