@@ -216,6 +216,8 @@ private Q_SLOTS:
     void leCodeDelleRigheDiElencoSiComponongonoDaiCampi();
     void leDateDellaPersonaNonSiLascianoSeNonSonoDate_data() { AggiungiBackend(); }
     void leDateDellaPersonaNonSiLascianoSeNonSonoDate();
+    void unaDataCheNonEDataSiSalvaComeNulla_data() { AggiungiBackend(); }
+    void unaDataCheNonEDataSiSalvaComeNulla();
     void gliAnniDiFamigliaEEnteAccettanoQualsiasiTesto_data() { AggiungiBackend(); }
     void gliAnniDiFamigliaEEnteAccettanoQualsiasiTesto();
     void iProfiliSiLeggonoDalFileConLaVirgola_data() { AggiungiBackend(); }
@@ -623,6 +625,29 @@ void TestProduttoriRecord::leDateDellaPersonaNonSiLascianoSeNonSonoDate() {
             QVERIFY2(Riga(&persona, 0)->hasFocus(), qPrintable(giusta));
         }
     }
+}
+
+void TestProduttoriRecord::unaDataCheNonEDataSiSalvaComeNulla() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const long id = ambiente.NuovoSoggetto("P", QStringLiteral("Rossi"));
+    ucPersona persona;
+    persona.Init();
+    persona.Mostra(id);
+    persona.Modifica();
+    Scrivi(&persona, 2, QStringLiteral("02/03/1850"));
+    Scrivi(&persona, 3, QStringLiteral("04/05/1900"));
+    persona.Salva(id);
+    QCOMPARE(ambiente.Di("Persone", "DataNascita", id).toLongLong(), 18500302LL);
+    QCOMPARE(ambiente.Di("Persone", "DataMorte", id).toLongLong(), 19000504LL);
+    // Typed without leaving the box, a date that is none is stored as Null.
+    persona.Modifica();
+    Scrivi(&persona, 2, QStringLiteral("31/02/1900"));
+    Scrivi(&persona, 3, QStringLiteral("1o/01/19oo"));
+    persona.Salva(id);
+    QVERIFY(ambiente.Di("Persone", "DataNascita", id).isNull());
+    QVERIFY(ambiente.Di("Persone", "DataMorte", id).isNull());
 }
 
 void TestProduttoriRecord::gliAnniDiFamigliaEEnteAccettanoQualsiasiTesto() {
