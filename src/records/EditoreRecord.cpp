@@ -621,6 +621,15 @@ QVariant EditoreRecord::ColonnaIntera(const QVariant& valore) {
     return QVariant(qlonglong(qRound64(CDbl(valore.toString()))));
 }
 
+QVariant EditoreRecord::ColonnaDataCompleta(const QString& sTesto) {
+    const QVariant numero = NumeroDaData(sTesto);
+    return ENull(numero) ? NullNumero() : numero;
+}
+
+QVariant EditoreRecord::TestoNonNullo(const QString& sTesto) {
+    return QVariant(sTesto.isNull() ? QStringLiteral("") : sTesto);
+}
+
 bool EditoreRecord::ApriDialogo(const QString& sNome, const QVariantMap& argomenti,
                                 const std::function<void()>& dopo) {
     if (!Dialoghi::Apri(sNome, this, argomenti))

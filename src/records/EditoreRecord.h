@@ -108,6 +108,11 @@ public:
     // A whole number for a column from the text of a box: Null stays Null, a text that is not a
     // number raises, as the assignment to a numeric field does.
     static QVariant ColonnaIntera(const QVariant& valore);
+    // A full date typed as dd/mm/yyyy for its number column (yyyymmdd): a typed Null when the
+    // text is no date.
+    static QVariant ColonnaDataCompleta(const QString& sTesto);
+    // A text for a column that takes no Null: an empty text stays an empty text.
+    static QVariant TestoNonNullo(const QString& sTesto);
 
     // --- Existence tests -------------------------------------------------------------------
     // True if the statement (values bound) gives no row.

@@ -80,17 +80,6 @@ bool LivelloUnita(long lCodice) {
     return lCodice == 5 || lCodice == 6;
 }
 
-// A full date for its column: Null when the text is no date.
-QVariant ColonnaData(const QString& sTesto) {
-    const QVariant numero = NumeroDaData(sTesto);
-    return ENull(numero) ? EditoreRecord::NullNumero() : numero;
-}
-
-// A text never Null: an empty text stays an empty text.
-QVariant TestoPieno(const QString& sTesto) {
-    return QVariant(sTesto.isNull() ? QStringLiteral("") : sTesto);
-}
-
 } // namespace
 
 struct ucDatiInventariali::Dati {
@@ -407,17 +396,17 @@ void ucDatiInventariali::Salva(long IDElem) {
             TestoODefault(sCodice.isEmpty() ? QString() : (QStringLiteral("00") + sCodice).right(2),
                           QStringLiteral("00"));
         cnn.Esegui(SqlScrivi, {sTipologia,
-                               TestoPieno(Trim(TestoDi(Testo(1)))),
+                               TestoNonNullo(Trim(TestoDi(Testo(1)))),
                                testo(2),
                                testo(3),
                                testo(4),
-                               ColonnaData(TestoDi(Testo(5))),
-                               ColonnaData(TestoDi(Testo(6))),
+                               ColonnaDataCompleta(TestoDi(Testo(5))),
+                               ColonnaDataCompleta(TestoDi(Testo(6))),
                                testo(7),
                                testo(8),
                                testo(12),
                                testo(13),
-                               TestoPieno(TestoODefault(TestoDi(Testo(14)))),
+                               TestoNonNullo(TestoODefault(TestoDi(Testo(14)))),
                                testo(15),
                                testo(TestoDiOrdinale(16)),
                                testo(TestoDiOrdinale(17)),
