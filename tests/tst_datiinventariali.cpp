@@ -904,6 +904,7 @@ void TestDatiInventariali::ogniVisualizzatoreRiceveISuoiValoriEPoiSiRileggonoIFl
         QString sDenomElementoLink, sDenomInventario, sTipoLink;
         long lIdElementoLink = -1, lIdInventario = -1, lIdDatoInventariale = -1;
         int iChiamanteToponimi = -1, iChiamanteInv = -1, iEsitoLinkCD = -1, iEsitoLinkSogg = -1;
+        long lIdElemLinkInv = -1;
     };
     QMap<QString, Visto> visti;
     const QMap<QString, QString> scritture = {
@@ -943,6 +944,7 @@ void TestDatiInventariali::ogniVisualizzatoreRiceveISuoiValoriEPoiSiRileggonoIFl
                 v.iChiamanteInv = Sessione::iChiamanteInv;
                 v.iEsitoLinkCD = Sessione::iEsitoLinkCD;
                 v.iEsitoLinkSogg = Sessione::iEsitoLinkSogg;
+                v.lIdElemLinkInv = Sessione::lIdElemLinkInv;
                 visti.insert(nome, v);
                 if (nome == QLatin1String("frmMostraLinkInv"))
                     ambiente.Cnn().Esegui(QStringLiteral("UPDATE DatiInventariali SET "
@@ -984,12 +986,15 @@ void TestDatiInventariali::ogniVisualizzatoreRiceveISuoiValoriEPoiSiRileggonoIFl
     QCOMPARE(sog.iEsitoLinkSogg, 0);
     QVERIFY(editore.Soggetti);
 
+    // The viewer of the complesso finds the unit's tie (none) in the session.
+    Sessione::lIdElemLinkInv = 99;
     Pulsante(&editore, "cmdMostraLink")->click();
     const Visto inv = visti.value(QStringLiteral("frmMostraLinkInv"));
     QCOMPARE(inv.sDenomInventario, QStringLiteral("Serie «prima»"));
     QCOMPARE(inv.lIdInventario, id);
     QCOMPARE(inv.iEsitoLinkCD, 0);
     QCOMPARE(inv.iChiamanteInv, 4);
+    QCOMPARE(inv.lIdElemLinkInv, 0L);
     // Tied to a complesso by the viewer: the unit may no longer be deleted.
     QVERIFY(!editore.OkCancella);
     QCOMPARE(Pulsante(&editore, "cmdMostraLink")->palette().color(QPalette::Button), finestra);
