@@ -287,13 +287,6 @@ QComboBox* EditoreProduttore::Profili() const {
     return cmbProfili;
 }
 
-QString EditoreProduttore::DataErrata(const QString& sTesto) {
-    const QString s = Trim(sTesto);
-    if (!s.isEmpty() && !IsDate(s))
-        return QStringLiteral("Data errata");
-    return QString();
-}
-
 // --- Private -------------------------------------------------------------------------------
 
 void EditoreProduttore::LeggiStato(bool bTrovata, long lChiaveRiga, long lIdSoggettoRiga) {

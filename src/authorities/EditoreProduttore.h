@@ -101,9 +101,6 @@ protected:
     QString Casella(int indice) const;
     // cmbProfili, nullptr for the kinds without a profile.
     QComboBox* Profili() const;
-    // The check of a full date box on leaving it: "Data errata", or "" for an empty box or a
-    // date.
-    static QString DataErrata(const QString& sTesto);
 
 private:
     // The flags and the key from the kind's row (bTrovata false: none).

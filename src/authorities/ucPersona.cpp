@@ -6,7 +6,7 @@ ucPersona::ucPersona(QWidget* parent)
     : EditoreProduttore(Descrizione(), parent) {
     // A date of birth or death that is no date is refused, and the box keeps the focus.
     for (int n : {2, 3})
-        ControllaAllUscita(Testo(n), &EditoreProduttore::DataErrata, Uscita::Rifiuta);
+        ControllaAllUscita(Testo(n), &EditoreRecord::DataErrata, Uscita::Rifiuta);
 }
 
 EditoreProduttore::Tipo ucPersona::Descrizione() {

@@ -463,6 +463,13 @@ void EditoreRecord::ControllaAllUscita(QWidget* casella,
         modo == Uscita::Rifiuta);
 }
 
+QString EditoreRecord::DataErrata(const QString& sTesto) {
+    const QString s = Trim(sTesto);
+    if (!s.isEmpty() && !IsDate(s))
+        return QStringLiteral("Data errata");
+    return QString();
+}
+
 // --- Lock, unlock, clear -----------------------------------------------------------------
 
 void EditoreRecord::BloccaCampi() {

@@ -140,6 +140,9 @@ protected:
     void ControllaAllUscita(QWidget* casella,
                             std::function<QString(const QString& sTesto)> verifica,
                             Uscita modo = Uscita::RestituisceFuoco);
+    // The check of a box of a full date (dd/mm/yyyy) for ControllaAllUscita: "Data errata" when
+    // the text, trimmed, is not empty and no date; "" otherwise.
+    static QString DataErrata(const QString& sTesto);
 
     // The controls in the order of the design.
     void Registra(QWidget* controllo);
