@@ -143,7 +143,6 @@ QList<QWidget*> EditoreProduttore::Controls() const {
 }
 
 void EditoreProduttore::Init() {
-    lIdSoggetto = 0;
     if (cmbProfili != nullptr) {
         cmbProfili->clear();
         CaricaListaCoppie(cmbProfili, ProfiliEnti);
@@ -163,7 +162,6 @@ void EditoreProduttore::Nuovo() {
 
 void EditoreProduttore::Mostra(long ID_Soggetto) {
     Pulisci();
-    lIdSoggetto = ID_Soggetto;
     const Connessione& cnn = Cnn();
     const QVariant id = Id(ID_Soggetto);
 
@@ -223,7 +221,6 @@ bool EditoreProduttore::CheckMandatoryFields() {
 }
 
 void EditoreProduttore::Salva(long ID_Soggetto) {
-    lIdSoggetto = ID_Soggetto;
     const Connessione& cnn = Cnn();
     const QVariant id = Id(ID_Soggetto);
     // Every value is made before anything is written: a box that cannot be stored leaves both

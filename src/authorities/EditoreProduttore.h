@@ -113,7 +113,6 @@ private:
 
     const Tipo tipo;
     long lChiave = 0;
-    long lIdSoggetto = 0;
     QCheckBox* chkPubblicato = nullptr;
     QDateEdit* DTPData = nullptr;
     QComboBox* cmbProfili = nullptr;
