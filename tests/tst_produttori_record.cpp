@@ -86,9 +86,12 @@ const Genere Generi[] = {
      }},
 };
 
-std::unique_ptr<EditoreProduttore> Pronto(const Genere& g) {
+// An editor of the kind made ready by Init and, when a producer is given, showing it.
+std::unique_ptr<EditoreProduttore> Pronto(const Genere& g, long idSoggetto = 0) {
     std::unique_ptr<EditoreProduttore> editore(g.crea());
     editore->Init();
+    if (idSoggetto != 0)
+        editore->Mostra(idSoggetto);
     return editore;
 }
 
@@ -394,8 +397,7 @@ void TestProduttoriRecord::unNomeLasciatoSegnapostoODiSpaziNonPassaIlControllo()
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    ucPersona persona;
-    persona.Init();
+    EditorePronto<ucPersona> persona;
     persona.Nuovo();
     for (int n : {14, 6, 7, 9, 1})
         Scrivi(&persona, n, QStringLiteral("1500"));
@@ -416,9 +418,7 @@ void TestProduttoriRecord::ogniCampoDellaPersonaFaIlGiroColonnaPerColonna() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const long id = ambiente.NuovoSoggetto("P", QStringLiteral("Rossi"));
-    ucPersona persona;
-    persona.Init();
-    persona.Mostra(id);
+    EditorePronto<ucPersona> persona(id);
     persona.Modifica();
     const QMap<int, QString> scritti = RiempiTesti(&persona, CampiPersona, {2, 3, 7, 8});
     // The dates at their limits, a year of three digits.
@@ -436,9 +436,7 @@ void TestProduttoriRecord::ogniCampoDellaPersonaFaIlGiroColonnaPerColonna() {
     // The name reaches Soggetti through the database.
     QCOMPARE(ambiente.Di("Soggetti", "Denominazione", id).toString(), scritti.value(0));
 
-    ucPersona riletta;
-    riletta.Init();
-    riletta.Mostra(id);
+    EditorePronto<ucPersona> riletta(id);
     for (auto it = scritti.cbegin(); it != scritti.cend(); ++it)
         QCOMPARE(Testo(&riletta, it.key()), it.value());
     QCOMPARE(Testo(&riletta, 2), QStringLiteral("01/01/1000"));
@@ -470,9 +468,7 @@ void TestProduttoriRecord::ogniCampoDellaFamigliaFaIlGiroColonnaPerColonna() {
     // Persone is read by both statements and written by neither.
     ambiente.Cnn().Esegui(QStringLiteral("UPDATE Famiglie SET Persone = ? WHERE ID_Soggetto = ?"),
                           {QStringLiteral("Cosimo, Lorenzo"), Id(id)});
-    ucFamiglia famiglia;
-    famiglia.Init();
-    famiglia.Mostra(id);
+    EditorePronto<ucFamiglia> famiglia(id);
     famiglia.Modifica();
     const QMap<int, QString> scritti = RiempiTesti(&famiglia, CampiFamiglia, {2, 3});
     Scrivi(&famiglia, 2, QStringLiteral("1389"));
@@ -485,9 +481,7 @@ void TestProduttoriRecord::ogniCampoDellaFamigliaFaIlGiroColonnaPerColonna() {
     QCOMPARE(ambiente.Di("Famiglie", "Persone", id).toString(), QStringLiteral("Cosimo, Lorenzo"));
     QCOMPARE(ambiente.Di("Soggetti", "Denominazione", id).toString(), scritti.value(0));
 
-    ucFamiglia riletta;
-    riletta.Init();
-    riletta.Mostra(id);
+    EditorePronto<ucFamiglia> riletta(id);
     for (auto it = scritti.cbegin(); it != scritti.cend(); ++it)
         QCOMPARE(Testo(&riletta, it.key()), it.value());
     QCOMPARE(Testo(&riletta, 2), QStringLiteral("1389"));
@@ -502,9 +496,7 @@ void TestProduttoriRecord::ogniCampoDellEnteFaIlGiroColonnaPerColonna() {
     ambiente.Cnn().Esegui(
         QStringLiteral("UPDATE Enti SET NaturaGiuridica = ? WHERE ID_Soggetto = ?"),
         {QStringLiteral("pubblica"), Id(id)});
-    ucEnte ente;
-    ente.Init();
-    ente.Mostra(id);
+    EditorePronto<ucEnte> ente(id);
     ente.Modifica();
     const QMap<int, QString> scritti = RiempiTesti(&ente, CampiEnte, {2, 3});
     Scrivi(&ente, 2, QStringLiteral("1115"));
@@ -521,9 +513,7 @@ void TestProduttoriRecord::ogniCampoDellEnteFaIlGiroColonnaPerColonna() {
     QCOMPARE(ambiente.Di("Enti", "NaturaGiuridica", id).toString(), QStringLiteral("pubblica"));
     QCOMPARE(ambiente.Di("Soggetti", "Denominazione", id).toString(), scritti.value(0));
 
-    ucEnte riletto;
-    riletto.Init();
-    riletto.Mostra(id);
+    EditorePronto<ucEnte> riletto(id);
     for (auto it = scritti.cbegin(); it != scritti.cend(); ++it)
         QCOMPARE(Testo(&riletto, it.key()), it.value());
     QCOMPARE(Combo(&riletto, "cmbProfili")->currentText(), QStringLiteral("Comune"));
@@ -541,17 +531,15 @@ void TestProduttoriRecord::unAnnoDiTreCifreSiSalvaInSetteCifreESiRilegge() {
     Ambiente ambiente(backend);
     for (const Genere& g : Generi) {
         const long id = ambiente.NuovoSoggetto(g.tipo, QStringLiteral("Antico"));
-        const std::unique_ptr<EditoreProduttore> editore = Pronto(g);
+        const std::unique_ptr<EditoreProduttore> editore = Pronto(g, id);
         const int inizio = QLatin1String(g.tipo) == QLatin1String("P") ? 7 : 2;
-        editore->Mostra(id);
         editore->Modifica();
         Scrivi(editore.get(), inizio, QStringLiteral("850"));
         Scrivi(editore.get(), inizio + 1, QStringLiteral("999"));
         editore->Salva(id);
         QCOMPARE(ambiente.Di(g.tabella, "DataInizio", id).toLongLong(), 8500101LL);
         QCOMPARE(ambiente.Di(g.tabella, "DataFine", id).toLongLong(), 9991231LL);
-        const std::unique_ptr<EditoreProduttore> riletto = Pronto(g);
-        riletto->Mostra(id);
+        const std::unique_ptr<EditoreProduttore> riletto = Pronto(g, id);
         QCOMPARE(Testo(riletto.get(), inizio), QStringLiteral("850"));
         QCOMPARE(Testo(riletto.get(), inizio + 1), QStringLiteral("999"));
     }
@@ -561,8 +549,7 @@ void TestProduttoriRecord::leCodeDelleRigheDiElencoSiComponongonoDaiCampi() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    ucPersona persona;
-    persona.Init();
+    EditorePronto<ucPersona> persona;
     persona.Nuovo();
     QCOMPARE(persona.LeggiEstremi(), QString());
     Scrivi(&persona, 4, QStringLiteral("Roma"));
@@ -575,8 +562,7 @@ void TestProduttoriRecord::leCodeDelleRigheDiElencoSiComponongonoDaiCampi() {
     Scrivi(&persona, 5, QStringLiteral("Milano"));
     QCOMPARE(persona.LeggiEstremi(), QStringLiteral(", (Roma 01/02/1850 - Milano 01/01/1900)"));
 
-    ucFamiglia famiglia;
-    famiglia.Init();
+    EditorePronto<ucFamiglia> famiglia;
     famiglia.Nuovo();
     QCOMPARE(famiglia.LeggiEstremi(), QStringLiteral(",  ()"));
     Scrivi(&famiglia, 1, QStringLiteral("conti"));
@@ -585,8 +571,7 @@ void TestProduttoriRecord::leCodeDelleRigheDiElencoSiComponongonoDaiCampi() {
     Scrivi(&famiglia, 4, QStringLiteral("1400-1700"));
     QCOMPARE(famiglia.LeggiEstremi(), QStringLiteral(", conti (1400-1700)"));
 
-    ucEnte ente;
-    ente.Init();
+    EditorePronto<ucEnte> ente;
     ente.Nuovo();
     QCOMPARE(ente.LeggiEstremi(), QStringLiteral(",  ()"));
     Scrivi(&ente, 1, QStringLiteral("Siena"));
@@ -598,8 +583,7 @@ void TestProduttoriRecord::leDateDellaPersonaNonSiLascianoSeNonSonoDate() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    ucPersona persona;
-    persona.Init();
+    EditorePronto<ucPersona> persona;
     QVERIFY(Attiva(persona));
     persona.Nuovo();
     int iAttesi = 0;
@@ -632,9 +616,7 @@ void TestProduttoriRecord::unaDataCheNonEDataSiSalvaComeNulla() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const long id = ambiente.NuovoSoggetto("P", QStringLiteral("Rossi"));
-    ucPersona persona;
-    persona.Init();
-    persona.Mostra(id);
+    EditorePronto<ucPersona> persona(id);
     persona.Modifica();
     Scrivi(&persona, 2, QStringLiteral("02/03/1850"));
     Scrivi(&persona, 3, QStringLiteral("04/05/1900"));
@@ -654,8 +636,7 @@ void TestProduttoriRecord::gliAnniDiFamigliaEEnteAccettanoQualsiasiTesto() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
-    ucFamiglia famiglia;
-    famiglia.Init();
+    EditorePronto<ucFamiglia> famiglia;
     QVERIFY(Attiva(famiglia));
     famiglia.Nuovo();
     for (int n : {2, 3}) {
@@ -674,8 +655,7 @@ void TestProduttoriRecord::iProfiliSiLeggonoDalFileConLaVirgola() {
     ambiente.cartella.Scrivi(
         QStringLiteral("ProfiliEnti.txt"),
         "01,Stato preunitario\r\n03,Comune\r\n\"12\",\"Opera pia, ospedale\"\r\n7,Senza zero\r\n");
-    ucEnte ente;
-    ente.Init();
+    EditorePronto<ucEnte> ente;
     QComboBox* cmb = Combo(&ente, "cmbProfili");
     QStringList voci;
     for (int i = 0; i < cmb->count(); ++i)
@@ -703,8 +683,7 @@ void TestProduttoriRecord::unProfiloCheIlFileNonHaNonSiMostraEFermaIlSalvataggio
                            QStringLiteral("sec. XIII"), Id(id)});
     ambiente.Cnn().Esegui(QStringLiteral("UPDATE Soggetti SET Redattore = ? WHERE ID_Soggetto = ?"),
                           {QStringLiteral("Maria"), Id(id)});
-    ucEnte ente;
-    ente.Init();
+    EditorePronto<ucEnte> ente;
     // A profile of the file chosen before, as the record last shown leaves it.
     Combo(&ente, "cmbProfili")->setCurrentIndex(0);
     ente.Mostra(id);
@@ -726,9 +705,7 @@ void TestProduttoriRecord::pulisciLasciaLaDataEIlProfiloEAzzeraIlCodice() {
     ambiente.Cnn().Esegui(QStringLiteral("UPDATE Soggetti SET Pubblicato = ?, DataRedazione = ? "
                                          "WHERE ID_Soggetto = ?"),
                           {QStringLiteral("S"), QDateTime(QDate(2001, 3, 4), QTime(0, 0)), Id(id)});
-    ucEnte ente;
-    ente.Init();
-    ente.Mostra(id);
+    EditorePronto<ucEnte> ente(id);
     auto* dtp = ente.findChild<QDateEdit*>(QStringLiteral("DTPData"));
     auto* chk = ente.findChild<QCheckBox*>(QStringLiteral("chkPubblicato"));
     auto* lbCodice = ente.findChild<QLabel*>(QStringLiteral("lbCodice"));
@@ -778,8 +755,7 @@ void TestProduttoriRecord::soloIComplessiCollegatiImpedisconoLaCancellazione() {
     Ambiente ambiente(backend);
     for (const Genere& g : Generi) {
         const long id = ambiente.NuovoSoggetto(g.tipo, QStringLiteral("Rossi"));
-        const std::unique_ptr<EditoreProduttore> editore = Pronto(g);
-        editore->Mostra(id);
+        const std::unique_ptr<EditoreProduttore> editore = Pronto(g, id);
         QVERIFY(editore->OkNuovo);
         QVERIFY(editore->OkModifica);
         QVERIFY(editore->OkAltreDenominazioni);
@@ -816,8 +792,7 @@ void TestProduttoriRecord::leAltreDenominazioniSiContanoPerTipo() {
     for (const Genere& g : Generi) {
         const long id = ambiente.NuovoSoggetto(g.tipo, QStringLiteral("Rossi"));
         const long altro = ambiente.NuovoSoggetto(g.tipo, QStringLiteral("Neri"));
-        const std::unique_ptr<EditoreProduttore> editore = Pronto(g);
-        editore->Mostra(id);
+        const std::unique_ptr<EditoreProduttore> editore = Pronto(g, id);
         QVERIFY(!editore->AltreDenominazioni);
         // A name of another producer of the kind is not this one's.
         ambiente.Cnn().Esegui(
@@ -843,8 +818,7 @@ void TestProduttoriRecord::unProduttoreCheNonCeLasciaIlModuloVuotoEIPermessiSpen
     Ambiente ambiente(backend);
     for (const Genere& g : Generi) {
         const long id = ambiente.NuovoSoggetto(g.tipo, QStringLiteral("Rossi"));
-        const std::unique_ptr<EditoreProduttore> editore = Pronto(g);
-        editore->Mostra(id);
+        const std::unique_ptr<EditoreProduttore> editore = Pronto(g, id);
         QCOMPARE(Testo(editore.get(), 0), QStringLiteral("Rossi"));
         editore->Mostra(id + 1000);
         QCOMPARE(Testo(editore.get(), 0), QString());
@@ -868,8 +842,7 @@ void TestProduttoriRecord::unProduttoreToltoDaUnAltraPostazioneNonSiScrive() {
     for (const Genere& g : Generi) {
         for (const char* tabellaTolta : {"Soggetti", g.tabella}) {
             const long id = ambiente.NuovoSoggetto(g.tipo, QStringLiteral("Rossi"));
-            const std::unique_ptr<EditoreProduttore> editore = Pronto(g);
-            editore->Mostra(id);
+            const std::unique_ptr<EditoreProduttore> editore = Pronto(g, id);
             editore->Modifica();
             Scrivi(editore.get(), 0, QStringLiteral("Verdi"));
             // Another workstation deletes the producer meanwhile.
@@ -892,9 +865,7 @@ void TestProduttoriRecord::unAnnoCheNonENumeroNonScriveNulla() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const long id = ambiente.NuovoSoggetto("F", QStringLiteral("Medici"));
-    ucFamiglia famiglia;
-    famiglia.Init();
-    famiglia.Mostra(id);
+    EditorePronto<ucFamiglia> famiglia(id);
     famiglia.Modifica();
     Scrivi(&famiglia, 0, QStringLiteral("Strozzi"));
     Scrivi(&famiglia, 10, QStringLiteral("Maria"));
@@ -913,8 +884,7 @@ void TestProduttoriRecord::laPubblicazioneLaDataEIlRedattoreVannoInSoggetti() {
     Ambiente ambiente(backend);
     for (const Genere& g : Generi) {
         const long id = ambiente.NuovoSoggetto(g.tipo, QStringLiteral("Rossi"));
-        const std::unique_ptr<EditoreProduttore> editore = Pronto(g);
-        editore->Mostra(id);
+        const std::unique_ptr<EditoreProduttore> editore = Pronto(g, id);
         auto* dtp = editore->findChild<QDateEdit*>(QStringLiteral("DTPData"));
         auto* chk = editore->findChild<QCheckBox*>(QStringLiteral("chkPubblicato"));
         // No date stored shows today.
@@ -930,8 +900,7 @@ void TestProduttoriRecord::laPubblicazioneLaDataEIlRedattoreVannoInSoggetti() {
                  QStringLiteral("Anna D'Arco"));
         QCOMPARE(ambiente.Di("Soggetti", "DataRedazione", id).toDateTime().date(),
                  QDate(1999, 12, 31));
-        const std::unique_ptr<EditoreProduttore> riletto = Pronto(g);
-        riletto->Mostra(id);
+        const std::unique_ptr<EditoreProduttore> riletto = Pronto(g, id);
         QCOMPARE(riletto->findChild<QDateEdit*>(QStringLiteral("DTPData"))->date(),
                  QDate(1999, 12, 31));
         QVERIFY(riletto->findChild<QCheckBox*>(QStringLiteral("chkPubblicato"))->isChecked());
@@ -948,8 +917,7 @@ void TestProduttoriRecord::mostraBloccaIlModuloEModificaLoSblocca() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const long id = ambiente.NuovoSoggetto("P", QStringLiteral("Rossi"));
-    ucPersona persona;
-    persona.Init();
+    EditorePronto<ucPersona> persona;
     QVERIFY(!Riga(&persona, 0)->isEnabled());
     persona.Mostra(id);
     QVERIFY(!Riga(&persona, 0)->isEnabled());
