@@ -334,12 +334,16 @@ void TestConnessione::leRigheSiLeggonoPerLaViaDelMotoreConIValoriLegati() {
     QVERIFY(!righe->Null(2));
     QCOMPARE(QString::fromUtf8(righe->Testo(2)), sPadre);
     QCOMPARE(QString::fromUtf8(righe->Testo(3)), QStringLiteral("01"));
+    // The same texts as strings, for a reader that keeps them.
+    QCOMPARE(righe->Stringa(2), sPadre);
+    QCOMPARE(righe->Stringa(3), QStringLiteral("01"));
     QVERIFY(righe->Prossima());
     QCOMPARE(righe->Intero(0), figlio);
     QCOMPARE(righe->Intero(1), padre);
     // An empty text is no Null.
     QVERIFY(!righe->Null(2));
     QVERIFY(righe->Testo(2).isEmpty());
+    QVERIFY(righe->Stringa(2).isEmpty());
     QVERIFY(!righe->Prossima());
 }
 

@@ -48,7 +48,7 @@ const Tipo Tipi[] = {
 };
 
 QString Testo(const LetturaRighe& riga, int iColonna) {
-    return QString::fromUtf8(riga.Testo(iColonna));
+    return riga.Stringa(iColonna);
 }
 
 // The text of a row of each tab: the name and its dates.

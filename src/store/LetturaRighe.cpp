@@ -47,3 +47,7 @@ QByteArrayView LetturaRigheQt::Testo(int iColonna) const {
     testo = query.value(iColonna).toString().toUtf8();
     return testo;
 }
+
+QString LetturaRigheQt::Stringa(int iColonna) const {
+    return query.value(iColonna).toString();
+}

@@ -24,6 +24,9 @@ public:
     virtual bool Null(int iColonna) const = 0;
     virtual qint64 Intero(int iColonna) const = 0;
     virtual QByteArrayView Testo(int iColonna) const = 0;
+    // The same text as a string, for a reader that keeps it (by default from Testo; Qt's path
+    // gives the driver's own string, without going through UTF-8 and back).
+    virtual QString Stringa(int iColonna) const { return QString::fromUtf8(Testo(iColonna)); }
     // The path in a word: "sqlite3" or "Qt".
     virtual QString Via() const = 0;
 };
@@ -40,6 +43,7 @@ public:
     bool Null(int iColonna) const override;
     qint64 Intero(int iColonna) const override;
     QByteArrayView Testo(int iColonna) const override;
+    QString Stringa(int iColonna) const override;
     QString Via() const override { return QStringLiteral("Qt"); }
 
 private:
