@@ -169,6 +169,10 @@ private Q_SLOTS:
     void iTestiSiMostranoSenzaIBianchiAiLati_data() { AggiungiBackend(); }
     void iTestiSiMostranoSenzaIBianchiAiLati();
     void laTastieraPercorreIlModuloComeSiVede();
+    void nuovoSvuotaIlModuloDopoUnUnitaMostrata_data() { AggiungiBackend(); }
+    void nuovoSvuotaIlModuloDopoUnUnitaMostrata();
+    void annullaUnaModificaRiportaIValoriSalvati_data() { AggiungiBackend(); }
+    void annullaUnaModificaRiportaIValoriSalvati();
 };
 
 void TestDatiInventariali::iCampiHannoEtichetteLimitiETagEIlLivelloDalFile() {
@@ -1195,6 +1199,64 @@ void TestDatiInventariali::laTastieraPercorreIlModuloComeSiVede() {
         campo = campo->nextInFocusChain();
     }
     QCOMPARE(visti, attesi);
+}
+
+void TestDatiInventariali::nuovoSvuotaIlModuloDopoUnUnitaMostrata() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const Ambiente::Albero albero = ambiente.CreaUnita();
+    ambiente.Livello(albero.unita, QStringLiteral("05"));
+    ambiente.Scrivi(QStringLiteral("Numero = '4', FlgUnitaCond = 1, Note = 'nota'"),
+                    {Id(albero.unita)});
+    auto* editore = new ucDatiInventariali;
+    HostEditore ospite(editore, QStringLiteral("07"), albero.inventario);
+    CollegaPermessi(ospite, editore, &ucDatiInventariali::OkNuovoDatoInventariale);
+    ospite.Carica();
+    QVERIFY(Attiva(ospite));
+    ospite.MostraElemento(albero.unita);
+    QCOMPARE(Testo(editore, 8), QStringLiteral("nota"));
+    QVERIFY(Casella(editore, "chkUnitaCond")->isHidden());
+    editore->AssegnaInventario(ambiente.IdInventario(albero.inventario), albero.inventario);
+    ospite.cmdNuovo->click();
+    QCOMPARE(Testo(editore, 8), QString());
+    QCOMPARE(Testo(editore, 14), QString());
+    QCOMPARE(Livelli(editore)->currentIndex(), -1);
+    QVERIFY(!Casella(editore, "chkUnitaCond")->isChecked());
+    QVERIFY(!Casella(editore, "chkUnitaCond")->isHidden());
+    QVERIFY(Riga(editore, 1)->isHidden());
+    QCOMPARE(DataRedazione(editore)->date(), QDate::currentDate());
+    for (int n : Condizioni)
+        QVERIFY(Riga(editore, n)->isEnabled());
+    QVERIFY(Livelli(editore)->hasFocus());
+}
+
+void TestDatiInventariali::annullaUnaModificaRiportaIValoriSalvati() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const Ambiente::Albero albero = ambiente.CreaUnita();
+    auto* editore = new ucDatiInventariali;
+    HostEditore ospite(editore, QStringLiteral("07"), albero.inventario);
+    CollegaPermessi(ospite, editore, &ucDatiInventariali::OkNuovoDatoInventariale);
+    ospite.Carica();
+    ospite.MostraElemento(albero.unita);
+    ospite.cmdModifica->click();
+    QVERIFY(Riga(editore, 14)->isEnabled());
+    QVERIFY(!Pulsante(editore, "cmdMostraSoggetti")->isEnabled());
+    Riga(editore, 14)->setText(QStringLiteral("Altro titolo"));
+    ospite.cmdAnnulla->click();
+    QCOMPARE(ospite.Stato(), QStringLiteral("mostra"));
+    QCOMPARE(Testo(editore, 14), QStringLiteral("Serie prima"));
+    QVERIFY(!Riga(editore, 14)->isEnabled());
+    QVERIFY(Pulsante(editore, "cmdMostraSoggetti")->isEnabled());
+    QCOMPARE(ambiente.Colonna(QStringLiteral("Titolo"), albero.unita).toString(),
+             QStringLiteral("Serie prima"));
+    // Annulla alone locks the editor, the host shows the record again.
+    editore->Modifica();
+    editore->Annulla();
+    QVERIFY(!Riga(editore, 14)->isEnabled());
+    QVERIFY(Pulsante(editore, "cmdMostraToponimi")->isEnabled());
 }
 
 QTEST_MAIN(TestDatiInventariali)

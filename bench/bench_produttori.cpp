@@ -1,0 +1,189 @@
+// The producers' window on a large archive: builds N persons, N/5 families and N/5 bodies
+// (100,000, 20,000 and 20,000 when not given) on SQLite or PostgreSQL, with places, dates and
+// titles, then times, offscreen and in one run, against the bare read of the rows each list
+// shows: the opening of "Produttori" (its first tab loaded and its first row shown), the first
+// showing of each other tab, and a click on a row until its record shows. To weigh the list's
+// implementation it also fills the same rows into item widgets (QTreeWidget), beside the
+// model over two arrays that the window uses.
+//
+//   QT_QPA_PLATFORM=offscreen bench_produttori [persone] [sqlite|postgresql]
+//
+// PostgreSQL needs TABELLION_PG_HOST/PORT/USER/PASSWORD.
+
+#include "ArchivioBanco.h"
+#include "RiferimentoMotore.h"
+#include "authorities/frmSoggetti.h"
+#include "authorities/ucPersona.h"
+#include "records/ModelloElenco.h"
+#include "session/Sessione.h"
+
+#include <QApplication>
+#include <QTabWidget>
+#include <QTreeView>
+#include <QTreeWidget>
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using ArchivioBanco::Secondi;
+using ArchivioBanco::Tempo;
+using ArchivioBanco::Uscita;
+
+QString Millisecondi(double dSecondi) {
+    return QStringLiteral("%1 ms").arg(dSecondi * 1000, 0, 'f', 2);
+}
+
+QString Rapporto(double dTempo, double dRiferimento) {
+    return QStringLiteral(" (rapporto %1 sulla lettura nuda)")
+        .arg(dTempo / dRiferimento, 0, 'f', 2);
+}
+
+// N producers of a kind in Soggetti by the bulk path, in one transaction, their keys from the
+// first one and their names in a scattered order (the database's duties make the kind's rows).
+void CostruisciProduttori(const Connessione& cnn, qint64 quanti, const char* tipo,
+                          const QString& sPrefisso, qint64 lPrimo) {
+    QSqlDatabase db = cnn.Db();
+    db.transaction();
+    const auto carico = cnn.backend().ApriCaricamento(db, QStringLiteral("Soggetti"),
+                                                      {QStringLiteral("ID_Soggetto"),
+                                                       QStringLiteral("Denominazione"),
+                                                       QStringLiteral("TipoSoggetto")});
+    for (qint64 k = 0; k < quanti; ++k) {
+        const qint64 sparso = (k * 7919) % quanti;
+        const std::array<QVariant, 3> riga{
+            lPrimo + k,
+            QStringLiteral("%1 %2").arg(sPrefisso).arg(static_cast<qlonglong>(sparso), 6, 10,
+                                                       QLatin1Char('0')),
+            QString::fromLatin1(tipo)};
+        carico->Aggiungi(riga);
+        if (carico->Pieno()) {
+            ArchivioBanco::Invia(*carico);
+        }
+    }
+    ArchivioBanco::Invia(*carico);
+    db.commit();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    try {
+        QElapsedTimer orologio;
+        orologio.start();
+        const ArchivioBanco::BancoFinestra banco(app.arguments(),
+                                                 QStringLiteral("bench_produttori"));
+        const Connessione& cnn = *Sessione::cnn;
+        const qint64 persone = banco.richiesti;
+        const qint64 altri = std::max<qint64>(1, persone / 5);
+        CostruisciProduttori(cnn, persone, "P", QStringLiteral("Rossi"), 1);
+        CostruisciProduttori(cnn, altri, "F", QStringLiteral("Famiglia"), persone + 1);
+        CostruisciProduttori(cnn, altri, "E", QStringLiteral("Ente"), persone + altri + 1);
+        cnn.Esegui(QStringLiteral(
+            "UPDATE Persone SET LuogoNascita = 'Lucca', DataNascita = 18000101 + ID_Soggetto % 28, "
+            "LuogoMorte = 'Pisa', DataMorte = 18600101, Titoli = 'notaio'"));
+        cnn.Esegui(QStringLiteral(
+            "UPDATE Famiglie SET Titoli = 'conti', DescrizioneEstremi = 'secc. XIII-XIX'"));
+        cnn.Esegui(
+            QStringLiteral("UPDATE Enti SET Sede = 'Lucca', DescrizioneEstremi = '(1300-1800)'"));
+        cnn.Esegui(QStringLiteral("ANALYZE"));
+        Uscita() << (banco.bPostgreSQL ? "PostgreSQL" : "SQLite") << ", produttori: " << persone
+                 << " persone, " << altri << " famiglie, " << altri << " enti, in "
+                 << Tempo(Secondi(orologio)) << "\n";
+
+        // The bare read of each list's rows, every value read once.
+        std::array<ArchivioBanco::Lettura, 3> nude;
+        for (int i = 0; i < 3; ++i) {
+            nude[i] = ArchivioBanco::LetturaNuda(cnn, {frmSoggetti::SqlLista(cnn, i)});
+            Uscita() << "lettura nuda della scheda " << i << ": " << nude[i].righe << " righe in "
+                     << Tempo(nude[i].dSecondi) << "\n";
+        }
+
+        orologio.restart();
+        auto* finestra = new frmSoggetti;
+        finestra->resize(1200, 800);
+        finestra->show();
+        QApplication::processEvents();
+        const double dApertura = Secondi(orologio);
+        Uscita() << "apertura di Produttori (scheda Persone): " << finestra->Modello(0).Righe()
+                 << " righe in " << Tempo(dApertura) << Rapporto(dApertura, nude[0].dSecondi)
+                 << "\n";
+        for (int i = 1; i < 3; ++i) {
+            orologio.restart();
+            finestra->SSTab1->setCurrentIndex(i);
+            QApplication::processEvents();
+            const double dScheda = Secondi(orologio);
+            Uscita() << "prima visualizzazione della scheda " << i << ": "
+                     << finestra->Modello(i).Righe() << " righe in " << Tempo(dScheda)
+                     << Rapporto(dScheda, nude[i].dSecondi) << "\n";
+        }
+
+        // Clicks on persons spread over the list: the slowest and the median.
+        finestra->SSTab1->setCurrentIndex(0);
+        QApplication::processEvents();
+        QList<double> clic;
+        const int iRighe = finestra->Modello(0).Righe();
+        for (int k = 1; k <= 50; ++k) {
+            const int iRiga = static_cast<int>((static_cast<qint64>(iRighe - 1) * k) / 50);
+            orologio.restart();
+            finestra->Lista(0)->setCurrentIndex(finestra->Modello(0).index(iRiga));
+            QApplication::processEvents();
+            clic.append(Secondi(orologio));
+            if (finestra->aId[0] != finestra->Modello(0).Id(iRiga) ||
+                finestra->fraPersona->LeggiDenominazione().isEmpty()) {
+                throw Errore(QStringLiteral("bench"),
+                             QStringLiteral("Persona della riga %1 non mostrata").arg(iRiga));
+            }
+        }
+        std::sort(clic.begin(), clic.end());
+        Uscita() << "clic su una persona fino al suo record (" << clic.size()
+                 << " persone): mediana " << Millisecondi(clic[clic.size() / 2])
+                 << ", il più lento " << Millisecondi(clic.last()) << "\n";
+
+        // The same rows of persons in the two ways a list can hold them.
+        QList<qint64> ids;
+        QList<QString> testi;
+        for (int i = 0; i < iRighe; ++i) {
+            ids.append(finestra->Modello(0).Id(i));
+            testi.append(finestra->Modello(0).Testo(i));
+        }
+        delete finestra;
+        const long memoriaPrima = RiferimentoMotore::PiccoMemoriaKiB();
+        {
+            orologio.restart();
+            QTreeView vista;
+            ModelloElenco modello;
+            vista.setUniformRowHeights(true);
+            vista.setModel(&modello);
+            modello.Riempi(ids, testi);
+            vista.show();
+            QApplication::processEvents();
+            Uscita() << "le righe delle persone in un modello su due vettori: "
+                     << Millisecondi(Secondi(orologio)) << "\n";
+        }
+        {
+            orologio.restart();
+            QTreeWidget vista;
+            vista.setUniformRowHeights(true);
+            QList<QTreeWidgetItem*> voci;
+            voci.reserve(iRighe);
+            for (int i = 0; i < iRighe; ++i) {
+                auto* voce = new QTreeWidgetItem(QStringList{testi[i]});
+                voce->setData(0, Qt::UserRole, ModelloElenco::Chiave(ids[i]));
+                voci.append(voce);
+            }
+            vista.addTopLevelItems(voci);
+            vista.show();
+            QApplication::processEvents();
+            Uscita() << "le stesse righe in voci di QTreeWidget: "
+                     << Millisecondi(Secondi(orologio)) << ", picco di memoria da " << memoriaPrima
+                     << " a " << RiferimentoMotore::PiccoMemoriaKiB() << " KiB\n";
+        }
+        return 0;
+    } catch (const Errore& errore) {
+        Uscita() << errore.testo() << '\n';
+        return 1;
+    }
+}
