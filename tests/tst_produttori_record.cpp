@@ -562,21 +562,21 @@ void TestProduttoriRecord::leCodeDelleRigheDiElencoSiComponongonoDaiCampi() {
     Scrivi(&persona, 5, QStringLiteral("Milano"));
     QCOMPARE(persona.LeggiEstremi(), QStringLiteral(", (Roma 01/02/1850 - Milano 01/01/1900)"));
 
+    // A family's titles and a body's seat, each before its dates in words.
     EditorePronto<ucFamiglia> famiglia;
-    famiglia.Nuovo();
-    QCOMPARE(famiglia.LeggiEstremi(), QStringLiteral(",  ()"));
-    Scrivi(&famiglia, 1, QStringLiteral("conti"));
-    Scrivi(&famiglia, 4, QStringLiteral("(sec. XV-XVIII)"));
-    QCOMPARE(famiglia.LeggiEstremi(), QStringLiteral(", conti (sec. XV-XVIII)"));
-    Scrivi(&famiglia, 4, QStringLiteral("1400-1700"));
-    QCOMPARE(famiglia.LeggiEstremi(), QStringLiteral(", conti (1400-1700)"));
-
     EditorePronto<ucEnte> ente;
-    ente.Nuovo();
-    QCOMPARE(ente.LeggiEstremi(), QStringLiteral(",  ()"));
-    Scrivi(&ente, 1, QStringLiteral("Siena"));
-    Scrivi(&ente, 4, QStringLiteral("1200-1800)"));
-    QCOMPARE(ente.LeggiEstremi(), QStringLiteral(", Siena (1200-1800)"));
+    for (EditoreProduttore* editore :
+         {static_cast<EditoreProduttore*>(&famiglia), static_cast<EditoreProduttore*>(&ente)}) {
+        editore->Nuovo();
+        QCOMPARE(editore->LeggiEstremi(), QStringLiteral(",  ()"));
+        Scrivi(editore, 1, QStringLiteral(" Siena "));
+        Scrivi(editore, 4, QStringLiteral("(sec. XV-XVIII)"));
+        QCOMPARE(editore->LeggiEstremi(), QStringLiteral(", Siena (sec. XV-XVIII)"));
+        Scrivi(editore, 4, QStringLiteral("1400-1700"));
+        QCOMPARE(editore->LeggiEstremi(), QStringLiteral(", Siena (1400-1700)"));
+        Scrivi(editore, 4, QStringLiteral("1200-1800)"));
+        QCOMPARE(editore->LeggiEstremi(), QStringLiteral(", Siena (1200-1800)"));
+    }
 }
 
 void TestProduttoriRecord::leDateDellaPersonaNonSiLascianoSeNonSonoDate() {
