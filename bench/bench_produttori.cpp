@@ -1,8 +1,9 @@
 // The producers' window on a large archive: builds N persons, N/5 families and N/5 bodies
 // (100,000, 20,000 and 20,000 when not given) on SQLite or PostgreSQL, with places, dates and
 // titles, then times, offscreen and in one run, against the bare read of the rows each list
-// shows: the opening of "Produttori" (its first tab loaded and its first row shown), the first
-// showing of each other tab, and a click on a row until its record shows. To weigh the list's
+// shows: the opening of "Produttori" (its first tab loaded and its first row shown) and the
+// first showing of each other tab (the best of three, each), and a click on a row until its
+// record shows. To weigh the list's
 // implementation it also fills the same rows into item widgets (QTreeWidget), beside the
 // model over two arrays that the window uses.
 //
@@ -93,46 +94,57 @@ int main(int argc, char** argv) {
                  << " persone, " << altri << " famiglie, " << altri << " enti, in "
                  << Tempo(Secondi(orologio)) << "\n";
 
-        // The bare read of each list's rows, every value read once.
-        std::array<ArchivioBanco::Lettura, 3> nude;
-        for (int i = 0; i < 3; ++i) {
-            nude[i] = ArchivioBanco::LetturaNuda(cnn, {frmSoggetti::SqlLista(cnn, i)});
-            Uscita() << "lettura nuda della scheda " << i << ": " << nude[i].righe << " righe in "
-                     << Tempo(nude[i].dSecondi) << "\n";
-        }
-
-        orologio.restart();
-        auto* finestra = new frmSoggetti;
-        finestra->resize(1200, 800);
-        finestra->show();
-        QApplication::processEvents();
-        const double dApertura = Secondi(orologio);
-        Uscita() << "apertura di Produttori (scheda Persone): " << finestra->Modello(0).Righe()
-                 << " righe in " << Tempo(dApertura) << Rapporto(dApertura, nude[0].dSecondi)
-                 << "\n";
-        for (int i = 1; i < 3; ++i) {
+        // The bare read of each list's rows, every value read once, and the window opened
+        // with each tab shown: each measured in turn, Ripetizioni times, the best of each kept
+        // (the least disturbed by the rest of the machine).
+        constexpr int Ripetizioni = 3;
+        std::array<double, 3> nude{1e9, 1e9, 1e9};
+        std::array<double, 3> mostrate{1e9, 1e9, 1e9};
+        std::array<qint64, 3> righe{};
+        frmSoggetti* aperta = nullptr;
+        for (int r = 0; r < Ripetizioni; ++r) {
+            for (int i = 0; i < 3; ++i) {
+                const ArchivioBanco::Lettura nuda =
+                    ArchivioBanco::LetturaNuda(cnn, {frmSoggetti::SqlLista(cnn, i)});
+                nude[i] = std::min(nude[i], nuda.dSecondi);
+                righe[i] = nuda.righe;
+            }
+            delete aperta;
             orologio.restart();
-            finestra->SSTab1->setCurrentIndex(i);
+            aperta = new frmSoggetti;
+            aperta->resize(1200, 800);
+            aperta->show();
             QApplication::processEvents();
-            const double dScheda = Secondi(orologio);
-            Uscita() << "prima visualizzazione della scheda " << i << ": "
-                     << finestra->Modello(i).Righe() << " righe in " << Tempo(dScheda)
-                     << Rapporto(dScheda, nude[i].dSecondi) << "\n";
+            mostrate[0] = std::min(mostrate[0], Secondi(orologio));
+            for (int i = 1; i < 3; ++i) {
+                orologio.restart();
+                aperta->SSTab1->setCurrentIndex(i);
+                QApplication::processEvents();
+                mostrate[i] = std::min(mostrate[i], Secondi(orologio));
+            }
         }
-
+        const char* const cosa[3] = {"apertura di Produttori (scheda Persone)",
+                                     "prima visualizzazione della scheda Famiglie",
+                                     "prima visualizzazione della scheda Enti"};
+        for (int i = 0; i < 3; ++i) {
+            Uscita() << "lettura nuda della scheda " << i << ": " << righe[i] << " righe in "
+                     << Tempo(nude[i]) << "; " << cosa[i] << ": " << aperta->Modello(i).Righe()
+                     << " righe in " << Tempo(mostrate[i]) << Rapporto(mostrate[i], nude[i])
+                     << "\n";
+        }
         // Clicks on persons spread over the list: the slowest and the median.
-        finestra->SSTab1->setCurrentIndex(0);
+        aperta->SSTab1->setCurrentIndex(0);
         QApplication::processEvents();
         QList<double> clic;
-        const int iRighe = finestra->Modello(0).Righe();
+        const int iRighe = aperta->Modello(0).Righe();
         for (int k = 1; k <= 50; ++k) {
             const int iRiga = static_cast<int>((static_cast<qint64>(iRighe - 1) * k) / 50);
             orologio.restart();
-            finestra->Lista(0)->setCurrentIndex(finestra->Modello(0).index(iRiga));
+            aperta->Lista(0)->setCurrentIndex(aperta->Modello(0).index(iRiga));
             QApplication::processEvents();
             clic.append(Secondi(orologio));
-            if (finestra->aId[0] != finestra->Modello(0).Id(iRiga) ||
-                finestra->fraPersona->LeggiDenominazione().isEmpty()) {
+            if (aperta->aId[0] != aperta->Modello(0).Id(iRiga) ||
+                aperta->fraPersona->LeggiDenominazione().isEmpty()) {
                 throw Errore(QStringLiteral("bench"),
                              QStringLiteral("Persona della riga %1 non mostrata").arg(iRiga));
             }
@@ -146,10 +158,10 @@ int main(int argc, char** argv) {
         QList<qint64> ids;
         QList<QString> testi;
         for (int i = 0; i < iRighe; ++i) {
-            ids.append(finestra->Modello(0).Id(i));
-            testi.append(finestra->Modello(0).Testo(i));
+            ids.append(aperta->Modello(0).Id(i));
+            testi.append(aperta->Modello(0).Testo(i));
         }
-        delete finestra;
+        delete aperta;
         const long memoriaPrima = RiferimentoMotore::PiccoMemoriaKiB();
         {
             orologio.restart();
