@@ -250,8 +250,10 @@ private Q_SLOTS:
     void unaListaCheNonSiLeggeDaErroreU5EUnaCancellazioneFallitaErroreR4();
 
 private:
+    // The road of a kind: the fields filled by compila, the name and the row they give, and
+    // the columns of the kind's row (and of Soggetti, "Soggetti.Redattore") as they are stored.
     void Percorri(const Strada& strada, const std::function<void(const QWidget*)>& compila,
-                  const QString& sNome, const QString& sRiga);
+                  const QString& sNome, const QString& sRiga, const QStringList& colonne);
 };
 
 void TestProduttori::siApreDalMenuConLeTreSchedeEUnaSchedaVuotaHaSoloNuovo() {
@@ -403,7 +405,8 @@ void TestProduttori::ogniSchedaSiCaricaUnaVoltaSolaPerApertura() {
 
 void TestProduttori::Percorri(const Strada& strada,
                               const std::function<void(const QWidget*)>& compila,
-                              const QString& sNome, const QString& sRiga) {
+                              const QString& sNome, const QString& sRiga,
+                              const QStringList& colonne) {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente a(backend);
@@ -439,6 +442,17 @@ void TestProduttori::Percorri(const Strada& strada,
                       {L(lId)})
                  .toString(),
              sNome);
+    // Every column as it was typed, converted where it is a date or a year.
+    for (qsizetype i = 0; i + 1 < colonne.size(); i += 2) {
+        const QStringList tabellaColonna = colonne[i].split(u'.');
+        const QString sTabella =
+            tabellaColonna.size() > 1 ? tabellaColonna[0] : QLatin1String(strada.sTabella);
+        QCOMPARE(a.Valore(QStringLiteral("SELECT %1 FROM %2 WHERE ID_Soggetto = ?")
+                              .arg(tabellaColonna.last(), sTabella),
+                          {L(lId)})
+                     .toString(),
+                 colonne[i + 1]);
+    }
     // The composed row at the end of the list, chosen.
     QCOMPARE(Testi(*f, strada.iScheda), QStringList({sRiga}));
     QCOMPARE(f->aChiave[strada.iScheda], QStringLiteral("ID%1").arg(lId));
@@ -525,76 +539,91 @@ void TestProduttori::laStradaDiUnaPersona() {
     const QString nome = Lungo(QStringLiteral("Àlberti d'Orsù \"Nino\" "), 256);
     const QString nascita = Lungo(QStringLiteral("Città d'Ìschia "), 32);
     const QString morte = Lungo(QStringLiteral("Forlì \"vecchia\" "), 32);
-    Percorri(
-        {frmSoggetti::Persone, "P", "Persone", "PE", "PersoneDenominazioni", "ID_Persona"},
-        [&](const QWidget* e) {
-            Scrivi(e, 0, nome);
-            Scrivi(e, 1, Lungo(QStringLiteral("Notaio \"regio\" "), 32));
-            Scrivi(e, 2, QStringLiteral("01/01/1000"));
-            Scrivi(e, 3, QStringLiteral("31/12/9999"));
-            Scrivi(e, 4, nascita);
-            Scrivi(e, 5, morte);
-            Scrivi(e, 6, Lungo(QStringLiteral("Lucca e l'Oltreserchio "), 64));
-            Scrivi(e, 7, QStringLiteral("1000"));
-            Scrivi(e, 8, QStringLiteral("9999"));
-            Scrivi(e, 9, Lungo(QStringLiteral("secc. XI-XX \"circa\" "), 64));
-            Scrivi(e, 10, Lungo(QStringLiteral("Nacque a Lucca; l'anno è incerto. "), 1024));
-            Scrivi(e, 11, Lungo(QStringLiteral("ASLu, \"Notarile\" "), 1024));
-            Scrivi(e, 12, Lungo(QStringLiteral("Da rivedere l'ordinamento. "), 1024));
-            Scrivi(e, 14, Lungo(QStringLiteral("Maria d'Àngelo "), 64));
-        },
-        nome,
-        nome.trimmed() + QStringLiteral(", (") + nascita.trimmed() +
-            QStringLiteral(" 01/01/1000 - ") + morte + QStringLiteral(" 31/12/9999)"));
+    Percorri({frmSoggetti::Persone, "P", "Persone", "PE", "PersoneDenominazioni", "ID_Persona"},
+             [&](const QWidget* e) {
+                 Scrivi(e, 0, nome);
+                 Scrivi(e, 1, Lungo(QStringLiteral("Notaio \"regio\" "), 32));
+                 Scrivi(e, 2, QStringLiteral("01/01/1000"));
+                 Scrivi(e, 3, QStringLiteral("31/12/9999"));
+                 Scrivi(e, 4, nascita);
+                 Scrivi(e, 5, morte);
+                 Scrivi(e, 6, Lungo(QStringLiteral("Lucca e l'Oltreserchio "), 64));
+                 Scrivi(e, 7, QStringLiteral("1000"));
+                 Scrivi(e, 8, QStringLiteral("9999"));
+                 Scrivi(e, 9, Lungo(QStringLiteral("secc. XI-XX \"circa\" "), 64));
+                 Scrivi(e, 10, Lungo(QStringLiteral("Nacque a Lucca; l'anno è incerto. "), 1024));
+                 Scrivi(e, 11, Lungo(QStringLiteral("ASLu, \"Notarile\" "), 1024));
+                 Scrivi(e, 12, Lungo(QStringLiteral("Da rivedere l'ordinamento. "), 1024));
+                 Scrivi(e, 14, Lungo(QStringLiteral("Maria d'Àngelo "), 64));
+             },
+             nome,
+             nome.trimmed() + QStringLiteral(", (") + nascita.trimmed() +
+                 QStringLiteral(" 01/01/1000 - ") + morte + QStringLiteral(" 31/12/9999)"),
+             {QStringLiteral("Nome"), nome, QStringLiteral("LuogoNascita"), nascita,
+              QStringLiteral("LuogoMorte"), morte, QStringLiteral("DataNascita"),
+              QStringLiteral("10000101"), QStringLiteral("DataMorte"), QStringLiteral("99991231"),
+              QStringLiteral("DataInizio"), QStringLiteral("10000101"), QStringLiteral("DataFine"),
+              QStringLiteral("99991231"), QStringLiteral("Storia"),
+              Lungo(QStringLiteral("Nacque a Lucca; l'anno è incerto. "), 1024),
+              QStringLiteral("Soggetti.Redattore"), Lungo(QStringLiteral("Maria d'Àngelo "), 64)});
 }
 
 void TestProduttori::laStradaDiUnaFamiglia() {
     const QString nome = Lungo(QStringLiteral("Guinigi dell'Àrco \"antichi\" "), 256);
     const QString titoli = Lungo(QStringLiteral("conti \"palatini\" "), 32);
     const QString estremi = Lungo(QStringLiteral("secc. XIII-XIX d'epoca "), 64);
-    Percorri(
-        {frmSoggetti::Famiglie, "F", "Famiglie", "FA", "FamiglieDenominazioni", "ID_Famiglia"},
-        [&](const QWidget* e) {
-            Scrivi(e, 0, nome);
-            Scrivi(e, 1, titoli);
-            Scrivi(e, 2, QStringLiteral("1000"));
-            Scrivi(e, 3, QStringLiteral("9999"));
-            Scrivi(e, 4, estremi);
-            Scrivi(e, 5, Lungo(QStringLiteral("Lucca e Pisa, l'Oltreserchio "), 64));
-            Scrivi(e, 6, Lungo(QStringLiteral("Famiglia di mercanti \"setaioli\". "), 1024));
-            Scrivi(e, 7, Lungo(QStringLiteral("Bongi, Inventario, è citata. "), 1024));
-            Scrivi(e, 8, Lungo(QStringLiteral("Da rivedere. "), 1024));
-            Scrivi(e, 10, Lungo(QStringLiteral("Niccolò Tommaseo "), 64));
-        },
-        nome,
-        nome + QStringLiteral(", ") + titoli.trimmed() + QStringLiteral(" (") + estremi.trimmed() +
-            u')');
+    Percorri({frmSoggetti::Famiglie, "F", "Famiglie", "FA", "FamiglieDenominazioni", "ID_Famiglia"},
+             [&](const QWidget* e) {
+                 Scrivi(e, 0, nome);
+                 Scrivi(e, 1, titoli);
+                 Scrivi(e, 2, QStringLiteral("1000"));
+                 Scrivi(e, 3, QStringLiteral("9999"));
+                 Scrivi(e, 4, estremi);
+                 Scrivi(e, 5, Lungo(QStringLiteral("Lucca e Pisa, l'Oltreserchio "), 64));
+                 Scrivi(e, 6, Lungo(QStringLiteral("Famiglia di mercanti \"setaioli\". "), 1024));
+                 Scrivi(e, 7, Lungo(QStringLiteral("Bongi, Inventario, è citata. "), 1024));
+                 Scrivi(e, 8, Lungo(QStringLiteral("Da rivedere. "), 1024));
+                 Scrivi(e, 10, Lungo(QStringLiteral("Niccolò Tommaseo "), 64));
+             },
+             nome,
+             nome + QStringLiteral(", ") + titoli.trimmed() + QStringLiteral(" (") +
+                 estremi.trimmed() + u')',
+             {QStringLiteral("Nome"), nome, QStringLiteral("Titoli"), titoli,
+              QStringLiteral("DescrizioneEstremi"), estremi, QStringLiteral("DataInizio"),
+              QStringLiteral("10000101"), QStringLiteral("DataFine"), QStringLiteral("99991231"),
+              QStringLiteral("Note"), Lungo(QStringLiteral("Bongi, Inventario, è citata. "), 1024),
+              QStringLiteral("Soggetti.Redattore"),
+              Lungo(QStringLiteral("Niccolò Tommaseo "), 64)});
 }
 
 void TestProduttori::laStradaDiUnEnte() {
     const QString nome = Lungo(QStringLiteral("Spedale di San Jacopo d'Altopascio \"Tau\" "), 256);
     const QString sede = Lungo(QStringLiteral("Altopascio, Città \"vecchia\" "), 64);
     const QString estremi = Lungo(QStringLiteral("sec. XI - 1773 (soppressione) "), 64);
-    Percorri(
-        {frmSoggetti::Enti, "E", "Enti", "EN", "EntiDenominazioni", "ID_Ente"},
-        [&](const QWidget* e) {
-            Scrivi(e, 0, nome);
-            Scrivi(e, 1, sede);
-            Scrivi(e, 2, QStringLiteral("1000"));
-            Scrivi(e, 3, QStringLiteral("9999"));
-            Scrivi(e, 4, estremi);
-            Scrivi(e, 5, Lungo(QStringLiteral("Valdinievole e l'Ospedaletto "), 64));
-            Scrivi(e, 8, Lungo(QStringLiteral("Ordine ospedaliero \"del Tau\". "), 1024));
-            Scrivi(e, 9, Lungo(QStringLiteral("Archivio, l'inventario è a stampa. "), 1024));
-            Scrivi(e, 10, Lungo(QStringLiteral("Da rivedere. "), 1024));
-            Scrivi(e, 12, Lungo(QStringLiteral("Salvatore Bongi "), 64));
-            auto* profili = e->findChild<QComboBox*>(QStringLiteral("cmbProfili"));
-            QVERIFY(profili && profili->count() > 0);
-            profili->setCurrentIndex(profili->count() - 1);
-        },
-        nome,
-        nome + QStringLiteral(", ") + sede.trimmed() + QStringLiteral(" (") + estremi.trimmed() +
-            u')');
+    Percorri({frmSoggetti::Enti, "E", "Enti", "EN", "EntiDenominazioni", "ID_Ente"},
+             [&](const QWidget* e) {
+                 Scrivi(e, 0, nome);
+                 Scrivi(e, 1, sede);
+                 Scrivi(e, 2, QStringLiteral("1000"));
+                 Scrivi(e, 3, QStringLiteral("9999"));
+                 Scrivi(e, 4, estremi);
+                 Scrivi(e, 5, Lungo(QStringLiteral("Valdinievole e l'Ospedaletto "), 64));
+                 Scrivi(e, 8, Lungo(QStringLiteral("Ordine ospedaliero \"del Tau\". "), 1024));
+                 Scrivi(e, 9, Lungo(QStringLiteral("Archivio, l'inventario è a stampa. "), 1024));
+                 Scrivi(e, 10, Lungo(QStringLiteral("Da rivedere. "), 1024));
+                 Scrivi(e, 12, Lungo(QStringLiteral("Salvatore Bongi "), 64));
+                 auto* profili = e->findChild<QComboBox*>(QStringLiteral("cmbProfili"));
+                 QVERIFY(profili && profili->count() > 0);
+                 profili->setCurrentIndex(profili->count() - 1);
+             },
+             nome,
+             nome + QStringLiteral(", ") + sede.trimmed() + QStringLiteral(" (") +
+                 estremi.trimmed() + u')',
+             {QStringLiteral("Denominazione"), nome, QStringLiteral("Sede"), sede,
+              QStringLiteral("DescrizioneEstremi"), estremi, QStringLiteral("DataInizio"),
+              QStringLiteral("10000101"), QStringLiteral("DataFine"), QStringLiteral("99991231"),
+              QStringLiteral("NoteDirezione"), Lungo(QStringLiteral("Da rivedere. "), 1024),
+              QStringLiteral("Soggetti.Redattore"), Lungo(QStringLiteral("Salvatore Bongi "), 64)});
 }
 
 void TestProduttori::annullaDiUnNuovoSuUnaListaVuotaLasciaLEditoreVuoto() {
