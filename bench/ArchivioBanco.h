@@ -245,14 +245,24 @@ struct Lettura {
     qint64 valori = 0;
 };
 
-inline Lettura LetturaNuda(const Connessione& cnn, const QStringList& istruzioni) {
+// A statement and the values bound to its "?".
+struct Istruzione {
+    QString sql;
+    QVariantList valori;
+};
+
+inline Lettura LetturaNuda(const Connessione& cnn, const QList<Istruzione>& istruzioni) {
     Lettura lettura;
     QElapsedTimer orologio;
     orologio.start();
-    for (const QString& sql : istruzioni) {
+    for (const auto& [sql, valori] : istruzioni) {
         QSqlQuery query(cnn.Db());
         query.setForwardOnly(true);
-        if (!query.exec(sql)) {
+        bool bFatta = valori.isEmpty() || query.prepare(sql);
+        for (qsizetype i = 0; bFatta && i < valori.size(); ++i) {
+            query.bindValue(static_cast<int>(i), cnn.backend().ValoreDaLegare(valori[i]));
+        }
+        if (!bFatta || !(valori.isEmpty() ? query.exec(sql) : query.exec())) {
             throw Errore(QStringLiteral("bench"), sql);
         }
         const int colonne = query.record().count();
@@ -267,6 +277,14 @@ inline Lettura LetturaNuda(const Connessione& cnn, const QStringList& istruzioni
     }
     lettura.dSecondi = Secondi(orologio);
     return lettura;
+}
+
+inline Lettura LetturaNuda(const Connessione& cnn, const QStringList& istruzioni) {
+    QList<Istruzione> senzaValori;
+    for (const QString& sql : istruzioni) {
+        senzaValori.append({sql, {}});
+    }
+    return LetturaNuda(cnn, senzaValori);
 }
 
 } // namespace ArchivioBanco
