@@ -17,6 +17,7 @@
 #include "session/PrimoMDI.h"
 #include "session/Sessione.h"
 #include "store/Connessione.h"
+#include "store/IdentitaSito.h"
 
 #include "AmbienteRecord.h"
 #include "Modali.h"
@@ -655,6 +656,8 @@ void TestProduttori::unaNuovaPersonaVaInFondoAllaListaAncheSeInOrdineDiNome() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente a(backend);
+    // The site's range of keys, which the new producer's key falls in.
+    ScriviIdentita(a.Cnn(), {QStringLiteral("ASLU"), QString(), 700000, 799999});
     a.Produttore(QStringLiteral("Bianchi Anna"), "P");
     a.Produttore(QStringLiteral("Rossi Mario"), "P");
     QPointer<frmSoggetti> f = a.Apri();
@@ -675,6 +678,9 @@ void TestProduttori::unaNuovaPersonaVaInFondoAllaListaAncheSeInOrdineDiNome() {
     QCOMPARE(f->Lista(0)->currentIndex().row(), 2);
     QCOMPARE(f->Lista(0)->selectionModel()->selectedRows().size(), 1);
     QCOMPARE(f->aId[0], a.IdDi(QStringLiteral("Abati Nino")));
+    QVERIFY2(f->aId[0] > a.IdDi(QStringLiteral("Rossi Mario")) && f->aId[0] <= 799999,
+             qPrintable(QString::number(f->aId[0])));
+    QVERIFY(a.IdDi(QStringLiteral("Bianchi Anna")) >= 700000);
 }
 
 void TestProduttori::unProduttoreLegatoAUnComplessoNonSiCancellaUnoLegatoSoloAUnUnitaSi() {
