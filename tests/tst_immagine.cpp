@@ -8,6 +8,7 @@
 #include "store/ArchivioElementi.h"
 #include "store/Connessione.h"
 
+#include "AmbienteRecord.h"
 #include "BancaDatiProva.h"
 #include "PiattaformaScriptata.h"
 
@@ -22,14 +23,6 @@
 #include <QtTest>
 
 namespace {
-
-void Scrivi(const QString& percorso, const QByteArray& contenuto) {
-    QDir().mkpath(QFileInfo(percorso).absolutePath());
-    QFile file(percorso);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
-        file.write(contenuto) != contenuto.size())
-        qFatal("can't write the test file");
-}
 
 // A record's button and its hidden digest field, attached.
 struct Record {
@@ -47,20 +40,12 @@ struct Record {
 };
 
 // A database with one element, a MAG document of one image and a repository root.
-struct Scena {
+struct Scena : DocumentoMag {
     explicit Scena(TipoBackend tipo)
         : banca(tipo) {
         Sessione::cnn = banca.Apri();
         lId = ArchivioElementi::Crea(*Sessione::cnn, QStringLiteral("01"),
                                      QStringLiteral("Archivio di Stato di Pisa"), 0);
-        sDoc = cartella.path() + QStringLiteral("/scansioni/mag.xml");
-        Scrivi(cartella.path() + QStringLiteral("/scansioni/0001.tif"), "immagine");
-        Scrivi(sDoc, "<?xml version=\"1.0\"?>\n<metadigit><img><sequence_number>1"
-                     "</sequence_number><nomenclature>c. 1r</nomenclature>"
-                     "<file xlink:href=\"./0001.tif\"/></img></metadigit>\n");
-        Sessione::sParam01 = cartella.path() + QStringLiteral("/repo");
-        Sessione::sParam12 = QStringLiteral("http://archivio.example.it/img");
-        QDir().mkpath(Sessione::sParam01);
     }
     ~Scena() { Sessione::Azzera(); }
     QVariant Md5Link() const {
@@ -74,9 +59,7 @@ struct Scena {
         return query.next() ? query.value(0).toInt() : -1;
     }
     BancaDatiProva banca;
-    QTemporaryDir cartella;
     long lId = 0;
-    QString sDoc;
 };
 
 QColor Sfondo(const QPushButton& p) {

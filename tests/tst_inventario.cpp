@@ -44,29 +44,6 @@ QCheckBox* Pubblica(const QWidget* editore) {
 QPushButton* Immagine(const QWidget* editore) {
     return Pulsante(editore, "cmdImmagine");
 }
-// A MAG document of one image in a folder of its own, and the repository's root.
-struct DocumentoMag {
-    DocumentoMag() {
-        Scrivi(cartella.path() + QStringLiteral("/scansioni/0001.tif"), "immagine");
-        sDoc = cartella.path() + QStringLiteral("/scansioni/mag.xml");
-        Scrivi(sDoc, "<?xml version=\"1.0\"?>\n<metadigit><img><sequence_number>1"
-                     "</sequence_number><nomenclature>c. 1r</nomenclature>"
-                     "<file xlink:href=\"./0001.tif\"/></img></metadigit>\n");
-        Sessione::sParam01 = cartella.path() + QStringLiteral("/repo");
-        Sessione::sParam12 = QStringLiteral("http://archivio.example.it/img");
-        QDir().mkpath(Sessione::sParam01);
-    }
-    static void Scrivi(const QString& percorso, const QByteArray& contenuto) {
-        QDir().mkpath(QFileInfo(percorso).absolutePath());
-        QFile file(percorso);
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
-            file.write(contenuto) != contenuto.size())
-            qFatal("can't write the test file");
-    }
-    QTemporaryDir cartella;
-    QString sDoc;
-};
-
 // The mandatory fields filled in.
 void Compila(ucInventario& editore) {
     Riga(&editore, 17)->setText(QStringLiteral("Maria Rossi"));
@@ -858,19 +835,9 @@ void TestInventario::unSalvaRifiutatoDalDatabaseLasciaIlRecordComEra() {
                        "WHERE ID_Elemento = ?"),
         {QStringLiteral("Anna Bianchi"), QStringLiteral("N"), NullTesto(), Id(id)});
     // The database refuses a finding aid by this author, after the row of Elementi is written.
-    if (backend == TipoBackend::SQLite) {
-        Sessione::cnn->Esegui(QStringLiteral(
-            "CREATE TRIGGER prova_rifiuta BEFORE UPDATE ON Inventari FOR EACH ROW "
-            "WHEN NEW.Autore = 'Rifiutato' BEGIN SELECT RAISE(ABORT, 'Autore rifiutato'); END"));
-    } else {
-        Sessione::cnn->Esegui(
-            QStringLiteral("CREATE FUNCTION prova_rifiuta() RETURNS trigger LANGUAGE plpgsql AS "
-                           "$$ BEGIN IF NEW.Autore = 'Rifiutato' THEN "
-                           "RAISE EXCEPTION 'Autore rifiutato'; END IF; RETURN NEW; END $$"));
-        Sessione::cnn->Esegui(
-            QStringLiteral("CREATE TRIGGER prova_rifiuta BEFORE UPDATE ON Inventari FOR EACH ROW "
-                           "EXECUTE FUNCTION prova_rifiuta()"));
-    }
+    ambiente.RifiutaAggiornamento(QStringLiteral("Inventari"),
+                                  QStringLiteral("NEW.Autore = 'Rifiutato'"),
+                                  QStringLiteral("Autore rifiutato"));
 
     EditorePronto<ucInventario> editore(id);
     QVERIFY(editore.OkModifica);

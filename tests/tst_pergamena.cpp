@@ -30,41 +30,11 @@
 
 namespace {
 
-// A program folder with the list of the traditio, a fresh database, the session's connection
-// and the scripted seam.
-struct Ambiente : AmbienteRecord {
+// A program folder with the lookup lists, a fresh database, the session's connection and the
+// scripted seam; Pergamene the record's table.
+struct Ambiente : AmbientePergamene {
     explicit Ambiente(TipoBackend tipo)
-        : AmbienteRecord(tipo, QStringLiteral("Pergamene"), {"TraditioPG.txt"}) {}
-    // A column of a table of the parchment found by its key.
-    QVariant ColonnaPG(const QString& tabella, const QString& colonna, long idPergamena) const {
-        return Valore(
-            QStringLiteral("SELECT %1 FROM %2 WHERE ID_Pergamena = ?").arg(colonna, tabella),
-            {Id(idPergamena)});
-    }
-    long IdPergamena(long idElemento) const {
-        return Colonna(QStringLiteral("ID_Pergamena"), idElemento).toInt();
-    }
-    // An institute, a finding aid under it and a parchment under the finding aid.
-    struct Albero {
-        long istituto, inventario, pergamena;
-    };
-    Albero CreaPergamena(const QString& sSegnatura = QStringLiteral("Perg. 1")) const {
-        Albero a{};
-        a.istituto = CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-        a.inventario = Crea("03", QStringLiteral("Inventario"), a.istituto);
-        a.pergamena = Crea("05", sSegnatura, a.inventario);
-        return a;
-    }
-    // A parchment in its tree, with the key of its row in Pergamene.
-    struct PergamenaCreata {
-        Albero albero;
-        long id;
-        long idPG;
-    };
-    PergamenaCreata CreaPergamenaConRiga() const {
-        const Albero a = CreaPergamena();
-        return {a, a.pergamena, IdPergamena(a.pergamena)};
-    }
+        : AmbientePergamene(tipo, QStringLiteral("Pergamene")) {}
 };
 
 QCheckBox* Casella(const QWidget* editore, const char* nome) {
@@ -72,22 +42,6 @@ QCheckBox* Casella(const QWidget* editore, const char* nome) {
 }
 QComboBox* Traditio(const QWidget* editore) {
     return Combo(editore, "cmbTraditio");
-}
-
-// The mandatory fields filled in.
-void Compila(ucPergamena& editore) {
-    Riga(&editore, 0)->setText(QStringLiteral("Perg. 12"));
-    Riga(&editore, 36)->setText(QStringLiteral("1210 marzo 3"));
-    Riga(&editore, 23)->setText(QStringLiteral("320x210"));
-    Riga(&editore, 21)->setText(QStringLiteral("Pergamena"));
-    Traditio(&editore)->setCurrentIndex(0);
-    Riga(&editore, 33)->setText(QStringLiteral("03/03/1210"));
-    Riga(&editore, 15)->setText(QStringLiteral("Maria Rossi"));
-    Riga(&editore, 1)->setText(QStringLiteral("03/03/1210"));
-    Riga(&editore, 27)->setText(QStringLiteral("2"));
-    Riga(&editore, 26)->setText(QStringLiteral("1"));
-    Blocco(&editore, 4)->setPlainText(QStringLiteral("Vendita di una terra"));
-    Riga(&editore, 2)->setText(QStringLiteral("Pisa"));
 }
 
 // The tab that holds a control: its title, "" when above the tabs.
@@ -923,10 +877,7 @@ void TestPergamena::unNumeroOUnaDataErratiSonoRifiutatiAllUscita() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const Ambiente::Albero albero = ambiente.CreaPergamena();
-    auto* editore = new ucPergamena;
-    HostEditore ospite(editore, QStringLiteral("05"), albero.inventario);
-    CollegaPermessi(ospite, editore, &ucPergamena::OkNuovaPergamena);
-    ospite.Carica();
+    auto [editore, ospite] = OspitePergamena(albero.inventario);
     QVERIFY(Attiva(ospite));
     ospite.MostraElemento(albero.pergamena);
     ospite.cmdModifica->click();
@@ -975,10 +926,7 @@ void TestPergamena::unaPergamenaNuovaSiCreaAttraversoLOspite() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const Ambiente::Albero albero = ambiente.CreaPergamena(QStringLiteral("Altra"));
-    auto* editore = new ucPergamena;
-    HostEditore ospite(editore, QStringLiteral("05"), albero.inventario);
-    CollegaPermessi(ospite, editore, &ucPergamena::OkNuovaPergamena);
-    ospite.Carica();
+    auto [editore, ospite] = OspitePergamena(albero.inventario);
     QVERIFY(ospite.cmdNuovo->isEnabled());
     ospite.cmdNuovo->click();
     QCOMPARE(ospite.Stato(), QStringLiteral("nuovo"));

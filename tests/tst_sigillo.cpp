@@ -28,46 +28,12 @@
 
 namespace {
 
-// A program folder with the seven lookup lists of the seal, a fresh database, the session's
-// connection and the scripted seam.
-struct Ambiente : AmbienteRecord {
+// A program folder with the lookup lists, a fresh database, the session's connection and the
+// scripted seam; Sigilli the record's table.
+struct Ambiente : AmbientePergamene {
     explicit Ambiente(TipoBackend tipo)
-        : AmbienteRecord(tipo, QStringLiteral("Sigilli"),
-                         {"TipologiaIcoSG.txt", "FormaSG.txt", "MateriaSG.txt", "TipologiaSG.txt",
-                          "ApposizioneSG.txt", "RapportoDocSG.txt", "TipologiaDGSG.txt"}) {}
-    QVariant Tipo(const QString& colonna, long idElemento) const {
-        return Valore(QStringLiteral("SELECT %1 FROM SGTipo WHERE ID_Sigillo = (SELECT "
-                                     "ID_Sigillo FROM Sigilli WHERE ID_Elemento = ?)")
-                          .arg(colonna),
-                      {Id(idElemento)});
-    }
+        : AmbientePergamene(tipo, QStringLiteral("Sigilli")) {}
 };
-
-QComboBox* Indice(const QWidget* editore, const char* nome, int i) {
-    return Combo(editore, QStringLiteral("%1(%2)").arg(QLatin1String(nome)).arg(i).toUtf8());
-}
-
-QStringList Voci(const QComboBox* cmb) {
-    QStringList voci;
-    for (int i = 0; i < cmb->count(); ++i)
-        voci << QStringLiteral("%1=%2").arg(cmb->itemData(i).toLongLong()).arg(cmb->itemText(i));
-    return voci;
-}
-
-// The mandatory fields filled in.
-void Compila(ucSigillo& editore) {
-    Riga(&editore, 0)->setText(QStringLiteral("Sigillo del comune"));
-    Combo(&editore, "cmbMat")->setCurrentIndex(0);
-    Riga(&editore, 43)->setText(QStringLiteral("sec. XIII"));
-    Riga(&editore, 12)->setText(QStringLiteral("Maria Rossi"));
-    Combo(&editore, "cmbApp")->setCurrentIndex(0);
-    Riga(&editore, 6)->setText(QStringLiteral("rosso"));
-    Riga(&editore, 28)->setText(QStringLiteral("buono"));
-    Combo(&editore, "cmbDoc")->setCurrentIndex(1);
-    Riga(&editore, 2)->setText(QStringLiteral("1250"));
-    Riga(&editore, 3)->setText(QStringLiteral("1260"));
-    Combo(&editore, "cmbTipol")->setCurrentIndex(0);
-}
 
 // Every single-line and multi-line box of the seal with its column, in the table of the box.
 struct Campo {
@@ -109,13 +75,6 @@ const Campo Campi[] = {
     {24, "Incisore", true, 1024},
     {40, "DimensioniV", true, 32},
 };
-
-void ImpostaCampo(ucSigillo& editore, int n, const QString& testo) {
-    if (QLineEdit* riga = Riga(&editore, n))
-        riga->setText(testo);
-    else
-        Blocco(&editore, n)->setPlainText(testo);
-}
 
 } // namespace
 
@@ -353,8 +312,8 @@ void TestSigillo::ogniCampoFaIlGiroColonnaPerColonnaInSigilliESGTipo() {
     Compila(editore);
     // Every box at its length, with quotes and accents.
     for (const Campo& campo : Campi)
-        ImpostaCampo(editore, campo.n,
-                     Lungo(QStringLiteral("%1 l'è già \"").arg(campo.colonna), campo.iMax));
+        ScriviTesto(&editore, campo.n,
+                    Lungo(QStringLiteral("%1 l'è già \"").arg(campo.colonna), campo.iMax));
     Riga(&editore, 2)->setText(QStringLiteral("1250"));
     Riga(&editore, 3)->setText(QStringLiteral("1260"));
     Combo(&editore, "cmbTipol")->setCurrentIndex(2);
@@ -433,7 +392,7 @@ void TestSigillo::ogniCampoFaIlGiroColonnaPerColonnaInSigilliESGTipo() {
     // Emptied: the texts are stored as Null, the forms as they stand, the codes as Null.
     altro.Modifica();
     for (const Campo& campo : Campi)
-        ImpostaCampo(altro, campo.n, QString());
+        ScriviTesto(&altro, campo.n, QString());
     Riga(&altro, 2)->clear();
     Riga(&altro, 3)->clear();
     Combo(&altro, "cmbTipol")->setCurrentIndex(-1);
@@ -918,10 +877,7 @@ void TestSigillo::unSigilloSiCreaEMostraAttraversoLOspite() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const long pergamena = ambiente.Crea("05", QStringLiteral("Pergamena"));
-    auto* editore = new ucSigillo;
-    HostEditore ospite(editore, QStringLiteral("06"), pergamena);
-    CollegaPermessi(ospite, editore, &ucSigillo::OkNuovoSigillo);
-    ospite.Carica();
+    auto [editore, ospite] = OspiteSigillo(pergamena);
     QVERIFY(Attiva(ospite));
     QVERIFY(ospite.cmdNuovo->isEnabled());
 

@@ -2,18 +2,23 @@
 
 #include "IstitutiProva.h"
 #include "records/EditoreRecord.h"
+#include "records/ucPergamena.h"
+#include "records/ucSigillo.h"
 #include "session/Sessione.h"
 #include "store/ArchivioElementi.h"
 #include "store/Connessione.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSqlQuery>
+#include <QSqlRecord>
 #include <QtTest>
 #include <utility>
 
@@ -118,6 +123,133 @@ void AmbienteRecord::Collega(long complesso, long inventario) const {
                  {Id(complesso), Id(inventario)});
 }
 
+QVariantMap AmbienteRecord::RigaIntera(const QString& tabella, const QString& chiave,
+                                       long valore) const {
+    QSqlQuery query = Cnn().Esegui(
+        QStringLiteral("SELECT * FROM %1 WHERE %2 = ?").arg(tabella, chiave), {Id(valore)});
+    QVariantMap riga;
+    if (!query.next())
+        return riga;
+    const QSqlRecord record = query.record();
+    for (int i = 0; i < record.count(); ++i)
+        riga.insert(record.fieldName(i).toLower(), query.value(i));
+    return riga;
+}
+
+void AmbienteRecord::RifiutaAggiornamento(const QString& tabella, const QString& sCondizione,
+                                          const QString& sMessaggio) const {
+    if (banca.Tipo() == TipoBackend::SQLite) {
+        Cnn().Esegui(QStringLiteral("CREATE TRIGGER prova_rifiuta BEFORE UPDATE ON %1 FOR EACH "
+                                    "ROW WHEN %2 BEGIN SELECT RAISE(ABORT, '%3'); END")
+                         .arg(tabella, sCondizione, sMessaggio));
+        return;
+    }
+    Cnn().Esegui(QStringLiteral("CREATE FUNCTION prova_rifiuta() RETURNS trigger LANGUAGE plpgsql "
+                                "AS $$ BEGIN IF %1 THEN RAISE EXCEPTION '%2'; END IF; RETURN NEW; "
+                                "END $$")
+                     .arg(sCondizione, sMessaggio));
+    Cnn().Esegui(QStringLiteral("CREATE TRIGGER prova_rifiuta BEFORE UPDATE ON %1 FOR EACH ROW "
+                                "EXECUTE FUNCTION prova_rifiuta()")
+                     .arg(tabella));
+}
+
+AmbientePergamene::AmbientePergamene(TipoBackend tipo, QString tabella)
+    : AmbienteRecord(tipo, std::move(tabella),
+                     {"TraditioPG.txt", "TipologiaIcoSG.txt", "FormaSG.txt", "MateriaSG.txt",
+                      "TipologiaSG.txt", "ApposizioneSG.txt", "RapportoDocSG.txt",
+                      "TipologiaDGSG.txt"}) {}
+
+QVariant AmbientePergamene::ColonnaPG(const QString& tabella, const QString& colonna,
+                                      long idPergamena) const {
+    return Valore(QStringLiteral("SELECT %1 FROM %2 WHERE ID_Pergamena = ?").arg(colonna, tabella),
+                  {Id(idPergamena)});
+}
+
+long AmbientePergamene::IdPergamena(long idElemento) const {
+    return ColonnaDi(QStringLiteral("Pergamene"), QStringLiteral("ID_Pergamena"), idElemento)
+        .toInt();
+}
+
+QVariant AmbientePergamene::Tipo(const QString& colonna, long idElemento) const {
+    return Valore(QStringLiteral("SELECT %1 FROM SGTipo WHERE ID_Sigillo = (SELECT ID_Sigillo "
+                                 "FROM Sigilli WHERE ID_Elemento = ?)")
+                      .arg(colonna),
+                  {Id(idElemento)});
+}
+
+long AmbientePergamene::IdSigillo(long idElemento) const {
+    return ColonnaDi(QStringLiteral("Sigilli"), QStringLiteral("ID_Sigillo"), idElemento).toInt();
+}
+
+AmbientePergamene::Albero AmbientePergamene::CreaPergamena(const QString& sSegnatura) const {
+    Albero a{};
+    a.istituto = CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    a.inventario = Crea("03", QStringLiteral("Inventario"), a.istituto);
+    a.pergamena = Crea("05", sSegnatura, a.inventario);
+    return a;
+}
+
+AmbientePergamene::PergamenaCreata AmbientePergamene::CreaPergamenaConRiga() const {
+    const Albero a = CreaPergamena();
+    return {a, a.pergamena, IdPergamena(a.pergamena)};
+}
+
+EditoreOspitato<ucPergamena> OspitePergamena(long padre) {
+    return {"05", padre, &ucPergamena::OkNuovaPergamena};
+}
+
+EditoreOspitato<ucSigillo> OspiteSigillo(long padre) {
+    return {"06", padre, &ucSigillo::OkNuovoSigillo};
+}
+
+void Compila(ucPergamena& editore) {
+    Riga(&editore, 0)->setText(QStringLiteral("Perg. 12"));
+    Riga(&editore, 36)->setText(QStringLiteral("1210 marzo 3"));
+    Riga(&editore, 23)->setText(QStringLiteral("320x210"));
+    Riga(&editore, 21)->setText(QStringLiteral("Pergamena"));
+    Combo(&editore, "cmbTraditio")->setCurrentIndex(0);
+    Riga(&editore, 33)->setText(QStringLiteral("03/03/1210"));
+    Riga(&editore, 15)->setText(QStringLiteral("Maria Rossi"));
+    Riga(&editore, 1)->setText(QStringLiteral("03/03/1210"));
+    Riga(&editore, 27)->setText(QStringLiteral("2"));
+    Riga(&editore, 26)->setText(QStringLiteral("1"));
+    Blocco(&editore, 4)->setPlainText(QStringLiteral("Vendita di una terra"));
+    Riga(&editore, 2)->setText(QStringLiteral("Pisa"));
+}
+
+void Compila(ucSigillo& editore) {
+    Riga(&editore, 0)->setText(QStringLiteral("Sigillo del comune"));
+    Combo(&editore, "cmbMat")->setCurrentIndex(0);
+    Riga(&editore, 43)->setText(QStringLiteral("sec. XIII"));
+    Riga(&editore, 12)->setText(QStringLiteral("Maria Rossi"));
+    Combo(&editore, "cmbApp")->setCurrentIndex(0);
+    Riga(&editore, 6)->setText(QStringLiteral("rosso"));
+    Riga(&editore, 28)->setText(QStringLiteral("buono"));
+    Combo(&editore, "cmbDoc")->setCurrentIndex(1);
+    Riga(&editore, 2)->setText(QStringLiteral("1250"));
+    Riga(&editore, 3)->setText(QStringLiteral("1260"));
+    Combo(&editore, "cmbTipol")->setCurrentIndex(0);
+}
+
+DocumentoMag::DocumentoMag() {
+    Scrivi(cartella.path() + QStringLiteral("/scansioni/0001.tif"), "immagine");
+    sDoc = cartella.path() + QStringLiteral("/scansioni/mag.xml");
+    Scrivi(sDoc, "<?xml version=\"1.0\"?>\n<metadigit><img><sequence_number>1"
+                 "</sequence_number><nomenclature>c. 1r</nomenclature>"
+                 "<file xlink:href=\"./0001.tif\"/></img></metadigit>\n");
+    Sessione::sParam01 = cartella.path() + QStringLiteral("/repo");
+    Sessione::sParam12 = QStringLiteral("http://archivio.example.it/img");
+    QDir().mkpath(Sessione::sParam01);
+}
+
+void DocumentoMag::Scrivi(const QString& percorso, const QByteArray& contenuto) {
+    QDir().mkpath(QFileInfo(percorso).absolutePath());
+    QFile file(percorso);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+        file.write(contenuto) != contenuto.size())
+        qFatal("can't write the test file");
+}
+
 Luoghi::Luoghi(const AmbienteRecord& ambiente)
     : istituto(
           ambiente.CreaIstituto(QStringLiteral("Archivio di Stato di Lucca"), QStringLiteral("01")))
@@ -155,6 +287,13 @@ QString Testo(const QWidget* editore, int n) {
     return Blocco(editore, n)->toPlainText();
 }
 
+void ScriviTesto(const QWidget* editore, int n, const QString& testo) {
+    if (QLineEdit* riga = Riga(editore, n))
+        riga->setText(testo);
+    else
+        Blocco(editore, n)->setPlainText(testo);
+}
+
 QLabel* Etichetta(const QWidget* editore, int n) {
     return editore->findChild<QLabel*>(QStringLiteral("Label1(%1)").arg(n));
 }
@@ -165,6 +304,17 @@ QComboBox* Combo(const QWidget* editore, const char* nome) {
 
 QPushButton* Pulsante(const QWidget* editore, const char* nome) {
     return editore->findChild<QPushButton*>(QLatin1String(nome));
+}
+
+QStringList Voci(const QComboBox* cmb) {
+    QStringList voci;
+    for (int i = 0; i < cmb->count(); ++i)
+        voci << QStringLiteral("%1=%2").arg(cmb->itemData(i).toLongLong()).arg(cmb->itemText(i));
+    return voci;
+}
+
+QComboBox* Indice(const QWidget* editore, const char* nome, int i) {
+    return editore->findChild<QComboBox*>(QStringLiteral("%1(%2)").arg(QLatin1String(nome)).arg(i));
 }
 
 void ScegliChiave(const QWidget* editore, const char* nome, long chiave) {

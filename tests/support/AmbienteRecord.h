@@ -14,7 +14,9 @@
 #include <QPushButton>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <QVariant>
+#include <QVariantMap>
 #include <QtTest>
 #include <functional>
 #include <initializer_list>
@@ -26,6 +28,8 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QWidget;
+class ucPergamena;
+class ucSigillo;
 
 struct AmbienteRecord {
     // sTabella is the record's table; the lists are copied from site/ into the program folder.
@@ -67,11 +71,55 @@ struct AmbienteRecord {
     long IdIstituto(long idElemento) const;
     // A row of Links from a complesso to a finding aid.
     void Collega(long complesso, long inventario) const;
+    // Every column of the row of a table whose key column has that value, by the column's name
+    // in lower case (the backends spell the names differently).
+    QVariantMap RigaIntera(const QString& tabella, const QString& chiave, long valore) const;
+    // A trigger of the test's own: the database refuses an update of the table whose new row
+    // meets the condition (on NEW), with that message.
+    void RifiutaAggiornamento(const QString& tabella, const QString& sCondizione,
+                              const QString& sMessaggio) const;
 
     const QString sTabella;
     CartellaProva cartella;
     BancaDatiProva banca;
     PiattaformaScriptata seam;
+};
+
+// The records of parchments and seals: a program folder with the list of the traditio and the
+// seven lists of the seal, sTabella the record's table ("Pergamene" or "Sigilli").
+struct AmbientePergamene : AmbienteRecord {
+    AmbientePergamene(TipoBackend tipo, QString sTabella);
+    // A column of a table of the parchment found by its key, and that key of an element.
+    QVariant ColonnaPG(const QString& tabella, const QString& colonna, long idPergamena) const;
+    long IdPergamena(long idElemento) const;
+    // A column of the row of SGTipo of a seal's element, and the key of the seal.
+    QVariant Tipo(const QString& colonna, long idElemento) const;
+    long IdSigillo(long idElemento) const;
+    // An institute, a finding aid under it and a parchment under the finding aid.
+    struct Albero {
+        long istituto, inventario, pergamena;
+    };
+    Albero CreaPergamena(const QString& sSegnatura = QStringLiteral("Perg. 1")) const;
+    // A parchment in its tree, with the key of its row in Pergamene.
+    struct PergamenaCreata {
+        Albero albero;
+        long id;
+        long idPG;
+    };
+    PergamenaCreata CreaPergamenaConRiga() const;
+};
+
+// The mandatory fields of a parchment and of a seal filled in.
+void Compila(ucPergamena& editore);
+void Compila(ucSigillo& editore);
+
+// A MAG document of one image in a folder of its own, and the repository's root (sParam01) and
+// address (sParam12) of the session.
+struct DocumentoMag {
+    DocumentoMag();
+    static void Scrivi(const QString& percorso, const QByteArray& contenuto);
+    QTemporaryDir cartella;
+    QString sDoc;
 };
 
 // An institute at the top with a seat ("03") and a warehouse ("04"), made in that order, and the
@@ -91,9 +139,15 @@ QVariant NullChiave();
 QLineEdit* Riga(const QWidget* editore, int n);
 QPlainTextEdit* Blocco(const QWidget* editore, int n);
 QString Testo(const QWidget* editore, int n);
+// Text1(n) of an editor given a text, whichever it is.
+void ScriviTesto(const QWidget* editore, int n, const QString& testo);
 QLabel* Etichetta(const QWidget* editore, int n);
 QComboBox* Combo(const QWidget* editore, const char* nome);
 QPushButton* Pulsante(const QWidget* editore, const char* nome);
+// The entries of a combo as "code=text".
+QStringList Voci(const QComboBox* cmb);
+// A combo of a control array, nome(i).
+QComboBox* Indice(const QWidget* editore, const char* nome, int i);
 // The entry of a combo whose item data is that key made the current one.
 void ScegliChiave(const QWidget* editore, const char* nome, long chiave);
 // The piece repeated up to n characters.
@@ -114,6 +168,22 @@ void CollegaPermessi(HostEditore& ospite, Editore* editore, bool Editore::*okNuo
         return editore->OkCancella;
     };
 }
+
+// A new editor in a host of its kind under a parent, the host's buttons following the editor's
+// flags, loaded as a host loads (Init).
+template <typename Editore> struct EditoreOspitato {
+    EditoreOspitato(const char* tipo, long padre, bool Editore::*okNuovo)
+        : editore(new Editore)
+        , ospite(editore, QLatin1String(tipo), padre) {
+        CollegaPermessi(ospite, editore, okNuovo);
+        ospite.Carica();
+    }
+    Editore* const editore;
+    HostEditore ospite;
+};
+// The host of parchments and the host of seals (a seal not attached to a unit) under a parent.
+EditoreOspitato<ucPergamena> OspitePergamena(long padre);
+EditoreOspitato<ucSigillo> OspiteSigillo(long padre);
 
 // The seat chosen for a parent of that kind under an institute with places goes down to the
 // parent's direct children as their seat and their warehouse, not to a grandchild nor to a
