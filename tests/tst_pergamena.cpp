@@ -100,6 +100,8 @@ private Q_SLOTS:
     }
     void ilPulsanteImmagineChiedePrimaDiImportareODiTogliereIlCollegamento();
     void laTastieraPercorreIlModuloComeSiVede();
+    void iComplessiNascostiDallOspiteNonTornanoConMostraNeConAnnulla_data() { AggiungiBackend(); }
+    void iComplessiNascostiDallOspiteNonTornanoConMostraNeConAnnulla();
 };
 
 void TestPergamena::iCampiSonoNellOrdineDelDisegnoConEtichetteLimitiSchedeETag() {
@@ -1091,6 +1093,40 @@ void TestPergamena::laTastieraPercorreIlModuloComeSiVede() {
         campo = campo->nextInFocusChain();
     }
     QCOMPARE(visti, attesi);
+}
+
+void TestPergamena::iComplessiNascostiDallOspiteNonTornanoConMostraNeConAnnulla() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const auto [albero, id, idPG] = ambiente.CreaPergamenaConRiga();
+    EditorePronto<ucPergamena> editore(id);
+    QPushButton* complessi = Pulsante(&editore, "cmdMostraLinks");
+    QVERIFY(complessi->isEnabled());
+    // The dialog that links seals and parchments leaves the complessi out.
+    editore.EnabledComplessiDoc(false);
+    const auto fuori = [complessi] {
+        return complessi->isHidden() && !complessi->isEnabled();
+    };
+    QVERIFY(fuori());
+    editore.Mostra(id);
+    QVERIFY(fuori());
+    editore.Modifica();
+    editore.Annulla();
+    QVERIFY(fuori());
+    editore.Modifica();
+    Compila(editore);
+    editore.Salva(id);
+    QVERIFY(fuori());
+    editore.Nuovo(albero.inventario);
+    editore.Annulla();
+    QVERIFY(fuori());
+    // Offered again, the browse state enables it as the other buttons.
+    editore.EnabledComplessiDoc(true);
+    editore.Modifica();
+    QVERIFY(!complessi->isEnabled());
+    editore.Annulla();
+    QVERIFY(!complessi->isHidden() && complessi->isEnabled());
 }
 
 QTEST_MAIN(TestPergamena)

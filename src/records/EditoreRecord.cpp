@@ -206,6 +206,21 @@ QString EditoreRecord::LeggiDenominazione() const {
     return TestoDi(Testo(0));
 }
 
+bool EditoreRecord::SalvaMostrandoLErrore(long IDElem) {
+    QString sTesto;
+    try {
+        Salva(IDElem);
+        return true;
+    } catch (const Errore& errore) {
+        sTesto = errore.testo();
+    } catch (const std::exception& errore) {
+        sTesto = QString::fromUtf8(errore.what());
+    }
+    MsgBox(sTesto, Pulsanti::Ok, Icona::Critica);
+    Annulla();
+    return false;
+}
+
 // --- Lookup lists ------------------------------------------------------------------------
 
 void EditoreRecord::CaricaLista(QComboBox* cmb, const QString& sFile) {
@@ -327,6 +342,10 @@ long EditoreRecord::FigliElemento(long lIdElemento) {
     if (!query.next())
         return 0;
     return static_cast<long>(query.value(0).toLongLong());
+}
+
+void EditoreRecord::RileggiOkCancella(long lIdElemento) {
+    OkCancella = lIdElemento != 0 && FigliElemento(lIdElemento) == 0;
 }
 
 // --- Controls ----------------------------------------------------------------------------

@@ -47,6 +47,11 @@ public:
     // The text of the denomination, Text1(0), read by the host before the row exists.
     virtual QString LeggiDenominazione() const;
 
+    // Salva as a host runs it, once the row of Elementi is there: a failure is shown in a
+    // critical box (the error's source, a line break and its description) and goes no further;
+    // the editor is then locked as after a save. False when the save failed.
+    bool SalvaMostrandoLErrore(long IDElem);
+
     // Whether the record in hand may be edited and deleted; read by the host after every
     // Mostra and Salva.
     bool OkModifica = false;
@@ -126,6 +131,11 @@ Q_SIGNALS:
     void EventoStato();
 
 protected:
+    // OkCancella read again for the element in hand: no children (False when none is in hand).
+    // The records whose flag says only that run it when a dialog they opened has closed, so
+    // that the host that hears EventoStato sets its delete from what the dialog left.
+    void RileggiOkCancella(long lIdElemento);
+
     // Opens the dialog of that name modally through Dialoghi::Apri and, once it has closed,
     // runs dopo (the record's own re-reading) and raises EventoStato; false (and nothing run,
     // no event) when no dialog has that name.

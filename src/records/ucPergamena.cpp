@@ -98,6 +98,8 @@ struct ucPergamena::Dati {
     long lIdElemPergOrig = 0;
     QString MD5link;
     bool bOriginale = false;
+    // cmdMostraLinks offered: a host that leaves the complessi out keeps it off for good.
+    bool bComplessiDoc = true;
 
     QComboBox* cmbTraditio = nullptr;
     QCheckBox* chkUnitaCond = nullptr;
@@ -716,6 +718,7 @@ void ucPergamena::MostraSigilliVisible(bool bVisibile) {
 }
 
 void ucPergamena::EnabledComplessiDoc(bool bAbilitato) {
+    d->bComplessiDoc = bAbilitato;
     d->cmdMostraLinks->setEnabled(bAbilitato);
     d->cmdMostraLinks->setVisible(bAbilitato);
 }
@@ -724,6 +727,8 @@ void ucPergamena::EnabledComplessiDoc(bool bAbilitato) {
 
 void ucPergamena::StatoMostra() {
     BloccaCampi();
+    // The browse state enables the child-list buttons, but not the complessi a host left out.
+    d->cmdMostraLinks->setEnabled(d->bComplessiDoc);
     RefreshButton();
     // No image without an element of the parchment.
     d->cmdImmagine->setEnabled(fID_Elem != 0);
@@ -751,6 +756,7 @@ void ucPergamena::ApriFiglio(const QString& sDialogo, void (ucPergamena::*ricont
     ApriDialogo(sDialogo, argomenti, [this, ricontrolla] {
         (this->*ricontrolla)(fID_Elem);
         RefreshButton();
+        RileggiOkCancella(fID_Elem);
     });
 }
 
@@ -770,6 +776,7 @@ void ucPergamena::cmdMostraPergamene_Click() {
             d->lIdElemPergOrig = Sessione::lIdElementoLink;
         CheckPergamene();
         RefreshButton();
+        RileggiOkCancella(fID_Elem);
     });
 }
 

@@ -355,11 +355,9 @@ ucSigillo::ucSigillo(QWidget* parent)
     connect(d->cmdMostraTitolari, &QPushButton::clicked, this, [this] {
         Sessione::sDenomElementoLink = LeggiDenominazione();
         Sessione::lIdElementoLink = d->lIdSigillo;
-        if (!ApriDialogo(QStringLiteral("frmMostraLinkTitolari"),
-                         {{QStringLiteral("bFromSigilli"), true}}))
-            return;
-        CheckTitolari(fID_Elem);
-        RefreshButton();
+        ApriDialogo(QStringLiteral("frmMostraLinkTitolari"),
+                    {{QStringLiteral("bFromSigilli"), true}},
+                    [this] { DopoDialogo(&ucSigillo::CheckTitolari); });
     });
     connect(d->cmdMostraPergamene, &QPushButton::clicked, this, [this] {
         const QVariantMap argomenti = {
@@ -367,10 +365,8 @@ ucSigillo::ucSigillo(QWidget* parent)
             {QStringLiteral("lIdPergamena"), qlonglong(0)},
             {QStringLiteral("sDenominazione"), LeggiDenominazione()},
         };
-        if (!ApriDialogo(QStringLiteral("frmMostraLinkPGS"), argomenti))
-            return;
-        CheckPergameneLink(fID_Elem);
-        RefreshButton();
+        ApriDialogo(QStringLiteral("frmMostraLinkPGS"), argomenti,
+                    [this] { DopoDialogo(&ucSigillo::CheckPergameneLink); });
     });
     connect(d->chkPubblicaSG, &QCheckBox::clicked, this, [this] {
         ControllaPubblicazione(d->chkPubblicaSG, d->lIDElemPadre,
@@ -695,6 +691,12 @@ void ucSigillo::NaturaCliccata(int indice) {
     d->cmbForma[1]->setProperty("Tag", bVerso ? QStringLiteral("Inserire forma") : QString());
     if (!bVerso)
         Testo(22)->setProperty("Tag", QString());
+}
+
+void ucSigillo::DopoDialogo(void (ucSigillo::*ricontrolla)(long)) {
+    (this->*ricontrolla)(fID_Elem);
+    RefreshButton();
+    RileggiOkCancella(fID_Elem);
 }
 
 void ucSigillo::CaricaRapporto() {

@@ -71,6 +71,9 @@ private:
                     bool bDopoSalva);
     // The natura chosen: the verso shown for entries 1 to 3, and its form then mandatory.
     void NaturaCliccata(int indice);
+    // Once a viewer has closed, before the host hears of it: its flag read again, the buttons
+    // painted and whether the seal may be deleted.
+    void DopoDialogo(void (ucSigillo::*ricontrolla)(long));
     // The relation to the document: its list without "02" while attached.
     void CaricaRapporto();
 };

@@ -55,22 +55,6 @@ const QString StatoMostra = QStringLiteral("mostra");
 const QString StatoNuovo = QStringLiteral("nuovo");
 const QString StatoModifica = QStringLiteral("modifica");
 
-// Salva of an editor, once the row of Elementi is there: a failure is shown and goes no further.
-// The row stands, the node is made, and the editor is locked as after a save.
-void SalvaEditore(EditoreRecord& editore, long lIdElemento) {
-    QString sTesto;
-    try {
-        editore.Salva(lIdElemento);
-        return;
-    } catch (const Errore& errore) {
-        sTesto = errore.testo();
-    } catch (const std::exception& errore) {
-        sTesto = QString::fromUtf8(errore.what());
-    }
-    MsgBox(sTesto, Pulsanti::Ok, Icona::Critica);
-    editore.Annulla();
-}
-
 } // namespace
 
 FinestraStruttura::FinestraStruttura(const QString& sNome, QWidget* genitore)
@@ -658,7 +642,8 @@ void FinestraStruttura::Conferma() {
         MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica, tipo->sTitoloErroreSalva);
         return;
     }
-    SalvaEditore(editore, lIdSalvato);
+    // A failure of Salva is shown and goes no further: the row stands and the node is made.
+    editore.SalvaMostrandoLErrore(lIdSalvato);
     AbilitaPulsanti(*tipo);
     if (sStato == StatoNuovo) {
         SostituisciNodoTemporaneo(lIdSalvato, editore.LeggiDenominazione(), tipo->sImmagineNuovo,

@@ -37,6 +37,9 @@ HostEditore::HostEditore(EditoreRecord* editore, QString tipologia, long lIdPadr
     connect(cmdConferma, &QPushButton::clicked, this, [this] { Conferma(); });
     connect(cmdAnnulla, &QPushButton::clicked, this, [this] { Annulla(); });
     connect(cmdCancella, &QPushButton::clicked, this, [this] { Cancella(); });
+    // A dialog that the editor opened has closed: the delete follows the editor's flag again.
+    connect(pEditore, &EditoreRecord::EventoStato, this,
+            [this] { cmdCancella->setEnabled(okCancella && okCancella()); });
     ImpostaPulsanti();
 }
 
@@ -75,7 +78,8 @@ bool HostEditore::Conferma() {
     if (sStato == QLatin1String("nuovo"))
         lId = ArchivioElementi::Crea(*Sessione::cnn, sTipologia, pEditore->LeggiDenominazione(),
                                      lIdPadreNuovo);
-    pEditore->Salva(lId);
+    // A failure of the save is shown in the host's box, and the host goes on.
+    pEditore->SalvaMostrandoLErrore(lId);
     MostraElemento(lId);
     return true;
 }

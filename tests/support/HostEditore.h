@@ -3,7 +3,9 @@
 // A window that hosts one record editor the way the structure windows do: the buttons
 // cmdNuovo, cmdModifica, cmdConferma, cmdAnnulla, cmdCancella and the calling order of a host
 // (Init at load; Mostra of a chosen element; Nuovo; Modifica; the mandatory check, the insert
-// of the row of Elementi and Salva at confirmation; Annulla; the delete of the detail row).
+// of the row of Elementi and Salva at confirmation, a failure of Salva shown in a critical box;
+// Annulla; the delete of the detail row). When a dialog that the editor opened has closed
+// (EventoStato), cmdCancella follows the editor's OkCancella again.
 
 #include <QString>
 #include <QWidget>
