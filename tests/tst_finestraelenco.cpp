@@ -240,8 +240,45 @@ private Q_SLOTS:
     void iComandiEIColoriSeguonoIFlagDellEditore();
     void unRecordCancellatoAltroveNonSiSalvaELaSuaRigaSparisce_data() { AggiungiBackend(); }
     void unRecordCancellatoAltroveNonSiSalvaELaSuaRigaSparisce();
+    void unaSchedaVuotaNonMostraNullaNeAllaPrimaNeAlRitorno_data() { AggiungiBackend(); }
+    void unaSchedaVuotaNonMostraNullaNeAllaPrimaNeAlRitorno();
+    void dopoUnDialogoDellEditoreIComandiSeguonoDiNuovoISuoiFlag_data() { AggiungiBackend(); }
+    void dopoUnDialogoDellEditoreIComandiSeguonoDiNuovoISuoiFlag();
     void escChiudeLaFinestra();
 };
+
+void TestFinestraElenco::unaSchedaVuotaNonMostraNullaNeAllaPrimaNeAlRitorno() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    a.Nome(QStringLiteral("Bianchi Anna"));
+    FinestraProva f;
+    f.SSTab1->setCurrentIndex(1);
+    QCOMPARE(f.fraLuogo->iMostrati, 0);
+    QCOMPARE(Comandi(f), QStringLiteral("1000"));
+    QVERIFY(!f.fraLuogo->isHidden());
+    f.SSTab1->setCurrentIndex(0);
+    QCOMPARE(Comandi(f), QStringLiteral("1110"));
+    f.SSTab1->setCurrentIndex(1);
+    QCOMPARE(f.fraLuogo->iMostrati, 0);
+    QCOMPARE(Comandi(f), QStringLiteral("1000"));
+    QCOMPARE(f.sTipo, QStringLiteral("luoghi"));
+}
+
+void TestFinestraElenco::dopoUnDialogoDellEditoreIComandiSeguonoDiNuovoISuoiFlag() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    a.Nome(QStringLiteral("Bianchi Anna"));
+    FinestraProva f;
+    QCOMPARE(Comandi(f), QStringLiteral("1110"));
+    // A link made in a dialog of the editor: the record may no longer be deleted.
+    f.fraNome->OkCancella = false;
+    f.fraNome->bNote = true;
+    Q_EMIT f.fraNome->EventoStato();
+    QCOMPARE(Comandi(f), QStringLiteral("1101"));
+    QVERIFY(Chiaro(f.cmdNote));
+}
 
 void TestFinestraElenco::ogniListaSiCaricaUnaVoltaAllaPrimaVisualizzazioneDellaSuaScheda() {
     QFETCH(TipoBackend, backend);

@@ -114,6 +114,12 @@ void FinestraElenco::AggiungiPagina(const PaginaElenco& pagina) {
         corpo->insertWidget(0, lista, 2);
     }
 
+    // A dialog that the editor opened has closed: the commands follow its flags again.
+    connect(pagina.editore, &EditoreRecord::EventoStato, this, [this, iPagina] {
+        if (iPagina == PaginaCorrente() && sStato == StatoMostra) {
+            AbilitaPulsanti(pagine[iPagina]);
+        }
+    });
     pagina.editore->setParent(cornice);
     pagina.editore->setObjectName(QLatin1String(pagina.sNomeEditore));
     pagina.editore->setVisible(false);
@@ -175,10 +181,11 @@ void FinestraElenco::CambioScheda(int iPagina) {
         if (Modello(iPagina).Righe() > 0) {
             aChiave[iPagina] = ModelloElenco::Chiave(Modello(iPagina).Id(0));
             aId[iPagina] = Modello(iPagina).Id(0);
-        } else if (!pagine[iPagina].bMostraSenzaRighe) {
-            NessunaRiga(iPagina);
-            return;
         }
+    }
+    if (Modello(iPagina).Righe() == 0 && !pagine[iPagina].bMostraSenzaRighe) {
+        NessunaRiga(iPagina);
+        return;
     }
     Mostra();
 }
