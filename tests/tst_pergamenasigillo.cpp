@@ -431,6 +431,8 @@ private Q_SLOTS:
     void unaRigaCancellataDaUnAltraPostazioneFermaIlSalvaConUnMessaggio();
     void lImmagineDiUnaPergamenaEDiUnSigilloSiImportaESiRimuove_data() { AggiungiBackend(); }
     void lImmagineDiUnaPergamenaEDiUnSigilloSiImportaESiRimuove();
+    void unSigilloStaccatoPoiAttaccatoConEPoiSenzaVersoFaIlGiro_data() { AggiungiBackend(); }
+    void unSigilloStaccatoPoiAttaccatoConEPoiSenzaVersoFaIlGiro();
 };
 
 void TestPergamenaSigillo::
@@ -1011,6 +1013,80 @@ void TestPergamenaSigillo::lImmagineDiUnaPergamenaEDiUnSigilloSiImportaESiRimuov
         editore->Mostra(id);
         QCOMPARE(immagine->text(), QStringLiteral("Immagine"));
     }
+}
+
+void TestPergamenaSigillo::unSigilloStaccatoPoiAttaccatoConEPoiSenzaVersoFaIlGiro() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente ambiente(backend);
+    const Ambiente::Albero albero = ambiente.CreaPergamena();
+    const long id = ambiente.Crea("06", QStringLiteral("Sigillo"), albero.pergamena);
+    const auto colonna = [&ambiente, id](const char* nome) {
+        return ambiente.ColonnaDi(QStringLiteral("Sigilli"), QLatin1String(nome), id);
+    };
+    auto [editore, ospite] = OspiteSigillo(albero.pergamena);
+    QComboBox* rapporto = Combo(editore, "cmbDoc");
+    const int iVoci = rapporto->count();
+    const QString sRiferimento = QStringLiteral("Pergamena n. 3 «di Lucca», l'ultima");
+
+    // Not attached to a unit: the relation is not offered, the document is referred to in free
+    // text; a natura with a verso.
+    ospite.MostraElemento(id);
+    ospite.cmdModifica->click();
+    QVERIFY(rapporto->isHidden());
+    QVERIFY(!Blocco(editore, 42)->isHidden());
+    Compila(*editore);
+    Combo(editore, "cmbTipol")->setCurrentIndex(1);
+    Indice(editore, "cmbForma", 1)->setEditText(QStringLiteral("Ogivale"));
+    ScriviTesto(editore, 22, QStringLiteral("Aquila"));
+    ScriviTesto(editore, 42, sRiferimento);
+    QVERIFY(rapporto->findData(2) >= 0);
+    rapporto->setCurrentIndex(rapporto->findData(2));
+    ospite.cmdConferma->click();
+    QCOMPARE(ospite.Stato(), QStringLiteral("mostra"));
+    QCOMPARE(colonna("Rapporto").toString(), QStringLiteral("02"));
+    QCOMPARE(colonna("RifDocNoInv").toString(), sRiferimento);
+    QCOMPARE(ambiente.Tipo(QStringLiteral("FormaV"), id).toString(), QStringLiteral("Ogivale"));
+    QCOMPARE(ambiente.Tipo(QStringLiteral("DescrizioneV"), id).toString(),
+             QStringLiteral("Aquila"));
+
+    // Attached: the host says so and loads the editor again; the relation "02" is left out, so
+    // the stored one is not chosen and the save stops at it.
+    editore->bAttaccato(true);
+    ospite.Carica();
+    QCOMPARE(rapporto->count(), iVoci - 1);
+    QCOMPARE(rapporto->findData(2), -1);
+    ospite.MostraElemento(id);
+    QVERIFY(Blocco(editore, 42)->isHidden());
+    QCOMPARE(rapporto->currentIndex(), -1);
+    ospite.cmdModifica->click();
+    QVERIFY(!rapporto->isHidden());
+    QVERIFY(!ospite.Conferma());
+    QCOMPARE(ambiente.seam.Messaggi().constLast().sTesto,
+             QStringLiteral("Inserire il rapporto con il documento"));
+    // Chosen, and the verso hidden by a natura without it: the reference and the verso are saved
+    // as they stand.
+    rapporto->setCurrentIndex(0);
+    const QString sCodice =
+        QStringLiteral("%1").arg(rapporto->itemData(0).toLongLong(), 2, 10, QLatin1Char('0'));
+    Combo(editore, "cmbTipol")->setCurrentIndex(0);
+    QVERIFY(editore->findChild<QWidget*>(QStringLiteral("Frame2"))->isHidden());
+    QVERIFY(ospite.Conferma());
+    QCOMPARE(colonna("Rapporto").toString(), sCodice);
+    QCOMPARE(colonna("RifDocNoInv").toString(), sRiferimento);
+    QCOMPARE(ambiente.Tipo(QStringLiteral("FormaV"), id).toString(), QStringLiteral("Ogivale"));
+    QCOMPARE(ambiente.Tipo(QStringLiteral("DescrizioneV"), id).toString(),
+             QStringLiteral("Aquila"));
+
+    // Not attached again: the stored relation and the reference are shown.
+    editore->bAttaccato(false);
+    ospite.Carica();
+    QCOMPARE(rapporto->count(), iVoci);
+    ospite.MostraElemento(id);
+    QCOMPARE(rapporto->currentData().toLongLong(), sCodice.toLongLong());
+    QCOMPARE(Testo(editore, 42), sRiferimento);
+    QVERIFY(!Blocco(editore, 42)->isHidden());
+    QVERIFY(editore->findChild<QWidget*>(QStringLiteral("Frame2"))->isHidden());
 }
 
 QTEST_MAIN(TestPergamenaSigillo)
