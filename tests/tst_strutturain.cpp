@@ -91,17 +91,6 @@ void Scegli(frmStrutturaIN& f, qint64 lId) {
     f.tvwDB->setCurrentIndex(nodo);
 }
 
-// The mandatory fields of a finding aid, a digital one, with that title.
-void CompilaInventario(const QWidget* editore, const QString& titolo) {
-    Riga(editore, 0)->setText(titolo);
-    Combo(editore, "cmbTipologiaIN2")->setCurrentIndex(0);
-    Combo(editore, "cmbTipoInv")->setCurrentIndex(3);
-    Riga(editore, 4)->setText(QStringLiteral("1790"));
-    Riga(editore, 5)->setText(QStringLiteral("1850"));
-    Riga(editore, 6)->setText(QStringLiteral("1790-1850"));
-    Riga(editore, 17)->setText(QStringLiteral("Maria Rossi"));
-}
-
 // The session values a dialog of the finding aids reads.
 struct Globali {
     long lIdInventario = 0;

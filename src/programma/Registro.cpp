@@ -4,6 +4,8 @@
 #include "authorities/frmSoggetti.h"
 #include "exchange/frmScEsporta.h"
 #include "exchange/frmScImporta.h"
+#include "links/frmNuovoComplesso.h"
+#include "links/frmNuovoInventario.h"
 #include "session/Dialoghi.h"
 #include "session/PrimoMDI.h"
 #include "session/frmBackup.h"
@@ -43,6 +45,27 @@ void RegistraFinestreProgramma() {
 
     // The dialogs that records and windows open by name.
     dialogo("frmAltreDenominazioni", [](QWidget* g) { return new frmAltreDenominazioni(g); });
+    // The pickers of complessi (for the record in Sessione::lIdInventario, by iChiamanteInv) and
+    // of finding aids (for Sessione::lIdComplesso), hosted modally; the opener locks the box of
+    // the names chosen unless it says otherwise ("bLockSelCompl", "bLockInvSet" false).
+    Dialoghi::RegistraPredefinito(
+        QStringLiteral("frmNuovoComplesso"),
+        [](QWidget* genitore, const Dialoghi::Argomenti& argomenti) -> QDialog* {
+            auto finestra = std::make_unique<frmNuovoComplesso>();
+            if (argomenti.value(QStringLiteral("bLockSelCompl"), true).toBool()) {
+                finestra->bLockSelCompl();
+            }
+            return finestra.release()->InDialogo(genitore);
+        });
+    Dialoghi::RegistraPredefinito(
+        QStringLiteral("frmNuovoInventario"),
+        [](QWidget* genitore, const Dialoghi::Argomenti& argomenti) -> QDialog* {
+            auto finestra = std::make_unique<frmNuovoInventario>();
+            if (argomenti.value(QStringLiteral("bLockInvSet"), true).toBool()) {
+                finestra->bLockInvSet();
+            }
+            return finestra.release()->InDialogo(genitore);
+        });
     // The analytical inventory of Sessione::lIdInventario, hosted modally: its kind ("sTipo")
     // and the complessi linked to the finding aid ("sComplessoLinked").
     Dialoghi::RegistraPredefinito(

@@ -4,6 +4,8 @@
 #include "Connessione.h"
 #include "session/Errore.h"
 
+#include <QSqlQuery>
+
 namespace ArchivioElementi {
 
 QString TabellaDettaglio(const QString& sTipologia) {
@@ -39,6 +41,35 @@ void Elimina(const Connessione& connessione, const QString& sTipologia, long lId
     // The table's name comes from the fixed list above, never from the caller's text.
     connessione.Esegui(QStringLiteral("DELETE FROM %1 WHERE ID_Elemento = ?").arg(tabella),
                        {static_cast<qlonglong>(lIdElemento)});
+}
+
+bool Collega(const Connessione& connessione, long lIdElemento, long lIdElementoLink) {
+    const QString sSorgente = QStringLiteral("ArchivioElementi.Collega");
+    for (const long lId : {lIdElemento, lIdElementoLink}) {
+        QSqlQuery riga = connessione.Esegui(
+            QStringLiteral("SELECT ID_Elemento FROM Elementi WHERE ID_Elemento = ?"),
+            {static_cast<qlonglong>(lId)}, sSorgente);
+        if (!riga.next()) {
+            throw Errore(sSorgente, QStringLiteral("L'elemento %1 non esiste più nel database: il "
+                                                   "collegamento non è stato creato.")
+                                        .arg(lId));
+        }
+    }
+    QSqlQuery coppia = connessione.Esegui(
+        QStringLiteral(
+            "SELECT ID_Elemento FROM Links WHERE ID_Elemento = ? AND ID_ElementoLink = ?"),
+        {static_cast<qlonglong>(lIdElemento), static_cast<qlonglong>(lIdElementoLink)}, sSorgente);
+    if (coppia.next()) {
+        return false;
+    }
+    coppia.finish();
+    connessione.Esegui(
+        QStringLiteral(
+            "INSERT INTO Links (ID_Elemento, ID_ElementoLink, Specifica) VALUES (?, ?, ?)"),
+        {static_cast<qlonglong>(lIdElemento), static_cast<qlonglong>(lIdElementoLink),
+         QStringLiteral("")},
+        sSorgente);
+    return true;
 }
 
 } // namespace ArchivioElementi

@@ -22,4 +22,9 @@ long Crea(const Connessione& connessione, const QString& sTipologia, const QStri
 // that hangs on it, and refuses (Errore) while the element still has children.
 void Elimina(const Connessione& connessione, const QString& sTipologia, long lIdElemento);
 
+// A row of Links from the element (ID_Elemento) to the other (ID_ElementoLink), Specifica "",
+// unless the pair is there already: true when a row was added. Raises Errore when one of the two
+// is no longer an element (another workstation deleted it): no row is written then.
+bool Collega(const Connessione& connessione, long lIdElemento, long lIdElementoLink);
+
 } // namespace ArchivioElementi

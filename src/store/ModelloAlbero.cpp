@@ -136,15 +136,88 @@ QVariant ModelloAlbero::data(const QModelIndex& indice, int ruolo) const {
         return tabellaTag.value(tags[nodo]);
     case RuoloImmagine:
         return ChiaviImmagine().value(immagini[nodo]);
+    case Qt::CheckStateRole:
+        if (!bSpuntabile) {
+            return QVariant();
+        }
+        return spunte.contains(nodo) ? Qt::Checked : Qt::Unchecked;
     default:
         return QVariant();
     }
+}
+
+Qt::ItemFlags ModelloAlbero::flags(const QModelIndex& indice) const {
+    Qt::ItemFlags flag = QAbstractItemModel::flags(indice);
+    const qint32 nodo = Nodo(indice);
+    if (bSpuntabile && nodo != Nessuno && spunte.value(nodo) != 2) {
+        flag |= Qt::ItemIsUserCheckable;
+    }
+    return flag;
+}
+
+bool ModelloAlbero::setData(const QModelIndex& indice, const QVariant& valore, int ruolo) {
+    const qint32 nodo = Nodo(indice);
+    if (ruolo != Qt::CheckStateRole || !bSpuntabile || nodo == Nessuno || spunte.value(nodo) == 2) {
+        return false;
+    }
+    const bool bSpuntato = valore.toInt() == Qt::Checked;
+    if (bSpuntato == spunte.contains(nodo)) {
+        return true;
+    }
+    ImpostaSpunta(indice, bSpuntato);
+    Q_EMIT SpuntaCambiata(indice, bSpuntato);
+    return true;
+}
+
+void ModelloAlbero::ImpostaSpuntabile(bool bSi) {
+    bSpuntabile = bSi;
+    spunte.clear();
+    if (!bCaricamento && !ids.isEmpty()) {
+        beginResetModel();
+        endResetModel();
+    }
+}
+
+bool ModelloAlbero::Spuntato(const QModelIndex& indice) const {
+    const qint32 nodo = Nodo(indice);
+    return nodo != Nessuno && spunte.contains(nodo);
+}
+
+bool ModelloAlbero::SpuntaBloccata(const QModelIndex& indice) const {
+    const qint32 nodo = Nodo(indice);
+    return nodo != Nessuno && spunte.value(nodo) == 2;
+}
+
+void ModelloAlbero::ImpostaSpunta(const QModelIndex& indice, bool bSpuntato, bool bBloccata) {
+    const qint32 nodo = Nodo(indice);
+    if (nodo == Nessuno) {
+        return;
+    }
+    if (bSpuntato || bBloccata) {
+        spunte.insert(nodo, bBloccata ? 2 : 1);
+    } else {
+        spunte.remove(nodo);
+    }
+    if (!bCaricamento) {
+        Q_EMIT dataChanged(indice, indice, {Qt::CheckStateRole});
+    }
+}
+
+QList<QModelIndex> ModelloAlbero::NodiSpuntati() const {
+    QList<qint32> nodi = spunte.keys();
+    std::sort(nodi.begin(), nodi.end());
+    QList<QModelIndex> spuntati;
+    for (const qint32 nodo : nodi) {
+        spuntati.append(IndiceDi(nodo));
+    }
+    return spuntati;
 }
 
 void ModelloAlbero::Svuota() {
     if (!bCaricamento) {
         beginResetModel();
     }
+    spunte.clear();
     ids.clear();
     padri.clear();
     righe.clear();
@@ -425,6 +498,7 @@ void ModelloAlbero::RimuoviSottoalbero(qint32 nodo) {
         const qint32 n = daFare.takeLast();
         daFare.append(Figli(n));
         mappa.Rimuovi(ids[n]);
+        spunte.remove(n);
         ultimoPadre = Nessuno;
         ids[n] = -1;
         if (listaFigli[n] != Nessuno) {

@@ -51,6 +51,10 @@ public:
     int columnCount(const QModelIndex& padre = QModelIndex()) const override;
     QVariant data(const QModelIndex& indice, int ruolo = Qt::DisplayRole) const override;
     bool hasChildren(const QModelIndex& padre = QModelIndex()) const override;
+    Qt::ItemFlags flags(const QModelIndex& indice) const override;
+    // A tick or an untick of a checkable node by the user (Qt::CheckStateRole): refused on a
+    // node ticked and locked; otherwise the node takes it and SpuntaCambiata is raised.
+    bool setData(const QModelIndex& indice, const QVariant& valore, int ruolo) override;
 
     // Every node away.
     void Svuota();
@@ -94,6 +98,19 @@ public:
     void ImpostaOrdinato(const QModelIndex& indice, bool bOrdinato = true);
     bool Ordinato(const QModelIndex& indice) const;
 
+    // Check boxes on the nodes, for the pickers: in a checkable tree every node shows its box,
+    // unticked until it is ticked. A node ticked and locked (already linked) cannot be unticked
+    // by the user. The ticks live beside the nodes and go with them.
+    void ImpostaSpuntabile(bool bSpuntabile);
+    bool Spuntabile() const { return bSpuntabile; }
+    bool Spuntato(const QModelIndex& indice) const;
+    bool SpuntaBloccata(const QModelIndex& indice) const;
+    // Ticks or unticks the node from the program (SpuntaCambiata is not raised); bBloccata
+    // ticks it and locks it.
+    void ImpostaSpunta(const QModelIndex& indice, bool bSpuntato, bool bBloccata = false);
+    // The ticked nodes in the order of the nodes, as they were added to the tree.
+    QList<QModelIndex> NodiSpuntati() const;
+
     // A load: the view is told once, at the end, that the whole tree changed. Between the
     // two calls a son whose parent has not come yet waits for it (keys from the ranges of two
     // sites need not ascend); one whose parent comes in no row of the load is an orphan.
@@ -103,6 +120,10 @@ public:
     // Ends the load (the view is told); the sons still waiting are dropped.
     void FineCaricamento();
     bool InCaricamento() const { return bCaricamento; }
+
+Q_SIGNALS:
+    // The user ticked (true) or unticked (false) the node.
+    void SpuntaCambiata(const QModelIndex& nodo, bool bSpuntato);
 
 private:
     static constexpr qint32 Nessuno = -1;
@@ -150,6 +171,9 @@ private:
     QHash<qint64, QList<Attesa>> attesi; // by the parent's key's number, during a load
     QList<qint64> ordineAttesi;          // the parents waited for, in the order of the rows
     bool bCaricamento = false;
+    bool bSpuntabile = false;
+    // The ticked nodes by node number: 1 ticked, 2 ticked and locked (few nodes are ticked).
+    QHash<qint32, quint8> spunte;
     QVector<qint32> cima; // the nodes without a parent: the root
     mutable QVector<QIcon> icone;
 };

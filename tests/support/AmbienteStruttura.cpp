@@ -126,3 +126,13 @@ void CompilaIstituto(const QWidget* editore, const QString& nome) {
     Riga(editore, 10)->setText(QStringLiteral("Maria Rossi"));
     Riga(editore, 11)->setText(QStringLiteral("8:30-13:30"));
 }
+
+void CompilaInventario(const QWidget* editore, const QString& titolo) {
+    Riga(editore, 0)->setText(titolo);
+    Combo(editore, "cmbTipologiaIN2")->setCurrentIndex(0);
+    Combo(editore, "cmbTipoInv")->setCurrentIndex(3);
+    Riga(editore, 4)->setText(QStringLiteral("1790"));
+    Riga(editore, 5)->setText(QStringLiteral("1850"));
+    Riga(editore, 6)->setText(QStringLiteral("1790-1850"));
+    Riga(editore, 17)->setText(QStringLiteral("Maria Rossi"));
+}

@@ -57,6 +57,8 @@ QStringList TestiFigli(const ModelloAlbero& modello, const QModelIndex& padre);
 QList<Messaggio> MessaggiCon(const PiattaformaScriptata& piattaforma, const QString& sTitolo);
 // The mandatory fields of an institute, with that name.
 void CompilaIstituto(const QWidget* editore, const QString& nome);
+// The mandatory fields of a finding aid, a digital one, with that title.
+void CompilaInventario(const QWidget* editore, const QString& titolo);
 
 // A new institute made in the window with its New command, the editor filled, Conferma: the id
 // of the node then chosen.

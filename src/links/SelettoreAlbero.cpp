@@ -1,0 +1,175 @@
+#include "SelettoreAlbero.h"
+
+#include "records/ucIstituto.h"
+#include "session/Errore.h"
+#include "session/Piattaforma.h"
+#include "session/Sessione.h"
+#include "store/Connessione.h"
+#include "store/ProcedureComuni.h"
+#include "structure/TipoIstituto.h"
+
+#include <QDialog>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+SelettoreAlbero::SelettoreAlbero(const QString& sNome, const QString& sTag, const Caselle& caselle,
+                                 QWidget* genitore)
+    : FinestraStruttura(sNome, genitore)
+    , sTagScelto(sTag) {
+    Modello().ImpostaSpuntabile(true);
+    connect(&Modello(), &ModelloAlbero::SpuntaCambiata, this,
+            [this](const QModelIndex& nodo, bool bSpuntato) { NodeCheck(nodo, bSpuntato); });
+
+    // Above the tree and the editor: the record in hand and the names chosen.
+    auto* riquadro = new QGridLayout;
+    etichettaInMano = new QLabel(caselle.sDidascaliaInMano, this);
+    etichettaInMano->setObjectName(QLatin1String(caselle.sEtichettaInMano));
+    casellaInMano = new QLineEdit(this);
+    casellaInMano->setObjectName(QLatin1String(caselle.sCasellaInMano));
+    casellaInMano->setEnabled(false);
+    etichettaScelti = new QLabel(caselle.sDidascaliaScelti, this);
+    etichettaScelti->setObjectName(QLatin1String(caselle.sEtichettaScelti));
+    casellaScelti = new QPlainTextEdit(this);
+    casellaScelti->setObjectName(QLatin1String(caselle.sCasellaScelti));
+    casellaScelti->setMaximumHeight(casellaScelti->fontMetrics().lineSpacing() * 4);
+    riquadro->addWidget(etichettaInMano, 0, 0);
+    riquadro->addWidget(casellaInMano, 0, 1);
+    riquadro->addWidget(etichettaScelti, 1, 0, Qt::AlignTop);
+    riquadro->addWidget(casellaScelti, 1, 1);
+    if (auto* principale = qobject_cast<QVBoxLayout*>(layout())) {
+        principale->insertLayout(0, riquadro);
+    }
+
+    // The institutes' editor and commands; the window adds its own kind's.
+    fraIstituto = new ucIstituto;
+    AggiungiEditore(fraIstituto, "fraIstituto");
+    cmdNuovoIst = NuovoComando("cmdNuovoIst", QStringLiteral("Nuovo Istituto"));
+    cmdModifica = NuovoComando("cmdModifica", QStringLiteral("Modifica"));
+    connect(cmdModifica, &QPushButton::clicked, this, [this] { Modifica(); });
+
+    cmdCollega = NuovoComando("cmdCollega", QStringLiteral("Collega"));
+    cmdCollega->setEnabled(false);
+    cmdAnnullaCol = NuovoComando("cmdAnnullaCol", QStringLiteral("Annulla collegamento"));
+    connect(cmdCollega, &QPushButton::clicked, this, [this] { cmdCollega_Click(); });
+    connect(cmdAnnullaCol, &QPushButton::clicked, this, [this] { Chiudi(false); });
+}
+
+SelettoreAlbero::~SelettoreAlbero() {
+    // The unload clears the open flag of the finding aids' window, as it always did.
+    Sessione::bFrmStrutturaINAperto = false;
+}
+
+void SelettoreAlbero::RegistraIstituti(
+    const QList<std::pair<QPushButton*, const bool*>>& altriPulsanti) {
+    // A picker deletes nothing: the institute's kind has no delete here.
+    TipoNodo istituto = TipoIstituto(fraIstituto, cmdNuovoIst, cmdModifica, nullptr, altriPulsanti);
+    istituto.pulsanti.removeIf([](const auto& pulsante) { return pulsante.first == nullptr; });
+    istituto.sTabella.clear();
+    RegistraTipo(istituto);
+    fraIstituto->Init();
+}
+
+void SelettoreAlbero::DopoMostra(const TipoNodo& tipo) {
+    lIdIstituto =
+        tipo.editore == fraIstituto ? fraIstituto->ID_Istituto : IstitutoDellEditore(tipo);
+}
+
+void SelettoreAlbero::PreparaEditore(const TipoNodo& tipo) {
+    // The institute in hand goes to the editor; an edited record keeps its own seats.
+    if (tipo.editore == fraIstituto) {
+        fraIstituto->AssegnaIstituto(lIdIstituto);
+    } else if (sStato == QStringLiteral("nuovo")) {
+        AssegnaIstituto(tipo, lIdIstituto);
+    }
+}
+
+// ---------------------------------------------------------------------------------------------
+// The ticks
+
+void SelettoreAlbero::NodeCheck(const QModelIndex& nodo, bool bSpuntato) {
+    if (bInNodeCheck || !nodo.isValid()) {
+        return;
+    }
+    if (Modello().Tag(nodo) != sTagScelto) {
+        // Not of the kind to choose: the tick is undone at once, and nothing else changes.
+        lIdDaTogliere = Modello().Id(nodo);
+        if (bSpuntato) {
+            bInNodeCheck = true;
+            Modello().ImpostaSpunta(nodo, false);
+            bInNodeCheck = false;
+        }
+        return;
+    }
+    const qint64 lId = Modello().Id(nodo);
+    if (bSpuntato) {
+        aScelti.append(lId);
+    } else {
+        for (qint64& lScelto : aScelti) {
+            if (lScelto == lId) {
+                lScelto = 0;
+            }
+        }
+    }
+    cmdCollega->setEnabled(SceltiPieni() > 0);
+    RicostruisciScelti();
+}
+
+int SelettoreAlbero::SceltiPieni() const {
+    int iPieni = 0;
+    for (const qint64 lScelto : aScelti) {
+        iPieni += lScelto != 0 ? 1 : 0;
+    }
+    return iPieni;
+}
+
+void SelettoreAlbero::RicostruisciScelti() {
+    QStringList nomi;
+    for (const QModelIndex& nodo : Modello().NodiSpuntati()) {
+        nomi.append(Modello().Testo(nodo).trimmed());
+    }
+    casellaScelti->setPlainText(nomi.join(QStringLiteral(", ")));
+}
+
+void SelettoreAlbero::BloccaScelti() {
+    casellaScelti->setReadOnly(true);
+}
+
+// ---------------------------------------------------------------------------------------------
+// The end
+
+bool SelettoreAlbero::ScriviInTransazione(const std::function<void()>& lavoro) {
+    const QString sSorgente = objectName() + QStringLiteral(".cmdCollega");
+    try {
+        if (!Sessione::cnn) {
+            throw Errore(sSorgente, QStringLiteral("La connessione al database è chiusa."));
+        }
+        InTransazione(Sessione::cnn->Db(), sSorgente, lavoro);
+        return true;
+    } catch (...) {
+        MsgBox(ErroreDi(std::current_exception(), sSorgente).testo(), Pulsanti::Ok, Icona::Critica,
+               QStringLiteral("Errore N2"));
+        return false;
+    }
+}
+
+void SelettoreAlbero::cmdCollega_Click() {
+    if (Collega()) {
+        Chiudi(true);
+    }
+}
+
+void SelettoreAlbero::Chiudi(bool bAccetta) {
+    if (auto* dialogo = qobject_cast<QDialog*>(parentWidget())) {
+        if (bAccetta) {
+            dialogo->accept();
+        } else {
+            dialogo->reject();
+        }
+    } else {
+        close();
+    }
+}

@@ -1,0 +1,98 @@
+#pragma once
+
+// The tree picker: a structure window whose nodes carry check boxes, for the link dialogs that
+// tie the record in hand to elements chosen in a tree. Only nodes of the kind to be chosen keep
+// a tick: a tick on any other node is undone at once (NodeCheck). Every tick takes a new slot of
+// the array of chosen ids, and an untick writes 0 in the slot of its id: a slot is never
+// removed, so the number of slots counts every tick ever made. The box of the chosen names is
+// rebuilt from the ticked nodes, in the order of the tree's nodes, after each tick and untick.
+// cmdCollega writes the links (enabled while a slot holds an id); cmdAnnullaCol closes and
+// writes nothing. The window's editors can create elements on the spot, through the commands
+// of the structure window, and a new node can then be ticked. The picker is hosted modally in
+// a dialog (InDialogo), which closes with its outcome; its unload clears
+// bFrmStrutturaINAperto.
+
+#include "structure/FinestraStruttura.h"
+
+#include <QVector>
+
+#include <functional>
+
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class ucIstituto;
+
+class SelettoreAlbero : public FinestraStruttura {
+    Q_OBJECT
+public:
+    // The names and captions of the two boxes: the record in hand (disabled) and the chosen
+    // names (changed only through the ticks once bLock has been called).
+    struct Caselle {
+        const char* sEtichettaInMano;
+        QString sDidascaliaInMano;
+        const char* sCasellaInMano;
+        const char* sEtichettaScelti;
+        QString sDidascaliaScelti;
+        const char* sCasellaScelti;
+    };
+
+    // sTagScelto: the Tag of the nodes that can be chosen.
+    SelettoreAlbero(const QString& sNome, const QString& sTagScelto, const Caselle& caselle,
+                    QWidget* genitore = nullptr);
+    ~SelettoreAlbero() override;
+
+    // The check event of the tree on a node: the user ticked it (true) or unticked it.
+    void NodeCheck(const QModelIndex& nodo, bool bSpuntato);
+    // The chosen names' box is locked: it changes only through the ticks.
+    void BloccaScelti();
+
+    // The chosen ids, one slot for each tick ever made, 0 where the node was unticked.
+    const QVector<qint64>& Scelti() const { return aScelti; }
+    // The slots that still hold an id.
+    int SceltiPieni() const;
+    // The node whose tick was last undone (its id; 0 none).
+    qint64 lIdDaTogliere = 0;
+
+    QLabel* etichettaInMano = nullptr;
+    QLineEdit* casellaInMano = nullptr;
+    QLabel* etichettaScelti = nullptr;
+    QPlainTextEdit* casellaScelti = nullptr;
+    QPushButton* cmdCollega = nullptr;
+    QPushButton* cmdAnnullaCol = nullptr;
+
+    ucIstituto* fraIstituto = nullptr;
+    QPushButton* cmdNuovoIst = nullptr;
+    QPushButton* cmdModifica = nullptr;
+
+    // ID_Istituto read from the editor shown.
+    long lIdIstituto = 0;
+
+protected:
+    // The links of the chosen slots (cmdCollega); false, its box shown, when they could not
+    // be written: the dialog then stays open.
+    virtual bool Collega() = 0;
+    // The institute of a record of the kind shown, and the institute given to its editor
+    // before a new record or an edit.
+    virtual long IstitutoDellEditore(const TipoNodo& tipo) const = 0;
+    virtual void AssegnaIstituto(const TipoNodo& tipo, long lIdIstitutoScelto) = 0;
+
+    // The institutes' kind (fraIstituto with cmdNuovoIst and cmdModifica, and the window's
+    // commands that the institute's flags enable), and the editor's Init.
+    void RegistraIstituti(const QList<std::pair<QPushButton*, const bool*>>& altriPulsanti);
+    // The writes of cmdCollega in one transaction, under the box titled "Errore N2": the
+    // links go in all together or not at all.
+    bool ScriviInTransazione(const std::function<void()>& lavoro);
+
+    void DopoMostra(const TipoNodo& tipo) override;
+    void PreparaEditore(const TipoNodo& tipo) override;
+
+private:
+    void RicostruisciScelti();
+    void cmdCollega_Click();
+    void Chiudi(bool bAccetta);
+
+    QString sTagScelto;
+    QVector<qint64> aScelti;
+    bool bInNodeCheck = false;
+};
