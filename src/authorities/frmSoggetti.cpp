@@ -1,15 +1,14 @@
 #include "frmSoggetti.h"
 
+#include "authorities/TipiProduttore.h"
 #include "authorities/ucEnte.h"
 #include "authorities/ucFamiglia.h"
 #include "authorities/ucPersona.h"
 #include "records/ModelloElenco.h"
-#include "session/Conversioni.h"
 #include "session/Dialoghi.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
-#include "session/Utility.h"
 #include "store/Connessione.h"
 #include "store/LetturaRighe.h"
 
@@ -20,56 +19,35 @@ namespace {
 
 const QString Sorgente = QStringLiteral("frmSoggetti");
 
-// What differs between the three kinds of producer.
+// What the window adds to each kind of producer (TipiProduttore).
 struct Tipo {
-    const char* sTitolo;       // the tab
-    const char* sTipo;         // sTipo of the window
-    const char* sLettera;      // TipoSoggetto
-    const char* sTabella;      // the kind's table
     const char* sModoAltreDen; // sTipoAltreDen
-    const char* sIntestazione; // the list's header
     const char* sDomanda;      // the delete's question
-    const char* sColonne;      // the columns of the list after the id and the name
 };
 
 const Tipo Tipi[] = {
-    {"Persone", "persona", "P", "Persone", "PE", "Cognome e Nome (Nascita - Morte)",
-     "Sei sicuro di voler cancellare la Persona?",
-     "COALESCE(Persone.LuogoNascita, '') AS LuogoN, COALESCE(Persone.DataNascita, 0) AS DataN, "
-     "COALESCE(Persone.LuogoMorte, '') AS LuogoM, COALESCE(Persone.DataMorte, 0) AS DataM"},
-    {"Famiglie", "famiglia", "F", "Famiglie", "FA", "Denominazione, Titoli (Estremi cronologici)",
-     "Sei sicuro di voler cancellare la Famiglia?",
-     "COALESCE(Famiglie.Titoli, '') AS Titoli, "
-     "COALESCE(Famiglie.DescrizioneEstremi, '') AS DescrizioneEstremi"},
-    {"Enti", "ente", "E", "Enti", "EN", "Denominazione, Sede (Estremi cronologici)",
-     "Sei sicuro di voler cancellare l'Ente?",
-     "COALESCE(Enti.Sede, '') AS Sede, COALESCE(Enti.DescrizioneEstremi, '') AS "
-     "DescrizioneEstremi"},
+    {"PE", "Sei sicuro di voler cancellare la Persona?"},
+    {"FA", "Sei sicuro di voler cancellare la Famiglia?"},
+    {"EN", "Sei sicuro di voler cancellare l'Ente?"},
 };
 
-QString Testo(const LetturaRighe& riga, int iColonna) {
-    return riga.Stringa(iColonna);
-}
-
-// The text of a row of each tab: the name and its dates.
+// The text of a row of each tab: the name (a person's trimmed) and its dates.
 QString RigaPersona(const LetturaRighe& riga) {
-    return Testo(riga, 1).trimmed() + EstremiPersona(Testo(riga, 2), Testo(riga, 4),
-                                                     DataDaNumero(riga.Intero(3)),
-                                                     DataDaNumero(riga.Intero(5)));
+    return riga.Stringa(1).trimmed() + TipiProduttore::Estremi(frmSoggetti::Persone, riga);
 }
 
 QString RigaFamiglia(const LetturaRighe& riga) {
-    return Testo(riga, 1) + EstremiFamiglia(Testo(riga, 2), Testo(riga, 3));
+    return riga.Stringa(1) + TipiProduttore::Estremi(frmSoggetti::Famiglie, riga);
 }
 
 QString RigaEnte(const LetturaRighe& riga) {
-    return Testo(riga, 1) + EstremiEnte(Testo(riga, 2), Testo(riga, 3));
+    return riga.Stringa(1) + TipiProduttore::Estremi(frmSoggetti::Enti, riga);
 }
 
 } // namespace
 
 QString frmSoggetti::SqlLista(const Connessione& connessione, int iScheda) {
-    const Tipo& tipo = Tipi[iScheda];
+    const TipiProduttore::Tipo& tipo = TipiProduttore::Di(iScheda);
     const QString sTabella = QLatin1String(tipo.sTabella);
     return QStringLiteral("SELECT Soggetti.ID_Soggetto, COALESCE(Soggetti.Denominazione, '') AS "
                           "Denominazione, %1 FROM Soggetti INNER JOIN %2 ON %2.ID_Soggetto = "
@@ -80,7 +58,7 @@ QString frmSoggetti::SqlLista(const Connessione& connessione, int iScheda) {
 
 PaginaElenco frmSoggetti::PaginaDi(Scheda scheda, EditoreProduttore* editore,
                                    const char* sNomeEditore) {
-    const Tipo& tipo = Tipi[scheda];
+    const TipiProduttore::Tipo& tipo = TipiProduttore::Di(scheda);
     PaginaElenco pagina;
     pagina.sTitolo = QLatin1String(tipo.sTitolo);
     pagina.sTipo = QLatin1String(tipo.sTipo);
@@ -105,16 +83,12 @@ PaginaElenco frmSoggetti::PaginaDi(Scheda scheda, EditoreProduttore* editore,
     pagina.testoSalvato = [editore] {
         return editore->LeggiDenominazione() + editore->LeggiEstremi();
     };
-    const QString sLettera = QLatin1String(tipo.sLettera);
-    pagina.inserisci = [sLettera](const QString& sDenominazione) {
-        return static_cast<long>(Sessione::cnn->Inserisci(
-            QStringLiteral("Soggetti"), QStringLiteral("ID_Soggetto"),
-            {QStringLiteral("Denominazione"), QStringLiteral("TipoSoggetto")},
-            {sDenominazione, sLettera}));
+    pagina.inserisci = [scheda](const QString& sDenominazione) {
+        return TipiProduttore::NuovoSoggetto(scheda, sDenominazione);
     };
     pagina.sTabellaCancella = QLatin1String(tipo.sTabella);
     pagina.sColonnaId = QStringLiteral("ID_Soggetto");
-    pagina.sDomandaCancella = QLatin1String(tipo.sDomanda);
+    pagina.sDomandaCancella = QLatin1String(Tipi[scheda].sDomanda);
     pagina.sTitoloCancella = QStringLiteral("Cancella Soggetto: ");
     pagina.bMostraSenzaRighe = true;
     return pagina;
