@@ -6,6 +6,7 @@
 #include "exchange/frmScImporta.h"
 #include "links/frmNuovoComplesso.h"
 #include "links/frmNuovoInventario.h"
+#include "links/frmNuovoSoggetto.h"
 #include "session/Dialoghi.h"
 #include "session/PrimoMDI.h"
 #include "session/frmBackup.h"
@@ -45,6 +46,15 @@ void RegistraFinestreProgramma() {
 
     // The dialogs that records and windows open by name.
     dialogo("frmAltreDenominazioni", [](QWidget* g) { return new frmAltreDenominazioni(g); });
+    // The producers' link dialog of the complesso or unit in the session; its opener may lock
+    // the names chosen ("bLockSelSogg").
+    Dialoghi::RegistraPredefinito(
+        QStringLiteral("frmNuovoSoggetto"),
+        [](QWidget* genitore, const Dialoghi::Argomenti& argomenti) -> QDialog* {
+            auto* collegamenti = new frmNuovoSoggetto(genitore);
+            collegamenti->SetbLockSelSogg(argomenti.value(QStringLiteral("bLockSelSogg")).toBool());
+            return collegamenti;
+        });
     // The pickers of complessi (for the record in Sessione::lIdInventario, by iChiamanteInv) and
     // of finding aids (for Sessione::lIdComplesso), hosted modally; the opener locks the box of
     // the names chosen unless it says otherwise ("bLockSelCompl", "bLockInvSet" false).

@@ -1,0 +1,39 @@
+#pragma once
+
+// The rows of a list with check boxes (lvwDB of a link dialog): the list's model over two arrays
+// (ModelloElenco) and, beside them, for each row whether it is ticked and whether it was linked
+// already when the list was loaded (its Tag 1: shown in bold). A change of a tick, as the view
+// makes it at the user's click or key, is told by SpuntaCambiata after it is stored; what it
+// means is the dialog's rule.
+
+#include "records/ModelloElenco.h"
+
+#include <QList>
+
+class ModelloSpunte : public ModelloElenco {
+    Q_OBJECT
+public:
+    explicit ModelloSpunte(QObject* genitore = nullptr);
+
+    QVariant data(const QModelIndex& indice, int ruolo = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex& indice, const QVariant& valore, int ruolo) override;
+    Qt::ItemFlags flags(const QModelIndex& indice) const override;
+
+    // The rows replaced at once: ids, texts and whether each was linked (ticked, Tag 1).
+    void Riempi(QList<qint64> idNuovi, QList<QString> testiNuovi, QList<bool> legateNuove);
+    // A row added at the end, unticked, Tag 0; its row number.
+    int Aggiungi(qint64 lId, const QString& sTesto);
+
+    bool Spuntata(int iRiga) const { return spunte.value(iRiga); }
+    // The row's Tag: 1 for a row linked when the list was loaded, 0 otherwise.
+    int Tag(int iRiga) const { return legate.value(iRiga) ? 1 : 0; }
+    // The tick set without telling it (the dialog's own correction).
+    void ImpostaSpunta(int iRiga, bool bSpuntata);
+
+Q_SIGNALS:
+    void SpuntaCambiata(int iRiga);
+
+private:
+    QList<bool> spunte;
+    QList<bool> legate;
+};
