@@ -149,6 +149,47 @@ private:
     qint64 fatti = 0;
 };
 
+// N producers of a kind in Soggetti by the bulk path, in one transaction, their keys from the
+// first one and their names in a scattered order (the database's duties make the kind's rows).
+inline void CostruisciProduttori(const Connessione& cnn, qint64 quanti, const char* tipo,
+                                 const QString& sPrefisso, qint64 lPrimo) {
+    QSqlDatabase db = cnn.Db();
+    db.transaction();
+    const auto carico = cnn.backend().ApriCaricamento(db, QStringLiteral("Soggetti"),
+                                                      {QStringLiteral("ID_Soggetto"),
+                                                       QStringLiteral("Denominazione"),
+                                                       QStringLiteral("TipoSoggetto")});
+    for (qint64 k = 0; k < quanti; ++k) {
+        const qint64 sparso = (k * 7919) % quanti;
+        const std::array<QVariant, 3> riga{
+            lPrimo + k,
+            QStringLiteral("%1 %2").arg(sPrefisso).arg(static_cast<qlonglong>(sparso), 6, 10,
+                                                       QLatin1Char('0')),
+            QString::fromLatin1(tipo)};
+        carico->Aggiungi(riga);
+        if (carico->Pieno()) {
+            Invia(*carico);
+        }
+    }
+    Invia(*carico);
+    db.commit();
+}
+
+// N persons, M families and M bodies (keys from 1 in that order), with places, dates and
+// titles.
+inline void CostruisciArchivioProduttori(const Connessione& cnn, qint64 persone, qint64 altri) {
+    CostruisciProduttori(cnn, persone, "P", QStringLiteral("Rossi"), 1);
+    CostruisciProduttori(cnn, altri, "F", QStringLiteral("Famiglia"), persone + 1);
+    CostruisciProduttori(cnn, altri, "E", QStringLiteral("Ente"), persone + altri + 1);
+    cnn.Esegui(QStringLiteral(
+        "UPDATE Persone SET LuogoNascita = 'Lucca', DataNascita = 18000101 + ID_Soggetto % 28, "
+        "LuogoMorte = 'Pisa', DataMorte = 18600101, Titoli = 'notaio'"));
+    cnn.Esegui(QStringLiteral(
+        "UPDATE Famiglie SET Titoli = 'conti', DescrizioneEstremi = 'secc. XIII-XIX'"));
+    cnn.Esegui(
+        QStringLiteral("UPDATE Enti SET Sede = 'Lucca', DescrizioneEstremi = '(1300-1800)'"));
+}
+
 // About N elements: institutes "Archivio di Stato n. k", each with 8 fondi of 8 serie of 8
 // sottoserie of 8 fascicoli (4,681 elements an institute), parents before sons, in one
 // transaction. Gives the number of elements and the id of the last complesso.

@@ -40,32 +40,6 @@ QString Rapporto(double dTempo, double dRiferimento) {
         .arg(dTempo / dRiferimento, 0, 'f', 2);
 }
 
-// N producers of a kind in Soggetti by the bulk path, in one transaction, their keys from the
-// first one and their names in a scattered order (the database's duties make the kind's rows).
-void CostruisciProduttori(const Connessione& cnn, qint64 quanti, const char* tipo,
-                          const QString& sPrefisso, qint64 lPrimo) {
-    QSqlDatabase db = cnn.Db();
-    db.transaction();
-    const auto carico = cnn.backend().ApriCaricamento(db, QStringLiteral("Soggetti"),
-                                                      {QStringLiteral("ID_Soggetto"),
-                                                       QStringLiteral("Denominazione"),
-                                                       QStringLiteral("TipoSoggetto")});
-    for (qint64 k = 0; k < quanti; ++k) {
-        const qint64 sparso = (k * 7919) % quanti;
-        const std::array<QVariant, 3> riga{
-            lPrimo + k,
-            QStringLiteral("%1 %2").arg(sPrefisso).arg(static_cast<qlonglong>(sparso), 6, 10,
-                                                       QLatin1Char('0')),
-            QString::fromLatin1(tipo)};
-        carico->Aggiungi(riga);
-        if (carico->Pieno()) {
-            ArchivioBanco::Invia(*carico);
-        }
-    }
-    ArchivioBanco::Invia(*carico);
-    db.commit();
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -79,16 +53,7 @@ int main(int argc, char** argv) {
         const Connessione& cnn = *Sessione::cnn;
         const qint64 persone = banco.richiesti;
         const qint64 altri = std::max<qint64>(1, persone / 5);
-        CostruisciProduttori(cnn, persone, "P", QStringLiteral("Rossi"), 1);
-        CostruisciProduttori(cnn, altri, "F", QStringLiteral("Famiglia"), persone + 1);
-        CostruisciProduttori(cnn, altri, "E", QStringLiteral("Ente"), persone + altri + 1);
-        cnn.Esegui(QStringLiteral(
-            "UPDATE Persone SET LuogoNascita = 'Lucca', DataNascita = 18000101 + ID_Soggetto % 28, "
-            "LuogoMorte = 'Pisa', DataMorte = 18600101, Titoli = 'notaio'"));
-        cnn.Esegui(QStringLiteral(
-            "UPDATE Famiglie SET Titoli = 'conti', DescrizioneEstremi = 'secc. XIII-XIX'"));
-        cnn.Esegui(
-            QStringLiteral("UPDATE Enti SET Sede = 'Lucca', DescrizioneEstremi = '(1300-1800)'"));
+        ArchivioBanco::CostruisciArchivioProduttori(cnn, persone, altri);
         cnn.Esegui(QStringLiteral("ANALYZE"));
         Uscita() << (banco.bPostgreSQL ? "PostgreSQL" : "SQLite") << ", produttori: " << persone
                  << " persone, " << altri << " famiglie, " << altri << " enti, in "
