@@ -137,6 +137,10 @@ private Q_SLOTS:
     void laSchedaInManoCancellataNelFrattempoNonLasciaMezziLegami();
     void unSelettoreAbbandonatoAMetaNonScriveNulla_data() { AggiungiBackend(); }
     void unSelettoreAbbandonatoAMetaNonScriveNulla();
+    void leImmaginiDeiProduttoriEUnLoroErroreDaErroreT5_data() { AggiungiBackend(); }
+    void leImmaginiDeiProduttoriEUnLoroErroreDaErroreT5();
+    void laBarraSpaziatriceSulNodoLoSpunta_data() { AggiungiBackend(); }
+    void laBarraSpaziatriceSulNodoLoSpunta();
     void ilComplessoNelSelettoreNascondeIPulsantiDeiLegami_data() { AggiungiBackend(); }
     void ilComplessoNelSelettoreNascondeIPulsantiDeiLegami();
 
@@ -426,6 +430,56 @@ void TestSelettore::unSelettoreAbbandonatoAMetaNonScriveNulla() {
     QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Elementi WHERE Tipologia = '02'"), {})
                  .toInt(),
              2);
+}
+
+void TestSelettore::leImmaginiDeiProduttoriEUnLoroErroreDaErroreT5() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteStruttura a(backend);
+    const Archivio ar(a);
+    a.Lega(ar.alfa, ar.inv);
+    const QVariant soggetto =
+        a.cnn().Inserisci(QStringLiteral("Soggetti"), QStringLiteral("ID_Soggetto"),
+                          {QStringLiteral("Denominazione"), QStringLiteral("TipoSoggetto")},
+                          {QStringLiteral("Rossi Mario"), QStringLiteral("P")});
+    a.cnn().Esegui(QStringLiteral("INSERT INTO ComplessiDocSoggetti (ID_ComplessoDoc, ID_Soggetto) "
+                                  "SELECT ID_ComplessoDoc, ? FROM ComplessiDoc WHERE ID_Elemento "
+                                  "IN (?, ?)"),
+                   {soggetto, L(ar.alfa), L(ar.beta)});
+    ApertoDa(1, ar.inv, QStringLiteral("Inventario dei notai"));
+    {
+        frmNuovoComplesso f;
+        QCOMPARE(f.Modello().Immagine(f.Modello().Trova(ar.alfa)), QStringLiteral("islink"));
+        QCOMPARE(f.Modello().Immagine(f.Modello().Trova(ar.beta)), QStringLiteral("slink"));
+        QVERIFY(a.piattaforma.Messaggi().isEmpty());
+    }
+    // Without the view of the producers the tree loads whole, with the box of that step.
+    a.cnn().Esegui(QStringLiteral("DROP VIEW V_ComplessiDocSoggetti"));
+    frmNuovoComplesso f;
+    QCOMPARE(MessaggiCon(a.piattaforma, QStringLiteral("Errore T5")).size(), 1);
+    QCOMPARE(a.piattaforma.Messaggi().size(), 1);
+    QCOMPARE(a.piattaforma.Messaggi()[0].icona, Icona::Critica);
+    QCOMPARE(f.Modello().Immagine(f.Modello().Trova(ar.alfa)), QStringLiteral("silink"));
+    QCOMPARE(f.Modello().Immagine(f.Modello().Trova(ar.beta)), QStringLiteral("nolink"));
+    QCOMPARE(f.Modello().Nodi(), 4);
+}
+
+void TestSelettore::laBarraSpaziatriceSulNodoLoSpunta() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteStruttura a(backend);
+    const Archivio ar(a);
+    ApertoDa(1, ar.inv, QStringLiteral("Inventario dei notai"));
+    InDialogo<frmNuovoComplesso> d;
+    d.f->tvwDB->expandAll();
+    d.f->tvwDB->setCurrentIndex(d.f->Modello().Trova(ar.beta));
+    QTest::keyClick(d.f->tvwDB, Qt::Key_Space);
+    QVERIFY(Spuntato(*d.f, ar.beta));
+    QCOMPARE(d.f->TextC->toPlainText(), QStringLiteral("Fondo Beta"));
+    d.f->tvwDB->setCurrentIndex(d.f->Modello().Trova(ar.ist));
+    QTest::keyClick(d.f->tvwDB, Qt::Key_Space);
+    QVERIFY(!Spuntato(*d.f, ar.ist));
+    QCOMPARE(d.f->Scelti(), (QVector<qint64>{ar.beta}));
 }
 
 void TestSelettore::ilComplessoNelSelettoreNascondeIPulsantiDeiLegami() {

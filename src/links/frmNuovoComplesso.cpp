@@ -2,6 +2,7 @@
 
 #include "records/ucIstituto.h"
 #include "session/Errore.h"
+#include "session/Piattaforma.h"
 #include "session/Sessione.h"
 #include "store/ArchivioElementi.h"
 #include "store/Connessione.h"
@@ -70,7 +71,16 @@ void frmNuovoComplesso::bLockSelCompl() {
 }
 
 void frmNuovoComplesso::CaricaAlbero(const QString&) {
-    CaricaGruppi(frmStrutturaCD::Gruppi(frmStrutturaCD::OrdineAlfabetico()), true);
+    if (!CaricaGruppi(frmStrutturaCD::Gruppi(frmStrutturaCD::OrdineAlfabetico()), false)) {
+        return;
+    }
+    // The producers' images come last, and a failure there has a box of its own: the tree
+    // stands as loaded.
+    try {
+        CaricamentoAlbero::ApplicaSoggetti(Modello(), *Sessione::cnn);
+    } catch (const Errore& errore) {
+        MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica, QStringLiteral("Errore T5"));
+    }
 }
 
 void frmNuovoComplesso::MostraComplesso() {
