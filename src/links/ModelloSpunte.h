@@ -23,6 +23,8 @@ public:
     void Riempi(QList<qint64> idNuovi, QList<QString> testiNuovi, QList<bool> legateNuove);
     // A row added at the end, unticked, Tag 0; its row number.
     int Aggiungi(qint64 lId, const QString& sTesto);
+    // Rows are not taken away from a list of ticks (its slots would lose their rows).
+    void Rimuovi(int iRiga) = delete;
 
     bool Spuntata(int iRiga) const { return spunte.value(iRiga); }
     // The row's Tag: 1 for a row linked when the list was loaded, 0 otherwise.
