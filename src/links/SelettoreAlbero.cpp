@@ -44,10 +44,7 @@ SelettoreAlbero::SelettoreAlbero(const QString& sNome, const QString& sTag, cons
         principale->insertLayout(0, riquadro);
     }
 
-    // The institutes' editor and commands; the window adds its own kind's.
-    fraIstituto = new ucIstituto;
-    AggiungiEditore(fraIstituto, "fraIstituto");
-    cmdNuovoIst = NuovoComando("cmdNuovoIst", QStringLiteral("Nuovo Istituto"));
+    // The edit of the record shown; the window adds the commands that make its kinds.
     cmdModifica = NuovoComando("cmdModifica", QStringLiteral("Modifica"));
     connect(cmdModifica, &QPushButton::clicked, this, [this] { Modifica(); });
 
@@ -63,6 +60,12 @@ SelettoreAlbero::~SelettoreAlbero() {
     Sessione::bFrmStrutturaINAperto = false;
 }
 
+void SelettoreAlbero::AggiungiIstituti() {
+    fraIstituto = new ucIstituto;
+    AggiungiEditore(fraIstituto, "fraIstituto");
+    cmdNuovoIst = NuovoComando("cmdNuovoIst", QStringLiteral("Nuovo Istituto"));
+}
+
 void SelettoreAlbero::RegistraIstituti(
     const QList<std::pair<QPushButton*, const bool*>>& altriPulsanti) {
     // A picker deletes nothing: the institute's kind has no delete here.
@@ -73,6 +76,12 @@ void SelettoreAlbero::RegistraIstituti(
     fraIstituto->Init();
 }
 
+long SelettoreAlbero::IstitutoDellEditore(const TipoNodo&) const {
+    return 0;
+}
+
+void SelettoreAlbero::AssegnaIstituto(const TipoNodo&, long) {}
+
 void SelettoreAlbero::DopoMostra(const TipoNodo& tipo) {
     lIdIstituto =
         tipo.editore == fraIstituto ? fraIstituto->ID_Istituto : IstitutoDellEditore(tipo);
@@ -80,7 +89,7 @@ void SelettoreAlbero::DopoMostra(const TipoNodo& tipo) {
 
 void SelettoreAlbero::PreparaEditore(const TipoNodo& tipo) {
     // The institute in hand goes to the editor; an edited record keeps its own seats.
-    if (tipo.editore == fraIstituto) {
+    if (fraIstituto != nullptr && tipo.editore == fraIstituto) {
         fraIstituto->AssegnaIstituto(lIdIstituto);
     } else if (sStato == QStringLiteral("nuovo")) {
         AssegnaIstituto(tipo, lIdIstituto);

@@ -6,11 +6,12 @@
 // the array of chosen ids, and an untick writes 0 in the slot of its id: a slot is never
 // removed, so the number of slots counts every tick ever made. The box of the chosen names is
 // rebuilt from the ticked nodes, in the order of the tree's nodes, after each tick and untick.
-// cmdCollega writes the links (enabled while a slot holds an id); cmdAnnullaCol closes and
-// writes nothing. The window's editors can create elements on the spot, through the commands
-// of the structure window, and a new node can then be ticked. The picker is hosted modally in
-// a dialog (InDialogo), which closes with its outcome; its unload clears
-// bFrmStrutturaINAperto.
+// A node can start ticked and locked (what is linked already). cmdCollega writes the links
+// (enabled while a slot holds an id); cmdAnnullaCol closes and writes nothing. The window's
+// editors can create and edit elements on the spot, through the commands of the structure
+// window (cmdModifica and the window's own New commands), and a new node can then be ticked. The
+// picker is hosted modally in a dialog (InDialogo), which closes with its outcome; its unload
+// clears bFrmStrutturaINAperto.
 
 #include "structure/FinestraStruttura.h"
 
@@ -72,13 +73,16 @@ protected:
     // The links of the chosen slots (cmdCollega); false, its box shown, when they could not
     // be written: the dialog then stays open.
     virtual bool Collega() = 0;
-    // The institute of a record of the kind shown, and the institute given to its editor
-    // before a new record or an edit.
-    virtual long IstitutoDellEditore(const TipoNodo& tipo) const = 0;
-    virtual void AssegnaIstituto(const TipoNodo& tipo, long lIdIstitutoScelto) = 0;
+    // A picker whose tree holds institutes: the institute of a record of the window's own kind
+    // shown, and the institute given to that kind's editor before a new record (none by
+    // default).
+    virtual long IstitutoDellEditore(const TipoNodo& tipo) const;
+    virtual void AssegnaIstituto(const TipoNodo& tipo, long lIdIstitutoScelto);
 
-    // The institutes' kind (fraIstituto with cmdNuovoIst and cmdModifica, and the window's
-    // commands that the institute's flags enable), and the editor's Init.
+    // The institutes in the picker: first their editor fraIstituto (the first editor of Frame1)
+    // and cmdNuovoIst, then, once the window's own commands exist, their kind (with the
+    // window's commands that the institute's flags enable) and the editor's Init.
+    void AggiungiIstituti();
     void RegistraIstituti(const QList<std::pair<QPushButton*, const bool*>>& altriPulsanti);
     // The writes of cmdCollega in one transaction, under the box titled "Errore N2": the
     // links go in all together or not at all.

@@ -33,6 +33,7 @@ frmNuovoComplesso::frmNuovoComplesso(QWidget* genitore)
     TextC = casellaScelti;
     TextI->setText(Sessione::sDenomInventario);
 
+    AggiungiIstituti();
     fraComplesso = new ucComplesso;
     AggiungiEditore(fraComplesso, "fraComplesso");
     cmdNuovoCD = NuovoComando("cmdNuovoCD", QStringLiteral("Nuovo Complesso"));

@@ -30,6 +30,7 @@ frmNuovoInventario::frmNuovoInventario(QWidget* genitore)
     TextI = casellaScelti;
     TextC->setText(Sessione::sDenomComplesso);
 
+    AggiungiIstituti();
     fraInventario = new ucInventario;
     AggiungiEditore(fraInventario, "fraInventario");
     cmdNuovoInv = NuovoComando("cmdNuovoInv", QStringLiteral("Nuovo strum.ricerca"));
