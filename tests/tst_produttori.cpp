@@ -243,6 +243,7 @@ private Q_SLOTS:
         AggiungiBackend();
     }
     void iComplessiDelProduttoreSiApronoPerNomeESenzaFinestraNonSuccedeNulla();
+    void iComandiRestanoInVistaAncheInUnaFinestraPiccola();
     void unProduttoreCancellatoDaUnAltraPostazioneMentreEMostrato_data() { AggiungiBackend(); }
     void unProduttoreCancellatoDaUnAltraPostazioneMentreEMostrato();
     void unaListaCheNonSiLeggeDaErroreU5EUnaCancellazioneFallitaErroreR4_data() {
@@ -737,6 +738,27 @@ void TestProduttori::unProduttoreLegatoAUnComplessoNonSiCancellaUnoLegatoSoloAUn
              QStringLiteral("Sei sicuro di voler cancellare l'Ente?"));
     QCOMPARE(f->aId[2], ente);
     QCOMPARE(a.Conta(QStringLiteral("Soggetti WHERE ID_Soggetto = ?"), {L(ente)}), 1);
+}
+
+// The main form at the size it opens with: the form of a person is taller than the room left, so
+// it scrolls, and the window's commands stay where they can be seen and clicked.
+void TestProduttori::iComandiRestanoInVistaAncheInUnaFinestraPiccola() {
+    RICHIEDI_BACKEND(TipoBackend::SQLite);
+    Ambiente a(TipoBackend::SQLite);
+    QVERIFY(a.bAperta);
+    a.principale->show();
+    QPointer<frmSoggetti> f = a.Apri();
+    QVERIFY(f);
+    QMdiSubWindow* sotto = a.principale->Area()->subWindowList().value(0);
+    QVERIFY(sotto);
+    sotto->showMaximized();
+    QApplication::processEvents();
+    QWidget* vista = a.principale->Area()->viewport();
+    for (QPushButton* comando : {f->cmdNuovoSog, f->cmdModifica, f->cmdCancella, f->cmdAltreDen,
+                                 f->cmdMostraLinks, f->cmdConferma, f->cmdAnnulla}) {
+        const QRect rect(comando->mapTo(vista, QPoint(0, 0)), comando->size());
+        QVERIFY2(vista->rect().contains(rect), qPrintable(comando->objectName()));
+    }
 }
 
 void TestProduttori::iComplessiDelProduttoreSiApronoPerNomeESenzaFinestraNonSuccedeNulla() {

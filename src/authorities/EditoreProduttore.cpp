@@ -126,6 +126,8 @@ EditoreProduttore::EditoreProduttore(Tipo tipoProduttore, QWidget* parent)
     catena.append(chkPubblicato);
     griglia->addWidget(lbCodice, riga, 0);
     griglia->setColumnStretch(1, 1);
+    // Room left over goes below the form, not into the frame of the years.
+    griglia->setRowStretch(riga + 1, 1);
     for (auto* blocco : findChildren<QPlainTextEdit*>())
         blocco->setMaximumHeight(blocco->fontMetrics().lineSpacing() * 5);
 

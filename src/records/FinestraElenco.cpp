@@ -15,6 +15,7 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSqlQuery>
 #include <QTabWidget>
 #include <QTreeView>
@@ -41,7 +42,7 @@ FinestraElenco::FinestraElenco(const QString& sNome, bool bSchede, QWidget* geni
     setObjectName(sNome);
 
     // Right: the editors, one visible at a time.
-    cornice = new QWidget(this);
+    cornice = new QWidget;
     cornice->setObjectName(QStringLiteral("Frame1"));
     auto* editori = new QVBoxLayout(cornice);
     editori->setContentsMargins(0, 0, 0, 0);
@@ -54,7 +55,14 @@ FinestraElenco::FinestraElenco(const QString& sNome, bool bSchede, QWidget* geni
                 [this](int iPagina) { CambioScheda(iPagina); });
         corpo->addWidget(SSTab1, 2);
     }
-    corpo->addWidget(cornice, 3);
+    // The editor scrolls when the window is smaller than its form, so that the commands below
+    // stay in sight.
+    auto* areaEditori = new QScrollArea(this);
+    areaEditori->setObjectName(QStringLiteral("areaFrame1"));
+    areaEditori->setWidgetResizable(true);
+    areaEditori->setFrameShape(QFrame::NoFrame);
+    areaEditori->setWidget(cornice);
+    corpo->addWidget(areaEditori, 3);
 
     cmdConferma = new QPushButton(QStringLiteral("Conferma dati"), this);
     cmdConferma->setObjectName(QStringLiteral("cmdConferma"));
