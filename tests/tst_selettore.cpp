@@ -141,6 +141,8 @@ private Q_SLOTS:
     void leImmaginiDeiProduttoriEUnLoroErroreDaErroreT5();
     void laBarraSpaziatriceSulNodoLoSpunta_data() { AggiungiBackend(); }
     void laBarraSpaziatriceSulNodoLoSpunta();
+    void unComplessoFattoNelSelettoreSottoUnComplessoSiSpuntaESiLega_data() { AggiungiBackend(); }
+    void unComplessoFattoNelSelettoreSottoUnComplessoSiSpuntaESiLega();
     void ilComplessoNelSelettoreNascondeIPulsantiDeiLegami_data() { AggiungiBackend(); }
     void ilComplessoNelSelettoreNascondeIPulsantiDeiLegami();
 
@@ -480,6 +482,49 @@ void TestSelettore::laBarraSpaziatriceSulNodoLoSpunta() {
     QTest::keyClick(d.f->tvwDB, Qt::Key_Space);
     QVERIFY(!Spuntato(*d.f, ar.ist));
     QCOMPARE(d.f->Scelti(), (QVector<qint64>{ar.beta}));
+}
+
+void TestSelettore::unComplessoFattoNelSelettoreSottoUnComplessoSiSpuntaESiLega() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteStruttura a(backend);
+    const Archivio ar(a);
+    ApertoDa(2, ar.inv, QStringLiteral("Inventario dei notai"));
+    InDialogo<frmNuovoComplesso> d;
+    frmNuovoComplesso& f = *d.f;
+
+    // A tick made before the new complesso stays through it.
+    Spunta(f, ar.beta);
+    f.SelezionaNodo(f.Modello().Trova(ar.alfa));
+    QVERIFY(f.cmdNuovoCD->isEnabled());
+    f.cmdNuovoCD->click();
+    QCOMPARE(f.sStato, QStringLiteral("nuovo"));
+    QVERIFY(!f.tvwDB->isEnabled());
+    QVERIFY(f.cmdCollega->isHidden() && f.cmdAnnullaCol->isHidden());
+    QVERIFY(
+        CompilaComplesso(f.fraComplesso, QStringLiteral("Serie dei rogiti"), QStringLiteral("3")));
+    f.cmdConferma->click();
+    QCOMPARE(f.sStato, QStringLiteral("mostra"));
+    QVERIFY(a.piattaforma.Messaggi().isEmpty());
+    const qint64 lNuovo = f.Modello().Id(f.tvwDB->currentIndex());
+    QVERIFY(lNuovo > 0 && lNuovo != ModelloAlbero::IdTemporaneo);
+    QCOMPARE(f.Modello().Id(f.Modello().Trova(lNuovo).parent()), L(ar.alfa));
+    QCOMPARE(a.Valore(QStringLiteral("SELECT ID_ElementoPadre FROM Elementi WHERE ID_Elemento = ?"),
+                      {L(lNuovo)})
+                 .toLongLong(),
+             L(ar.alfa));
+
+    Spunta(f, lNuovo);
+    QCOMPARE(f.TextC->toPlainText(), QStringLiteral("Fondo Beta, Serie dei rogiti"));
+    f.cmdCollega->click();
+    QCOMPARE(d.dialogo->result(), int(QDialog::Accepted));
+    QCOMPARE(Sessione::iEsitoLinkCD, 1);
+    QStringList attesi{QStringLiteral("%1>%2").arg(ar.beta).arg(ar.inv),
+                       QStringLiteral("%1>%2").arg(lNuovo).arg(ar.inv)};
+    attesi.sort();
+    QStringList legami = Legami(a);
+    legami.sort();
+    QCOMPARE(legami, attesi);
 }
 
 void TestSelettore::ilComplessoNelSelettoreNascondeIPulsantiDeiLegami() {

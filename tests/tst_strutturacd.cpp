@@ -85,27 +85,6 @@ void Scegli(frmStrutturaCD& f, qint64 lId) {
     f.tvwDB->setCurrentIndex(nodo);
 }
 
-// The mandatory fields of a complesso; false when the record lacks its fields.
-bool CompilaComplesso(const QWidget* editore, const QString& nome, const QString& consistenza) {
-    const struct {
-        int n;
-        QString testo;
-    } campi[] = {{0, nome},
-                 {31, QStringLiteral("Maria Rossi")},
-                 {12, consistenza},
-                 {8, QStringLiteral("1500-1800")},
-                 {4, QStringLiteral("1500")},
-                 {5, QStringLiteral("1800")}};
-    for (const auto& campo : campi) {
-        QLineEdit* riga = Riga(editore, campo.n);
-        if (riga == nullptr) {
-            return false;
-        }
-        riga->setText(campo.testo);
-    }
-    return true;
-}
-
 // True when the whole text of a line box shows: the room inside its frame holds the text.
 bool TestoIntero(const QLineEdit* riga) {
     const int cornice = riga->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, riga);

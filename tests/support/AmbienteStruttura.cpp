@@ -136,3 +136,23 @@ void CompilaInventario(const QWidget* editore, const QString& titolo) {
     Riga(editore, 6)->setText(QStringLiteral("1790-1850"));
     Riga(editore, 17)->setText(QStringLiteral("Maria Rossi"));
 }
+
+bool CompilaComplesso(const QWidget* editore, const QString& nome, const QString& consistenza) {
+    const struct {
+        int n;
+        QString testo;
+    } campi[] = {{0, nome},
+                 {31, QStringLiteral("Maria Rossi")},
+                 {12, consistenza},
+                 {8, QStringLiteral("1500-1800")},
+                 {4, QStringLiteral("1500")},
+                 {5, QStringLiteral("1800")}};
+    for (const auto& campo : campi) {
+        QLineEdit* riga = Riga(editore, campo.n);
+        if (riga == nullptr) {
+            return false;
+        }
+        riga->setText(campo.testo);
+    }
+    return true;
+}

@@ -59,6 +59,8 @@ QList<Messaggio> MessaggiCon(const PiattaformaScriptata& piattaforma, const QStr
 void CompilaIstituto(const QWidget* editore, const QString& nome);
 // The mandatory fields of a finding aid, a digital one, with that title.
 void CompilaInventario(const QWidget* editore, const QString& titolo);
+// The mandatory fields of a complesso; false when the record lacks its fields.
+bool CompilaComplesso(const QWidget* editore, const QString& nome, const QString& consistenza);
 
 // A new institute made in the window with its New command, the editor filled, Conferma: the id
 // of the node then chosen.
