@@ -13,7 +13,6 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
@@ -183,30 +182,29 @@ ucDatiInventariali::ucDatiInventariali(QWidget* parent)
                                      },
                                      this);
 
-    // On screen: what the unit is, what it holds, its conditions, who described it.
+    // On screen: what the unit is, what it holds, its conditions, who described it. One field a
+    // row, the labels wrapping, so that the form fits the narrow side of the analytical
+    // inventory's window and scrolls only downwards.
     auto* principale = new QVBoxLayout(this);
     auto* griglia = new QGridLayout;
     int riga = 0;
-    const auto metti = [griglia, &riga](QLabel* etichetta, QWidget* campo,
-                                        QLabel* etichetta2 = nullptr, QWidget* campo2 = nullptr) {
+    const auto metti = [griglia, &riga](QLabel* etichetta, QWidget* campo) {
         etichetta->setBuddy(campo);
+        etichetta->setWordWrap(true);
         griglia->addWidget(etichetta, riga, 0, Qt::AlignTop);
-        if (etichetta2 == nullptr) {
-            griglia->addWidget(campo, riga, 1, 1, 3);
-        } else {
-            etichetta2->setBuddy(campo2);
-            griglia->addWidget(campo, riga, 1);
-            griglia->addWidget(etichetta2, riga, 2, Qt::AlignTop);
-            griglia->addWidget(campo2, riga, 3);
-        }
+        griglia->addWidget(campo, riga, 1);
         ++riga;
     };
-    metti(lbl0, d->cmbTipologiaDI, lbl13, txt13);
+    metti(lbl0, d->cmbTipologiaDI);
+    metti(lbl13, txt13);
     metti(lbl14, txt14);
-    metti(lbl22, d->chkUnitaCond, lbl1, txt1);
-    metti(lbl2, txt2, lbl7, txt7);
+    metti(lbl22, d->chkUnitaCond);
+    metti(lbl1, txt1);
+    metti(lbl2, txt2);
+    metti(lbl7, txt7);
     metti(lbl4, txt4);
-    metti(lbl5, txt5, lbl6, txt6);
+    metti(lbl5, txt5);
+    metti(lbl6, txt6);
     metti(lbl3, txt3);
     metti(lbl12, txt12);
     metti(lbl8, txt8);
@@ -217,17 +215,24 @@ ucDatiInventariali::ucDatiInventariali(QWidget* parent)
     metti(lbl19, txt16);
     metti(lbl20, txt17);
     metti(lbl21, txt18);
-    metti(lbl10, txt10, lbl9, d->DTPData);
-    griglia->setColumnStretch(1, 1);
-    griglia->setColumnStretch(3, 1);
+    metti(lbl10, txt10);
+    metti(lbl9, d->DTPData);
+    griglia->setColumnStretch(0, 2);
+    griglia->setColumnStretch(1, 5);
+    d->cmbTipologiaDI->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    d->cmbTipologiaDI->setMinimumContentsLength(12);
     principale->addLayout(griglia);
-    auto* pulsanti = new QHBoxLayout;
+    principale->addWidget(d->chkPubblicaDI);
+    auto* pulsanti = new QGridLayout;
+    int iPulsante = 0;
     for (QWidget* w :
-         {static_cast<QWidget*>(d->chkPubblicaDI), static_cast<QWidget*>(d->cmdMostraSoggetti),
+         {static_cast<QWidget*>(d->cmdMostraSoggetti),
           static_cast<QWidget*>(d->cmdMostraAntroponimi),
           static_cast<QWidget*>(d->cmdMostraToponimi), static_cast<QWidget*>(d->cmdMostraLink),
-          static_cast<QWidget*>(d->cmdImmagine)})
-        pulsanti->addWidget(w);
+          static_cast<QWidget*>(d->cmdImmagine)}) {
+        pulsanti->addWidget(w, iPulsante / 3, iPulsante % 3);
+        ++iPulsante;
+    }
     principale->addLayout(pulsanti);
     for (QPlainTextEdit* breve : {txt3, txt12, txt8, txt18})
         breve->setMaximumHeight(breve->fontMetrics().lineSpacing() * 4);
