@@ -960,6 +960,11 @@ void TestComplesso::iPulsantiDeiFigliSiAccendonoInMostraESiSpengonoInModifica() 
 
     // The producers and the finding aids: the session values, then the host's repaint.
     Sessione::iEsitoLinkSogg = 5;
+    // The viewers open modally and are closed at once.
+    const auto chiudi = [](QWidget* visualizzatore) {
+        static_cast<QDialog*>(visualizzatore)->reject();
+    };
+    AlComparire(QStringLiteral("frmMostraLinkCS"), chiudi);
     Pulsante(&editore, "cmdLinkSog")->click();
     QCOMPARE(Sessione::sDenomComplesso, QStringLiteral("Fondo «Podestà»"));
     QCOMPARE(Sessione::lIdComplesso, id);
@@ -967,6 +972,7 @@ void TestComplesso::iPulsantiDeiFigliSiAccendonoInMostraESiSpengonoInModifica() 
     QCOMPARE(Sessione::iEsitoLinkSogg, 0);
     QCOMPARE(chiamante.iSogg, 1);
     Sessione::iEsitoLinkInv = 5;
+    AlComparire(QStringLiteral("frmMostraLinkCD"), chiudi);
     Pulsante(&editore, "cmdMostraLinks")->click();
     QCOMPARE(Sessione::iEsitoLinkInv, 0);
     QCOMPARE(chiamante.iLinks, 1);

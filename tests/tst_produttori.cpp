@@ -771,8 +771,8 @@ void TestProduttori::iComplessiDelProduttoreSiApronoPerNomeESenzaFinestraNonSucc
     const qint64 guinigi = a.IdDi(QStringLiteral("Guinigi"));
     f->SelezionaRiga(f->Modello(1).RigaDi(guinigi));
     QVERIFY(f->cmdMostraLinks->isEnabled());
-    // Not registered yet: nothing visible happens.
-    QVERIFY(!Dialoghi::Registrato(QStringLiteral("frmMostraLinkSCD")));
+    // Without the viewer registered, nothing visible happens.
+    Dialoghi::Rimuovi(QStringLiteral("frmMostraLinkSCD"));
     f->cmdMostraLinks->click();
     QVERIFY(a.piattaforma.Messaggi().isEmpty());
     const QWidgetList finestre = QApplication::topLevelWidgets();

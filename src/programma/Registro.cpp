@@ -4,6 +4,7 @@
 #include "authorities/frmSoggetti.h"
 #include "exchange/frmScEsporta.h"
 #include "exchange/frmScImporta.h"
+#include "links/VisualizzatoriLink.h"
 #include "links/frmNuovoComplesso.h"
 #include "links/frmNuovoInventario.h"
 #include "links/frmNuovoSoggetto.h"
@@ -46,6 +47,13 @@ void RegistraFinestreProgramma() {
 
     // The dialogs that records and windows open by name.
     dialogo("frmAltreDenominazioni", [](QWidget* g) { return new frmAltreDenominazioni(g); });
+    // The twelve viewers of links, each reading its opener's session values and arguments.
+    for (const QString& sNome : VisualizzatoriLink::Nomi()) {
+        Dialoghi::RegistraPredefinito(
+            sNome, [sNome](QWidget* genitore, const Dialoghi::Argomenti& argomenti) {
+                return VisualizzatoriLink::Crea(sNome, genitore, argomenti);
+            });
+    }
     // The producers' link dialog of the complesso or unit in the session; its opener may lock
     // the names chosen ("bLockSelSogg").
     Dialoghi::RegistraPredefinito(

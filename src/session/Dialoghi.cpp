@@ -33,14 +33,25 @@ bool Registrato(const QString& sNome) {
     return Registro().Contiene(sNome);
 }
 
-bool Apri(const QString& sNome, QWidget* genitore, const Argomenti& argomenti) {
+namespace {
+
+// Where a dialog asked to go on when it closed: the name (empty: nowhere) and its arguments.
+struct Seguito {
+    QString sNome;
+    Argomenti argomenti;
+};
+
+// Makes and shows one dialog; shown false when no dialog has that name.
+Seguito ApriUnaVolta(const QString& sNome, QWidget* genitore, const Argomenti& argomenti,
+                     bool& bMostrato) {
+    bMostrato = false;
     const Fabbrica fabbrica = Registro().Trova(sNome);
     if (!fabbrica) {
-        return false;
+        return {};
     }
     const QPointer<QDialog> dialogo = fabbrica(genitore, argomenti);
     if (dialogo == nullptr) {
-        return false;
+        return {};
     }
     // Gone afterwards, however the dialog ends (also when it deleted itself on closing).
     const auto fine = qScopeGuard([&dialogo] { delete dialogo.data(); });
@@ -48,7 +59,33 @@ bool Apri(const QString& sNome, QWidget* genitore, const Argomenti& argomenti) {
         dialogo->setObjectName(sNome);
     }
     dialogo->exec();
-    return true;
+    bMostrato = true;
+    if (dialogo == nullptr) {
+        return {};
+    }
+    return {dialogo->property(ProprietaProsegui).toString(),
+            dialogo->property(ProprietaArgomentiProsegui).toMap()};
+}
+
+} // namespace
+
+bool Apri(const QString& sNome, QWidget* genitore, const Argomenti& argomenti) {
+    bool bMostrato = false;
+    Seguito seguito = ApriUnaVolta(sNome, genitore, argomenti, bMostrato);
+    // The loop of going on: the dialog gone on to, then a fresh one of this name.
+    while (bMostrato && !seguito.sNome.isEmpty()) {
+        bool bAltroMostrato = false;
+        ApriUnaVolta(seguito.sNome, genitore, seguito.argomenti, bAltroMostrato);
+        if (!bAltroMostrato) {
+            break;
+        }
+        bool bDiNuovo = false;
+        seguito = ApriUnaVolta(sNome, genitore, argomenti, bDiNuovo);
+        if (!bDiNuovo) {
+            break;
+        }
+    }
+    return bMostrato;
 }
 
 } // namespace Dialoghi

@@ -33,6 +33,17 @@ bool Registrato(const QString& sNome);
 // true when a dialog was shown. A dialog without an objectName takes the name. When no dialog
 // has that name (or its maker gives none) nothing visible happens and the answer is false. An
 // error raised while the dialog is made reaches the caller.
+//
+// Going on: a dialog that, as it closes, leaves in its dynamic property "Prosegui" the name of
+// another dialog (and in "ArgomentiProsegui" what to hand it) asks its opener to go on there.
+// Apri then opens that dialog modally and, when it ends, a fresh dialog of the first name with
+// the same arguments, and so on, until the first dialog closes without asking to go on; only
+// then does Apri come back, so that the opener reads the outcome and refreshes once. A dialog
+// gone on to that has no maker ends the road there, with nothing visible.
 bool Apri(const QString& sNome, QWidget* genitore, const Argomenti& argomenti = {});
+
+// The names of the two dynamic properties of going on.
+inline constexpr const char* ProprietaProsegui = "Prosegui";
+inline constexpr const char* ProprietaArgomentiProsegui = "ArgomentiProsegui";
 
 } // namespace Dialoghi

@@ -1,0 +1,662 @@
+#include "VisualizzatoriLink.h"
+
+#include "session/Conversioni.h"
+#include "session/Errore.h"
+#include "session/Piattaforma.h"
+#include "session/Sessione.h"
+#include "session/Utility.h"
+#include "store/Connessione.h"
+
+#include <QSqlQuery>
+#include <functional>
+
+namespace {
+
+const QString PergamenaSelezionata = QStringLiteral("Pergamena selezionata");
+const QString InventarioBaseSelezionato = QStringLiteral("Inventario base selezionato");
+const QString ComplessoSelezionato = QStringLiteral("Complesso documentario selezionato");
+const QString SigilloSelezionato = QStringLiteral("Sigillo selezionato");
+const QString ErroreL1 = QStringLiteral("Errore L1");
+const QString ErroreL2 = QStringLiteral("Errore L2");
+const QString ErroreI1 = QStringLiteral("Errore I1");
+const QString ErroreI2 = QStringLiteral("Errore I2");
+
+QVariant Id(qint64 lId) {
+    return QVariant::fromValue(lId);
+}
+
+QString Testo(const QSqlQuery& riga, int i) {
+    return riga.value(i).toString().trimmed();
+}
+
+// The rows of a statement, one link each: its key in the first column, texts made by testi.
+QList<RigaLink> Righe(const QString& sSorgente, const QString& sSql, const QVariantList& valori,
+                      const std::function<QStringList(const QSqlQuery&)>& testi,
+                      const std::function<int(const QSqlQuery&)>& scheda = {}) {
+    if (!Sessione::cnn) {
+        throw Errore(sSorgente, QStringLiteral("La connessione al database è chiusa."));
+    }
+    QSqlQuery riga = Sessione::cnn->EseguiLista(sSql, valori, sSorgente);
+    QList<RigaLink> righe;
+    while (riga.next()) {
+        righe << RigaLink{riga.value(0).toLongLong(), testi(riga), scheda ? scheda(riga) : 0};
+    }
+    return righe;
+}
+
+// A list of one column: the text of the second column of the statement.
+QStringList SecondaColonna(const QSqlQuery& riga) {
+    return {Testo(riga, 1)};
+}
+
+// The text of a unit or a parchment under its finding aid: the finding aid, " > ", the rest.
+QString SottoInventario(const QString& sInventario, const QString& sResto) {
+    return sInventario + QStringLiteral(" > ") + sResto;
+}
+
+// The detail key of an element's row (ID_ComplessoDoc of ComplessiDoc...), 0 when missing.
+qint64 ChiaveDettaglio(const QString& sTabella, const QString& sChiave, qint64 lIdElemento) {
+    QSqlQuery riga = Sessione::cnn->Esegui(
+        QStringLiteral("SELECT %1 FROM %2 WHERE ID_Elemento = ?").arg(sChiave, sTabella),
+        {Id(lIdElemento)}, sTabella);
+    return riga.next() ? riga.value(0).toLongLong() : 0;
+}
+
+// --- The producers -------------------------------------------------------------------------
+
+// The tab of a producer's kind.
+int SchedaDelTipo(const QString& sTipo) {
+    if (sTipo.compare(QLatin1String("F"), Qt::CaseInsensitive) == 0)
+        return 1;
+    if (sTipo.compare(QLatin1String("E"), Qt::CaseInsensitive) == 0)
+        return 2;
+    return 0;
+}
+
+DescrizioneLink MostraLinkCS() {
+    const bool bDato = Sessione::sTipoLink == QLatin1String("1");
+    const qint64 lIdElemento = bDato ? Sessione::lIdDatoInventariale : Sessione::lIdComplesso;
+    DescrizioneLink d;
+    d.sNome = QStringLiteral("frmMostraLinkCS");
+    d.sTitolo = QStringLiteral("Collegamenti ai Soggetti produttori");
+    d.sEtichetta = bDato ? InventarioBaseSelezionato : ComplessoSelezionato;
+    d.sDenominazione = bDato ? Sessione::sDenomInventario : Sessione::sDenomComplesso;
+    d.schede = {QStringLiteral("  Persone"), QStringLiteral("  Famiglie"),
+                QStringLiteral("  Enti")};
+    d.colonne = {{QStringLiteral("Cognome e Nome (Nascita - Morte)")},
+                 {QStringLiteral("Denominazione, Titoli (Estremi cronologici)")},
+                 {QStringLiteral("Denominazione, Sede (Estremi cronologici)")}};
+    d.sErroreCancella = ErroreL1;
+    d.sErroreCarica = ErroreL2;
+    const QString sVista = bDato ? QStringLiteral("V_DatiInventarialiSoggetti")
+                                 : QStringLiteral("V_ComplessiDocSoggetti");
+    const QString sColonna =
+        bDato ? QStringLiteral("DI_ID_Elemento") : QStringLiteral("CD_ID_Elemento");
+    d.carica = [d, sVista, sColonna, lIdElemento] {
+        return Righe(
+            d.sNome,
+            QStringLiteral(
+                "SELECT SOG_ID_Soggetto, SOG_TipoSoggetto, COALESCE(SOG_Denominazione, ''), "
+                "COALESCE(PRS_LuogoNascita, ''), COALESCE(PRS_DataNascita, 0), "
+                "COALESCE(PRS_LuogoMorte, ''), COALESCE(PRS_DataMorte, 0), "
+                "COALESCE(FMG_Titoli, ''), COALESCE(FMG_DescrizioneEstremi, ''), "
+                "COALESCE(EN_Sede, ''), COALESCE(EN_DescrizioneEstremi, '') FROM %1 "
+                "WHERE %2 = ? ORDER BY SOG_Denominazione, SOG_ID_Soggetto")
+                .arg(sVista, sColonna),
+            {Id(lIdElemento)},
+            [](const QSqlQuery& r) -> QStringList {
+                const QString sNome = Testo(r, 2);
+                switch (SchedaDelTipo(Testo(r, 1))) {
+                case 1:
+                    return {sNome + EstremiFamiglia(Testo(r, 7), Testo(r, 8))};
+                case 2:
+                    return {sNome + EstremiEnte(Testo(r, 9), Testo(r, 10))};
+                default:
+                    return {sNome + EstremiPersona(Testo(r, 3), Testo(r, 5),
+                                                   DataDaNumero(r.value(4).toLongLong()),
+                                                   DataDaNumero(r.value(6).toLongLong()))};
+                }
+            },
+            [](const QSqlQuery& r) { return SchedaDelTipo(Testo(r, 1)); });
+    };
+    d.cancella = [bDato, lIdElemento](qint64 lIdSoggetto) {
+        const QString sTabella =
+            bDato ? QStringLiteral("DatiInventariali") : QStringLiteral("ComplessiDoc");
+        const QString sChiave =
+            bDato ? QStringLiteral("ID_DatoInventariale") : QStringLiteral("ID_ComplessoDoc");
+        const qint64 lChiave = ChiaveDettaglio(sTabella, sChiave, lIdElemento);
+        return VisualizzatoreLink::CancellaRiga(sTabella + QStringLiteral("Soggetti"),
+                                                {sChiave, QStringLiteral("ID_Soggetto")},
+                                                {Id(lChiave), Id(lIdSoggetto)});
+    };
+    d.piEsito = &Sessione::iEsitoLinkSogg;
+    // The picker opens on the tab in view, its chosen names changed only by its ticks.
+    d.sProsegui = QStringLiteral("frmNuovoSoggetto");
+    d.argomentiProsegui = {{QStringLiteral("bLockSelSogg"), true}};
+    d.puoProseguire = [](const VisualizzatoreLink& visualizzatore) {
+        Sessione::iTipoSogg = static_cast<unsigned char>(visualizzatore.SchedaCorrente());
+        return true;
+    };
+    return d;
+}
+
+DescrizioneLink MostraLinkSCD() {
+    const bool bDati = Sessione::sTipoLink == QLatin1String("1");
+    const qint64 lIdSoggetto = Sessione::lIdSoggetto;
+    DescrizioneLink d;
+    d.sNome = QStringLiteral("frmMostraLinkSCD");
+    d.sTitolo = bDati ? QStringLiteral("Collegamenti all'inventario base")
+                      : QStringLiteral("Collegamenti ai complessi documentari");
+    d.sEtichetta = QStringLiteral("Soggetto Produttore selezionato");
+    d.sDenominazione = Sessione::sDenomSoggetto;
+    d.colonne = {
+        {bDati ? QStringLiteral("Inventario base") : QStringLiteral("Complesso documentario")}};
+    d.sErroreCancella = ErroreI1;
+    d.sErroreCarica = ErroreI2;
+    if (bDati) {
+        d.carica = [lIdSoggetto] {
+            return Righe(
+                QStringLiteral("frmMostraLinkSCD"),
+                QStringLiteral("SELECT DIS.ID_DatoInventariale, COALESCE(DI.Descrizione, ''), "
+                               "COALESCE(DI.Numero, '') FROM DatiInventarialiSoggetti DIS "
+                               "JOIN DatiInventariali DI ON DIS.ID_DatoInventariale = "
+                               "DI.ID_DatoInventariale WHERE DIS.ID_Soggetto = ? "
+                               "ORDER BY DIS.ID_DatoInventariale"),
+                {Id(lIdSoggetto)}, [](const QSqlQuery& r) -> QStringList {
+                    return {(Testo(r, 1) + QLatin1Char(' ') + Testo(r, 2)).trimmed()};
+                });
+        };
+        d.cancella = [lIdSoggetto](qint64 lId) {
+            return VisualizzatoreLink::CancellaRiga(
+                QStringLiteral("DatiInventarialiSoggetti"),
+                {QStringLiteral("ID_Soggetto"), QStringLiteral("ID_DatoInventariale")},
+                {Id(lIdSoggetto), Id(lId)});
+        };
+    } else {
+        d.carica = [lIdSoggetto] {
+            return Righe(
+                QStringLiteral("frmMostraLinkSCD"),
+                QStringLiteral("SELECT CDS.ID_ComplessoDoc, COALESCE(CD.DenomCompleta, '') "
+                               "FROM ComplessiDocSoggetti CDS JOIN ComplessiDoc CD ON "
+                               "CDS.ID_ComplessoDoc = CD.ID_ComplessoDoc "
+                               "WHERE CDS.ID_Soggetto = ? ORDER BY CDS.ID_ComplessoDoc"),
+                {Id(lIdSoggetto)}, SecondaColonna);
+        };
+        d.cancella = [lIdSoggetto](qint64 lId) {
+            return VisualizzatoreLink::CancellaRiga(
+                QStringLiteral("ComplessiDocSoggetti"),
+                {QStringLiteral("ID_Soggetto"), QStringLiteral("ID_ComplessoDoc")},
+                {Id(lIdSoggetto), Id(lId)});
+        };
+    }
+    d.piEsito = &Sessione::iEsitoLinkInv;
+    return d;
+}
+
+// --- Complessi and finding aids ------------------------------------------------------------
+
+DescrizioneLink MostraLinkCD(const QVariantMap& argomenti) {
+    // Given a denomination by the record, the viewer serves the complesso's parchments.
+    const bool bPergamene = argomenti.contains(QStringLiteral("sDenominazione"));
+    const qint64 lIdComplesso = Sessione::lIdComplesso;
+    DescrizioneLink d;
+    d.sNome = QStringLiteral("frmMostraLinkCD");
+    d.sTitolo = bPergamene ? QStringLiteral("Collegamenti alle Pergamene")
+                           : QStringLiteral("Collegamenti agli strumenti di ricerca");
+    d.sEtichetta = ComplessoSelezionato;
+    d.sDenominazione = bPergamene ? argomenti.value(QStringLiteral("sDenominazione")).toString()
+                                  : Sessione::sDenomComplesso;
+    d.colonne = {
+        {bPergamene ? QStringLiteral("Pergamena") : QStringLiteral("Strumento di ricerca")}};
+    d.sErroreCancella = ErroreI1;
+    d.sErroreCarica = ErroreI2;
+    // Every link of the complesso to an element of the sort shown, and a link whose other side
+    // is gone (no text); the links of the other sort are the other list's.
+    d.carica = [bPergamene, lIdComplesso] {
+        const QString sSql =
+            bPergamene
+                ? QStringLiteral(
+                      "SELECT L.ID_ElementoLink, COALESCE(PG.Segnatura, '') FROM Links L "
+                      "LEFT JOIN Pergamene PG ON PG.ID_Elemento = L.ID_ElementoLink "
+                      "WHERE L.ID_Elemento = ? AND L.ID_ElementoLink NOT IN "
+                      "(SELECT ID_Elemento FROM Inventari) ORDER BY L.ID_ElementoLink")
+                : QStringLiteral("SELECT L.ID_ElementoLink, COALESCE(INV.DenomCompleta, '') "
+                                 "FROM Links L LEFT JOIN Inventari INV ON INV.ID_Elemento = "
+                                 "L.ID_ElementoLink WHERE L.ID_Elemento = ? AND L.ID_ElementoLink "
+                                 "NOT IN (SELECT ID_Elemento FROM Pergamene) "
+                                 "ORDER BY L.ID_ElementoLink");
+        return Righe(QStringLiteral("frmMostraLinkCD"), sSql, {Id(lIdComplesso)}, SecondaColonna);
+    };
+    d.cancella = [lIdComplesso](qint64 lId) {
+        return VisualizzatoreLink::CancellaRiga(
+            QStringLiteral("Links"),
+            {QStringLiteral("ID_Elemento"), QStringLiteral("ID_ElementoLink")},
+            {Id(lIdComplesso), Id(lId)});
+    };
+    d.piEsito = &Sessione::iEsitoLinkInv;
+    if (!bPergamene) {
+        d.sProsegui = QStringLiteral("frmNuovoInventario");
+    }
+    return d;
+}
+
+// --- Access points of a parchment, a unit, a seal -------------------------------------------
+
+DescrizioneLink MostraLinkAnt() {
+    const qint64 lIdPergamena = Sessione::lIdElementoLink;
+    DescrizioneLink d;
+    d.sNome = QStringLiteral("frmMostraLinkAnt");
+    d.sTitolo = QStringLiteral("Collegamenti alle Persone");
+    d.sEtichetta = PergamenaSelezionata;
+    d.sDenominazione = Sessione::sDenomElementoLink;
+    d.colonne = {{QStringLiteral("Persona"), QStringLiteral("Ruolo")}};
+    d.sErroreCancella = ErroreL1;
+    d.sErroreCarica = ErroreL2;
+    d.carica = [lIdPergamena] {
+        return Righe(QStringLiteral("frmMostraLinkAnt"),
+                     QStringLiteral("SELECT PGANT.ID_PGAntroponimo, COALESCE(ANT.Nome, ''), "
+                                    "COALESCE(PGANT.Ruolo, '') FROM PGAntroponimi PGANT JOIN "
+                                    "Antroponimi ANT ON PGANT.ID_Antroponimo = ANT.ID_Antroponimo "
+                                    "WHERE PGANT.ID_Pergamena = ? ORDER BY PGANT.ID_PGAntroponimo"),
+                     {Id(lIdPergamena)}, [](const QSqlQuery& r) -> QStringList {
+                         return {Testo(r, 1), Testo(r, 2)};
+                     });
+    };
+    d.cancella = [](qint64 lId) {
+        return VisualizzatoreLink::CancellaRiga(QStringLiteral("PGAntroponimi"),
+                                                {QStringLiteral("ID_PGAntroponimo")}, {Id(lId)});
+    };
+    d.sProsegui = QStringLiteral("frmLinkAntroponimi");
+    d.puoProseguire = [](const VisualizzatoreLink&) {
+        Sessione::iChiamanteAntroponimi = 1;
+        return true;
+    };
+    d.sFileRuoli = QStringLiteral("RuoliPGANT.txt");
+    d.sTabellaRuolo = QStringLiteral("PGAntroponimi");
+    d.sChiaveRuolo = QStringLiteral("ID_PGAntroponimo");
+    return d;
+}
+
+DescrizioneLink MostraLinkDIAnt() {
+    const qint64 lIdDato = Sessione::lIdElementoLink;
+    DescrizioneLink d;
+    d.sNome = QStringLiteral("frmMostraLinkDIAnt");
+    d.sTitolo = QStringLiteral("Collegamenti alle Persone");
+    d.sEtichetta = InventarioBaseSelezionato;
+    d.sDenominazione = Sessione::sDenomElementoLink;
+    d.colonne = {{QStringLiteral("Persona")}};
+    d.sErroreCancella = ErroreL1;
+    d.sErroreCarica = ErroreL2;
+    d.carica = [lIdDato] {
+        return Righe(QStringLiteral("frmMostraLinkDIAnt"),
+                     QStringLiteral("SELECT DIANT.ID_DIAntroponimo, COALESCE(ANT.Nome, '') "
+                                    "FROM DIAntroponimi DIANT JOIN Antroponimi ANT ON "
+                                    "DIANT.ID_Antroponimo = ANT.ID_Antroponimo "
+                                    "WHERE DIANT.ID_DatoInventariale = ? "
+                                    "ORDER BY DIANT.ID_DIAntroponimo"),
+                     {Id(lIdDato)}, SecondaColonna);
+    };
+    d.cancella = [](qint64 lId) {
+        return VisualizzatoreLink::CancellaRiga(QStringLiteral("DIAntroponimi"),
+                                                {QStringLiteral("ID_DIAntroponimo")}, {Id(lId)});
+    };
+    d.sProsegui = QStringLiteral("frmLinkAntroponimi");
+    d.puoProseguire = [](const VisualizzatoreLink&) {
+        Sessione::iChiamanteAntroponimi = 2;
+        return true;
+    };
+    return d;
+}
+
+DescrizioneLink MostraLinkTopo() {
+    const bool bDato = Sessione::iChiamanteToponimi == 2;
+    const qint64 lIdElemento = Sessione::lIdElementoLink;
+    const QString sTabella = bDato ? QStringLiteral("DIToponimi") : QStringLiteral("PGToponimi");
+    const QString sChiave =
+        bDato ? QStringLiteral("ID_DatoInventariale") : QStringLiteral("ID_Pergamena");
+    DescrizioneLink d;
+    d.sNome = QStringLiteral("frmMostraLinkTopo");
+    d.sTitolo = QStringLiteral("Collegamenti ai toponimi");
+    d.sEtichetta = bDato ? InventarioBaseSelezionato : PergamenaSelezionata;
+    d.sDenominazione = Sessione::sDenomElementoLink;
+    d.colonne = {{QStringLiteral("Toponimo")}};
+    d.sErroreCancella = ErroreL1;
+    d.sErroreCarica = ErroreL2;
+    d.carica = [sTabella, sChiave, lIdElemento] {
+        return Righe(QStringLiteral("frmMostraLinkTopo"),
+                     QStringLiteral("SELECT L.ID_Toponimo, COALESCE(TOPO.Denominazione, '') "
+                                    "FROM %1 L JOIN Toponimi TOPO ON L.ID_Toponimo = "
+                                    "TOPO.ID_Toponimo WHERE L.%2 = ? ORDER BY L.ID_Toponimo")
+                         .arg(sTabella, sChiave),
+                     {Id(lIdElemento)}, SecondaColonna);
+    };
+    d.cancella = [sTabella, sChiave, lIdElemento](qint64 lId) {
+        return VisualizzatoreLink::CancellaRiga(sTabella, {QStringLiteral("ID_Toponimo"), sChiave},
+                                                {Id(lId), Id(lIdElemento)});
+    };
+    d.sProsegui = QStringLiteral("frmLinkToponimi");
+    return d;
+}
+
+DescrizioneLink MostraLinkTitolari() {
+    const qint64 lIdSigillo = Sessione::lIdElementoLink;
+    DescrizioneLink d;
+    d.sNome = QStringLiteral("frmMostraLinkTitolari");
+    d.sTitolo = QStringLiteral("Collegamenti ai titolari");
+    d.sEtichetta = SigilloSelezionato;
+    d.sDenominazione = Sessione::sDenomElementoLink;
+    d.colonne = {{QStringLiteral("Titolare"), QStringLiteral("Ruolo")}};
+    d.sErroreCancella = ErroreL1;
+    d.sErroreCarica = ErroreL2;
+    d.carica = [lIdSigillo] {
+        return Righe(QStringLiteral("frmMostraLinkTitolari"),
+                     QStringLiteral("SELECT SGTIT.ID_SGTitolare, COALESCE(TIT.Nome, ''), "
+                                    "COALESCE(SGTIT.Ruolo, '') FROM SGTitolari SGTIT JOIN "
+                                    "Titolari TIT ON SGTIT.ID_Titolare = TIT.ID_Titolare "
+                                    "WHERE SGTIT.ID_Sigillo = ? ORDER BY SGTIT.ID_SGTitolare"),
+                     {Id(lIdSigillo)}, [](const QSqlQuery& r) -> QStringList {
+                         return {Testo(r, 1), Testo(r, 2)};
+                     });
+    };
+    d.cancella = [](qint64 lId) {
+        return VisualizzatoreLink::CancellaRiga(QStringLiteral("SGTitolari"),
+                                                {QStringLiteral("ID_SGTitolare")}, {Id(lId)});
+    };
+    d.sProsegui = QStringLiteral("frmLinkTitolari");
+    d.sFileRuoli = QStringLiteral("RuoloTitolareSG.txt");
+    d.sTabellaRuolo = QStringLiteral("SGTitolari");
+    d.sChiaveRuolo = QStringLiteral("ID_SGTitolare");
+    return d;
+}
+
+// --- The elements of an access point --------------------------------------------------------
+
+DescrizioneLink MostraLinkTitSG() {
+    const qint64 lIdTitolare = Sessione::lIdSoggetto;
+    DescrizioneLink d;
+    d.sNome = QStringLiteral("frmMostraLinkTitSG");
+    d.sTitolo = QStringLiteral("Collegamenti ai sigilli");
+    d.sEtichetta = QStringLiteral("Titolare selezionato");
+    d.sDenominazione = Sessione::sDenomSoggetto;
+    d.colonne = {{QStringLiteral("Sigillo")}};
+    d.sErroreCancella = ErroreI1;
+    d.sErroreCarica = ErroreI2;
+    d.carica = [lIdTitolare] {
+        return Righe(QStringLiteral("frmMostraLinkTitSG"),
+                     QStringLiteral("SELECT SGTIT.ID_SGTitolare, COALESCE(SG.Identificativo, '') "
+                                    "AS Identificativo, COALESCE(INV.DenomCompleta, '') FROM "
+                                    "SGTitolari SGTIT JOIN Sigilli SG ON SGTIT.ID_Sigillo = "
+                                    "SG.ID_Sigillo JOIN Inventari INV ON INV.ID_Inventario = "
+                                    "SG.ID_Inventario WHERE SGTIT.ID_Titolare = ? "
+                                    "ORDER BY Identificativo, SGTIT.ID_SGTitolare"),
+                     {Id(lIdTitolare)}, [](const QSqlQuery& r) -> QStringList {
+                         return {SottoInventario(Testo(r, 2), Testo(r, 1))};
+                     });
+    };
+    d.cancella = [](qint64 lId) {
+        return VisualizzatoreLink::CancellaRiga(QStringLiteral("SGTitolari"),
+                                                {QStringLiteral("ID_SGTitolare")}, {Id(lId)});
+    };
+    d.piEsito = &Sessione::iEsitoLinkInv;
+    return d;
+}
+
+// The units or parchments of a place (TopALL) or a person (AntALL): the table of the links to
+// units and to parchments, the column of the access point and the key of a link's row.
+struct PuntoAccesso {
+    const char* sNome;
+    const char* sEtichetta;
+    const char* sTabellaDI;
+    const char* sChiaveDI;
+    const char* sTabellaPG;
+    const char* sChiavePG;
+    const char* sColonna;
+    bool bChiavePropria; // the link's row has a key of its own; else both sides find it
+};
+
+DescrizioneLink MostraLinkPuntoAccesso(const PuntoAccesso& p) {
+    const bool bDati = Sessione::sTipoLink == QLatin1String("1");
+    const qint64 lIdPunto = Sessione::lIdSoggetto;
+    const QString sNome = QLatin1String(p.sNome);
+    const QString sTabella = QLatin1String(bDati ? p.sTabellaDI : p.sTabellaPG);
+    const QString sChiave = QLatin1String(bDati ? p.sChiaveDI : p.sChiavePG);
+    const QString sColonna = QLatin1String(p.sColonna);
+    DescrizioneLink d;
+    d.sNome = sNome;
+    d.sTitolo = bDati ? QStringLiteral("Collegamenti all'inventario base")
+                      : QStringLiteral("Collegamenti alle pergamene");
+    d.sEtichetta = QLatin1String(p.sEtichetta);
+    d.sDenominazione = Sessione::sDenomSoggetto;
+    d.colonne = {{bDati ? QStringLiteral("Inventario base") : QStringLiteral("Pergamena")}};
+    d.sErroreCancella = ErroreI1;
+    d.sErroreCarica = ErroreI2;
+    d.carica = [=] {
+        const QString sSql =
+            bDati ? QStringLiteral("SELECT L.%1, COALESCE(DI.Descrizione, ''), "
+                                   "COALESCE(DI.Numero, ''), COALESCE(INV.DenomCompleta, '') "
+                                   "FROM %2 L JOIN DatiInventariali DI ON L.ID_DatoInventariale = "
+                                   "DI.ID_DatoInventariale JOIN Inventari INV ON "
+                                   "INV.ID_Inventario = DI.ID_Inventario WHERE L.%3 = ? "
+                                   "ORDER BY L.%1")
+                  : QStringLiteral("SELECT L.%1, COALESCE(PG.Segnatura, '') AS Segnatura, '', "
+                                   "COALESCE(INV.DenomCompleta, '') FROM %2 L JOIN Pergamene PG "
+                                   "ON L.ID_Pergamena = PG.ID_Pergamena JOIN Inventari INV ON "
+                                   "INV.ID_Inventario = PG.ID_Inventario WHERE L.%3 = ? "
+                                   "ORDER BY Segnatura, L.%1");
+        return Righe(
+            sNome, sSql.arg(sChiave, sTabella, sColonna), {Id(lIdPunto)},
+            [](const QSqlQuery& r) -> QStringList {
+                return {SottoInventario(Testo(r, 3),
+                                        (Testo(r, 1) + QLatin1Char(' ') + Testo(r, 2)).trimmed())};
+            });
+    };
+    d.cancella = [sTabella, sChiave, sColonna, lIdPunto, p](qint64 lId) {
+        if (p.bChiavePropria) {
+            return VisualizzatoreLink::CancellaRiga(sTabella, {sChiave}, {Id(lId)});
+        }
+        return VisualizzatoreLink::CancellaRiga(sTabella, {sChiave, sColonna},
+                                                {Id(lId), Id(lIdPunto)});
+    };
+    return d;
+}
+
+// --- Parchments and seals ------------------------------------------------------------------
+
+DescrizioneLink MostraLinkPGS(const QVariantMap& argomenti) {
+    const qint64 lIdSigillo = argomenti.value(QStringLiteral("lIdSigillo")).toLongLong();
+    const qint64 lIdPergamena = argomenti.value(QStringLiteral("lIdPergamena")).toLongLong();
+    // From a seal: its parchment; from a parchment: its detached seals. The seal stands in
+    // ID_Elemento, the parchment in ID_ElementoLink.
+    const bool bDaSigillo = lIdSigillo != 0;
+    DescrizioneLink d;
+    d.sNome = QStringLiteral("frmMostraLinkPGS");
+    d.sTitolo = bDaSigillo ? QStringLiteral("Collegamento al documento")
+                           : QStringLiteral("Collegamenti ai Sigilli Staccati");
+    d.sEtichetta = bDaSigillo ? SigilloSelezionato : PergamenaSelezionata;
+    d.sDenominazione = argomenti.value(QStringLiteral("sDenominazione")).toString();
+    d.colonne = {{bDaSigillo ? QStringLiteral("Pergamena") : QStringLiteral("Sigillo")}};
+    d.sDomanda = QStringLiteral("Sei sicuro di voler cancellare il collegamento selezionato?");
+    d.carica = [bDaSigillo, lIdSigillo, lIdPergamena] {
+        const QString sSql =
+            bDaSigillo ? QStringLiteral(
+                             "SELECT L.ID_ElementoLink, COALESCE(PG.Segnatura, '') FROM Links L "
+                             "JOIN Pergamene PG ON PG.ID_Elemento = L.ID_ElementoLink "
+                             "WHERE L.ID_Elemento = ? ORDER BY L.ID_ElementoLink")
+                       : QStringLiteral(
+                             "SELECT L.ID_Elemento, COALESCE(SG.Identificativo, '') FROM Links L "
+                             "JOIN Sigilli SG ON SG.ID_Elemento = L.ID_Elemento "
+                             "WHERE L.ID_ElementoLink = ? ORDER BY L.ID_Elemento");
+        return Righe(QStringLiteral("frmMostraLinkPGS"), sSql,
+                     {Id(bDaSigillo ? lIdSigillo : lIdPergamena)}, SecondaColonna);
+    };
+    d.cancella = [bDaSigillo, lIdSigillo, lIdPergamena](qint64 lId) {
+        return VisualizzatoreLink::CancellaRiga(
+            QStringLiteral("Links"),
+            {QStringLiteral("ID_Elemento"), QStringLiteral("ID_ElementoLink")},
+            {Id(bDaSigillo ? lIdSigillo : lId), Id(bDaSigillo ? lId : lIdPergamena)});
+    };
+    d.sProsegui = QStringLiteral("frmSelInv");
+    d.bProseguiRestando = true;
+    return d;
+}
+
+// --- The complessi of a finding aid, a parchment, a unit -------------------------------------
+
+DescrizioneLink MostraLinkInv() {
+    const int iChiamante = Sessione::iChiamanteInv;
+    const qint64 lIdInventario = Sessione::lIdInventario;
+    DescrizioneLink d;
+    d.sNome = QStringLiteral("frmMostraLinkInv");
+    d.sTitolo = QStringLiteral("Collegamenti ai complessi documentari");
+    d.sEtichetta = iChiamante == 1   ? QStringLiteral("Strumento di ricerca selezionato")
+                   : iChiamante == 2 ? PergamenaSelezionata
+                                     : InventarioBaseSelezionato;
+    d.sDenominazione = Sessione::sDenomInventario;
+    d.colonne = {{QStringLiteral("Complesso documentario")}};
+    d.sErroreCancella = QStringLiteral("Errore M1");
+    d.sErroreCarica = QStringLiteral("Errore M2");
+    if (iChiamante == 4) {
+        // A unit holds its one complesso in its own row, not in Links.
+        d.carica = [] {
+            return Righe(QStringLiteral("frmMostraLinkInv"),
+                         QStringLiteral("SELECT ID_Elemento, COALESCE(DenomCompleta, '') "
+                                        "FROM ComplessiDoc WHERE ID_Elemento = ?"),
+                         {Id(Sessione::lIdElemLinkInv)}, SecondaColonna);
+        };
+        d.cancella = [lIdInventario](qint64) {
+            Sessione::cnn->Esegui(
+                QStringLiteral(
+                    "UPDATE DatiInventariali SET Id_ElemComplDoc = 0 WHERE Id_Elemento = ?"),
+                {Id(lIdInventario)}, QStringLiteral("frmMostraLinkInv"));
+            Sessione::lIdElemLinkInv = 0;
+            return true;
+        };
+    } else {
+        d.carica = [lIdInventario] {
+            return Righe(
+                QStringLiteral("frmMostraLinkInv"),
+                QStringLiteral("SELECT L.ID_Elemento, COALESCE(CD.DenomCompleta, '') "
+                               "FROM Links L LEFT JOIN ComplessiDoc CD ON CD.ID_Elemento = "
+                               "L.ID_Elemento WHERE L.ID_ElementoLink = ? AND "
+                               "L.ID_Elemento NOT IN (SELECT ID_Elemento FROM Sigilli) "
+                               "ORDER BY L.ID_Elemento"),
+                {Id(lIdInventario)}, SecondaColonna);
+        };
+        d.cancella = [lIdInventario](qint64 lId) {
+            return VisualizzatoreLink::CancellaRiga(
+                QStringLiteral("Links"),
+                {QStringLiteral("ID_ElementoLink"), QStringLiteral("ID_Elemento")},
+                {Id(lIdInventario), Id(lId)});
+        };
+    }
+    d.piEsito = &Sessione::iEsitoLinkCD;
+    d.sProsegui = QStringLiteral("frmNuovoComplesso");
+    d.puoProseguire = [](const VisualizzatoreLink& visualizzatore) {
+        if (visualizzatore.property("bInventarioBase").toBool() && visualizzatore.Conteggio() > 0) {
+            MsgBox(QStringLiteral("ATTENZIONE: il presente modulo è già legato ad un Complesso "
+                                  "documentario!"),
+                   Pulsanti::Ok, Icona::Esclamazione, Sessione::TitoloProgramma);
+            return false;
+        }
+        return true;
+    };
+    return d;
+}
+
+} // namespace
+
+frmMostraLinkInv::frmMostraLinkInv(QWidget* parent)
+    : VisualizzatoreLink(MostraLinkInv(), parent) {}
+
+void frmMostraLinkInv::MostraCollegamenti() {
+    Carica();
+}
+
+namespace VisualizzatoriLink {
+
+namespace {
+
+using Descrittore = std::function<DescrizioneLink(const QVariantMap&)>;
+
+const PuntoAccesso Toponimo{
+    "frmMostraLinkTopALL", "Toponimo selezionato", "DIToponimi",  "ID_DatoInventariale",
+    "PGToponimi",          "ID_Pergamena",         "ID_Toponimo", false};
+const PuntoAccesso Antroponimo{
+    "frmMostraLinkAntALL", "Antroponimo selezionato", "DIAntroponimi",  "ID_DIAntroponimo",
+    "PGAntroponimi",       "ID_PGAntroponimo",        "ID_Antroponimo", true};
+
+// The viewers made of a description alone, by name (frmMostraLinkInv is a class of its own).
+const QList<QPair<QString, Descrittore>>& Descrittori() {
+    static const QList<QPair<QString, Descrittore>> descrittori = {
+        {QStringLiteral("frmMostraLinkCS"),
+         [](const QVariantMap&) {
+             return MostraLinkCS();
+         }},
+        {QStringLiteral("frmMostraLinkSCD"),
+         [](const QVariantMap&) {
+             return MostraLinkSCD();
+         }},
+        {QStringLiteral("frmMostraLinkCD"), MostraLinkCD},
+        {QStringLiteral("frmMostraLinkAnt"),
+         [](const QVariantMap&) {
+             return MostraLinkAnt();
+         }},
+        {QStringLiteral("frmMostraLinkDIAnt"),
+         [](const QVariantMap&) {
+             return MostraLinkDIAnt();
+         }},
+        {QStringLiteral("frmMostraLinkTopo"),
+         [](const QVariantMap&) {
+             return MostraLinkTopo();
+         }},
+        {QStringLiteral("frmMostraLinkTitolari"),
+         [](const QVariantMap&) {
+             return MostraLinkTitolari();
+         }},
+        {QStringLiteral("frmMostraLinkTitSG"),
+         [](const QVariantMap&) {
+             return MostraLinkTitSG();
+         }},
+        {QStringLiteral("frmMostraLinkTopALL"),
+         [](const QVariantMap&) {
+             return MostraLinkPuntoAccesso(Toponimo);
+         }},
+        {QStringLiteral("frmMostraLinkAntALL"),
+         [](const QVariantMap&) {
+             return MostraLinkPuntoAccesso(Antroponimo);
+         }},
+        {QStringLiteral("frmMostraLinkPGS"), MostraLinkPGS},
+    };
+    return descrittori;
+}
+
+const QString NomeInv = QStringLiteral("frmMostraLinkInv");
+
+} // namespace
+
+const QStringList& Nomi() {
+    static const QStringList nomi = [] {
+        QStringList tutti{NomeInv};
+        for (const auto& voce : Descrittori()) {
+            tutti << voce.first;
+        }
+        return tutti;
+    }();
+    return nomi;
+}
+
+QDialog* Crea(const QString& sNome, QWidget* genitore, const QVariantMap& argomenti) {
+    if (sNome == NomeInv) {
+        auto* finestra = new frmMostraLinkInv(genitore);
+        finestra->bInventarioBase = argomenti.value(QStringLiteral("bInventarioBase")).toBool();
+        return finestra;
+    }
+    for (const auto& voce : Descrittori()) {
+        if (voce.first == sNome) {
+            return new VisualizzatoreLink(voce.second(argomenti), genitore);
+        }
+    }
+    return nullptr;
+}
+
+} // namespace VisualizzatoriLink

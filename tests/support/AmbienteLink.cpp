@@ -1,0 +1,127 @@
+#include "AmbienteLink.h"
+
+#include "links/VisualizzatoriLink.h"
+#include "store/Connessione.h"
+
+#include "Modali.h"
+
+#include <QDialog>
+#include <QPushButton>
+#include <QSqlQuery>
+#include <QTreeWidget>
+
+AmbienteLink::AmbienteLink(TipoBackend tipo, const QStringList& script)
+    : AmbienteRecord(tipo, QStringLiteral("Pergamene"),
+                     {"RuoliPGANT.txt", "RuoloTitolareSG.txt", "TraditioPG.txt",
+                      "TipologiaIcoSG.txt", "FormaSG.txt", "MateriaSG.txt", "TipologiaSG.txt",
+                      "ApposizioneSG.txt", "RapportoDocSG.txt", "TipologiaDGSG.txt",
+                      "LivelliDI.txt"},
+                     script) {}
+
+long AmbienteLink::Dettaglio(const char* tabella, const char* chiave, long idElemento) const {
+    return static_cast<long>(Valore(QStringLiteral("SELECT %1 FROM %2 WHERE ID_Elemento = ?")
+                                        .arg(QLatin1String(chiave), QLatin1String(tabella)),
+                                    {Id(idElemento)})
+                                 .toLongLong());
+}
+
+long AmbienteLink::Antroponimo(const QString& nome) const {
+    return static_cast<long>(Cnn().Inserisci(QStringLiteral("Antroponimi"),
+                                             QStringLiteral("ID_Antroponimo"),
+                                             {QStringLiteral("Nome")}, {nome}));
+}
+
+long AmbienteLink::Toponimo(const QString& denominazione) const {
+    return static_cast<long>(Cnn().Inserisci(QStringLiteral("Toponimi"),
+                                             QStringLiteral("ID_Toponimo"),
+                                             {QStringLiteral("Denominazione")}, {denominazione}));
+}
+
+long AmbienteLink::Titolare(const QString& nome) const {
+    return static_cast<long>(Cnn().Inserisci(QStringLiteral("Titolari"),
+                                             QStringLiteral("ID_Titolare"),
+                                             {QStringLiteral("Nome")}, {nome}));
+}
+
+long AmbienteLink::Soggetto(const QString& nome, const char* tipo) const {
+    return static_cast<long>(
+        Cnn().Inserisci(QStringLiteral("Soggetti"), QStringLiteral("ID_Soggetto"),
+                        {QStringLiteral("Denominazione"), QStringLiteral("TipoSoggetto")},
+                        {nome, QLatin1String(tipo)}));
+}
+
+long AmbienteLink::PersonaDiPergamena(long idPergamena, long idAntroponimo,
+                                      const QVariant& ruolo) const {
+    return static_cast<long>(Cnn().Inserisci(
+        QStringLiteral("PGAntroponimi"), QStringLiteral("ID_PGAntroponimo"),
+        {QStringLiteral("ID_Pergamena"), QStringLiteral("ID_Antroponimo"), QStringLiteral("Ruolo")},
+        {Id(idPergamena), Id(idAntroponimo), ruolo.isValid() ? ruolo : NullTesto()}));
+}
+
+long AmbienteLink::PersonaDiUnita(long idDato, long idAntroponimo) const {
+    return static_cast<long>(
+        Cnn().Inserisci(QStringLiteral("DIAntroponimi"), QStringLiteral("ID_DIAntroponimo"),
+                        {QStringLiteral("ID_DatoInventariale"), QStringLiteral("ID_Antroponimo")},
+                        {Id(idDato), Id(idAntroponimo)}));
+}
+
+void AmbienteLink::LuogoDi(const char* tabella, const char* chiave, long id,
+                           long idToponimo) const {
+    Cnn().Esegui(QStringLiteral("INSERT INTO %1 (%2, ID_Toponimo) VALUES (?, ?)")
+                     .arg(QLatin1String(tabella), QLatin1String(chiave)),
+                 {Id(id), Id(idToponimo)});
+}
+
+long AmbienteLink::TitolareDiSigillo(long idSigillo, long idTitolare, const QVariant& ruolo) const {
+    return static_cast<long>(Cnn().Inserisci(
+        QStringLiteral("SGTitolari"), QStringLiteral("ID_SGTitolare"),
+        {QStringLiteral("ID_Sigillo"), QStringLiteral("ID_Titolare"), QStringLiteral("Ruolo")},
+        {Id(idSigillo), Id(idTitolare), ruolo.isValid() ? ruolo : NullTesto()}));
+}
+
+void AmbienteLink::ProduttoreDi(const char* tabella, const char* chiave, long id,
+                                long idSoggetto) const {
+    Cnn().Esegui(QStringLiteral("INSERT INTO %1 (%2, ID_Soggetto) VALUES (?, ?)")
+                     .arg(QLatin1String(tabella), QLatin1String(chiave)),
+                 {Id(id), Id(idSoggetto)});
+}
+
+void AmbienteLink::Lega(long idElemento, long idElementoLink) const {
+    Collega(idElemento, idElementoLink);
+}
+
+qint64 AmbienteLink::Conta(const QString& sql, std::initializer_list<QVariant> valori) const {
+    return Valore(sql, valori).toLongLong();
+}
+
+QDialog* Visualizzatore(const QString& sNome, const QVariantMap& argomenti) {
+    return VisualizzatoriLink::Crea(sNome, nullptr, argomenti);
+}
+
+QTreeWidget* Lista(const QWidget* visualizzatore, const QString& sNome) {
+    return Controllo<QTreeWidget>(visualizzatore, sNome);
+}
+
+QStringList Testi(const QTreeWidget* lista, int colonna) {
+    QStringList testi;
+    for (int i = 0; i < lista->topLevelItemCount(); ++i) {
+        testi << lista->topLevelItem(i)->text(colonna);
+    }
+    return testi;
+}
+
+QList<qint64> Chiavi(const QTreeWidget* lista) {
+    QList<qint64> chiavi;
+    for (int i = 0; i < lista->topLevelItemCount(); ++i) {
+        const QString sChiave = lista->topLevelItem(i)->data(0, Qt::UserRole).toString();
+        if (!sChiave.endsWith(QLatin1String("ID"))) {
+            return {};
+        }
+        chiavi << sChiave.chopped(2).toLongLong();
+    }
+    return chiavi;
+}
+
+QPushButton* Bottone(const QWidget* visualizzatore, const char* nome) {
+    return Controllo<QPushButton>(visualizzatore, QLatin1String(nome));
+}
