@@ -30,6 +30,8 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTimer>
 #include <QTreeView>
 #include <QtTest>
@@ -256,6 +258,7 @@ private Q_SLOTS:
     void unoStrumentoSenzaIlSuoRecordDaErroreU5ELaFinestraResta();
     void unUnitaIlCuiPadreFuCancellatoAltroveNonSiCreaELaFinestraResta_data() { AggiungiBackend(); }
     void unUnitaIlCuiPadreFuCancellatoAltroveNonSiCreaELaFinestraResta();
+    void ogniSchedaStaNelLatoDellaFinestraSenzaScorrereDiLato();
     void laStradaCompletaDalMenu_data() { AggiungiBackend(); }
     void laStradaCompletaDalMenu();
 };
@@ -993,3 +996,27 @@ void TestStrutturaDI::laStradaCompletaDalMenu() {
 
 QTEST_MAIN(TestStrutturaDI)
 #include "tst_strutturadi.moc"
+
+// The window at the size it takes from the main form as the program opens: the record of a unit,
+// of a parchment and of a seal each fit the side beside the tree, scrolling, if at all, only
+// downwards.
+void TestStrutturaDI::ogniSchedaStaNelLatoDellaFinestraSenzaScorrereDiLato() {
+    RICHIEDI_BACKEND(TipoBackend::SQLite);
+    Ambiente a(TipoBackend::SQLite);
+    const Strumento s = CreaStrumento(a);
+    const long serie = a.Crea("07", QStringLiteral("Serie I"), s.inv);
+    const long perg = a.Crea("05", QStringLiteral("Perg. 1"), serie);
+    const long sigillo = a.Crea("06", QStringLiteral("Sigillo"), perg);
+    PrimoMDI principale;
+    principale.show();
+    QApplication::processEvents();
+    auto f = Apri(s.inv);
+    f->show();
+    auto* area = f->findChild<QScrollArea*>(QStringLiteral("areaFrame1"));
+    QVERIFY(area);
+    for (const long lId : {static_cast<long>(s.inv), serie, perg, sigillo}) {
+        Scegli(*f, lId);
+        QApplication::processEvents();
+        QVERIFY2(!area->horizontalScrollBar()->isVisible(), qPrintable(QString::number(lId)));
+    }
+}

@@ -59,7 +59,6 @@ bool* FlagDi(const QString& sNome) {
 }
 
 constexpr int NumeroGuide = 6;
-constexpr int TwipPerPixel = 15;
 
 } // namespace
 

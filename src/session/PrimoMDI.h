@@ -15,6 +15,9 @@ class QMenu;
 class PrimoMDI : public QMainWindow {
     Q_OBJECT
 public:
+    // The forms were drawn in twips: fifteen to a pixel on the screens they were drawn for.
+    static constexpr int TwipPerPixel = 15;
+
     explicit PrimoMDI(QWidget* parent = nullptr);
     ~PrimoMDI() override;
 

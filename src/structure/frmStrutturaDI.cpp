@@ -25,8 +25,7 @@ const QString Sorgente = QStringLiteral("frmStrutturaDI");
 const QString ErroreCaricamento = QStringLiteral("Errore U5");
 const QString ErroreCancella = QStringLiteral("Errore U4");
 // The window is the main form's inner size and a little more (650 and 100 twips).
-constexpr int TwipPerPixel = 15;
-const QSize Margine(650 / TwipPerPixel, 100 / TwipPerPixel);
+const QSize Margine(650 / PrimoMDI::TwipPerPixel, 100 / PrimoMDI::TwipPerPixel);
 
 qlonglong Chiave(long valore) {
     return static_cast<qlonglong>(valore);
