@@ -36,6 +36,7 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <QTreeView>
+#include <QTreeWidget>
 #include <QtTest>
 
 namespace {
@@ -243,6 +244,8 @@ private Q_SLOTS:
         AggiungiBackend();
     }
     void iComplessiDelProduttoreSiApronoPerNomeESenzaFinestraNonSuccedeNulla();
+    void ilVisualizzatoreMostraIComplessiDelProduttoreENeCancellaUno_data() { AggiungiBackend(); }
+    void ilVisualizzatoreMostraIComplessiDelProduttoreENeCancellaUno();
     void iComandiRestanoInVistaAncheInUnaFinestraPiccola();
     void unProduttoreCancellatoDaUnAltraPostazioneMentreEMostrato_data() { AggiungiBackend(); }
     void unProduttoreCancellatoDaUnAltraPostazioneMentreEMostrato();
@@ -789,6 +792,38 @@ void TestProduttori::iComplessiDelProduttoreSiApronoPerNomeESenzaFinestraNonSucc
         QCOMPARE(collegati.aperture[0].sDenomSoggetto, QStringLiteral("Guinigi"));
         QCOMPARE(collegati.aperture[0].lIdSoggetto, static_cast<long>(guinigi));
     }
+}
+
+void TestProduttori::ilVisualizzatoreMostraIComplessiDelProduttoreENeCancellaUno() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend, true);
+    QPointer<frmSoggetti> f = a.Apri();
+    QVERIFY(f);
+    f->SSTab1->setCurrentIndex(1);
+    const qint64 guinigi = a.IdDi(QStringLiteral("Guinigi"));
+    f->SelezionaRiga(f->Modello(1).RigaDi(guinigi));
+    const int iComplessi =
+        a.Conta(QStringLiteral("ComplessiDocSoggetti WHERE ID_Soggetto = ?"), {L(guinigi)});
+    QVERIFY(iComplessi > 0);
+    // The viewer of the program: the family's complessi, the first deleted, closed by Escape.
+    int iVoci = -1;
+    QString sDenominazione;
+    AlComparire(QStringLiteral("frmMostraLinkSCD"), [&](QWidget* visualizzatore) {
+        auto* lista = visualizzatore->findChild<QTreeWidget*>(QStringLiteral("lvwDB"));
+        iVoci = lista->topLevelItemCount();
+        sDenominazione = visualizzatore->findChild<QLineEdit*>(QStringLiteral("Text1"))->text();
+        lista->setCurrentItem(lista->topLevelItem(0));
+        a.piattaforma.risposte = {Risposta::Si};
+        visualizzatore->findChild<QPushButton*>(QStringLiteral("cmdCancella"))->click();
+        QTest::keyClick(visualizzatore, Qt::Key_Escape);
+    });
+    f->cmdMostraLinks->click();
+    QCOMPARE(iVoci, iComplessi);
+    QCOMPARE(sDenominazione, QStringLiteral("Guinigi"));
+    QCOMPARE(a.Conta(QStringLiteral("ComplessiDocSoggetti WHERE ID_Soggetto = ?"), {L(guinigi)}),
+             iComplessi - 1);
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
 }
 
 void TestProduttori::unProduttoreCancellatoDaUnAltraPostazioneMentreEMostrato() {
