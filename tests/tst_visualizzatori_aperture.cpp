@@ -15,6 +15,7 @@
 #include "store/Connessione.h"
 #include "store/ModelloAlbero.h"
 #include "structure/frmStrutturaCD.h"
+#include "structure/frmStrutturaDI.h"
 #include "structure/frmStrutturaIN.h"
 
 #include "AmbienteLink.h"
@@ -24,6 +25,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTreeView>
@@ -111,6 +113,8 @@ private Q_SLOTS:
     void dalComplessoLUltimoLinkTolteCambiaLImmagineDelNodo();
     void dalloStrumentoDiRicercaLUltimoComplessoToltoSpegneIlNodo_data() { AggiungiBackend(); }
     void dalloStrumentoDiRicercaLUltimoComplessoToltoSpegneIlNodo();
+    void dallInventarioAnaliticoIlVisualizzatoreTogliIlComplesso_data() { AggiungiBackend(); }
+    void dallInventarioAnaliticoIlVisualizzatoreTogliIlComplesso();
     void iPulsantiDellaPergamenaSiSpengonoDopoLaCancellazione_data() { AggiungiBackend(); }
     void iPulsantiDellaPergamenaSiSpengonoDopoLaCancellazione();
     void iPulsantiDelSigilloSiSpengonoDopoLaCancellazione_data() { AggiungiBackend(); }
@@ -182,6 +186,40 @@ void TestVisualizzatoriAperture::dalloStrumentoDiRicercaLUltimoComplessoToltoSpe
     QCOMPARE(due.chiavi, QList<qint64>{secondo});
     QCOMPARE(a.Righe("Links"), 0);
     QCOMPARE(m.Immagine(m.Trova(inventario)), QStringLiteral("nolink"));
+}
+
+void TestVisualizzatoriAperture::dallInventarioAnaliticoIlVisualizzatoreTogliIlComplesso() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteStruttura a(backend);
+    // The lists of the window's editors of units, parchments and seals.
+    a.cartella.CopiaDalSito({QStringLiteral("LivelliDI.txt"), QStringLiteral("TraditioPG.txt"),
+                             QStringLiteral("TipologiaIcoSG.txt"), QStringLiteral("FormaSG.txt"),
+                             QStringLiteral("MateriaSG.txt"), QStringLiteral("TipologiaSG.txt"),
+                             QStringLiteral("ApposizioneSG.txt"),
+                             QStringLiteral("RapportoDocSG.txt"),
+                             QStringLiteral("TipologiaDGSG.txt")});
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
+    const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
+    a.Lega(fondo, inventario);
+    Sessione::lIdInventario = inventario;
+    frmStrutturaDI f;
+    f.Init(QStringLiteral("01"), QStringLiteral("Fondo"));
+    const ModelloAlbero& m = f.Modello();
+    ScegliNodo(f.tvwDB, m, inventario);
+    QString sEtichetta;
+    AlComparire(QStringLiteral("frmMostraLinkInv"), [&](QWidget* visualizzatore) {
+        sEtichetta = Controllo<QLabel>(visualizzatore, QStringLiteral("Label1"))->text();
+    });
+    const Visto visto =
+        CancellaDalPulsante(a.piattaforma, f.cmdMostraLinks, QStringLiteral("frmMostraLinkInv"));
+    QCOMPARE(sEtichetta, QStringLiteral("Inventario base selezionato"));
+    QCOMPARE(visto.chiavi, QList<qint64>{fondo});
+    QCOMPARE(a.Righe("Links"), 0);
+    QCOMPARE(Sessione::iEsitoLinkCD, 2);
+    QCOMPARE(m.Immagine(m.Trova(inventario)), QStringLiteral("nolink"));
+    QCOMPARE(m.Id(f.tvwDB->currentIndex()), qint64(inventario));
 }
 
 void TestVisualizzatoriAperture::iPulsantiDellaPergamenaSiSpengonoDopoLaCancellazione() {
