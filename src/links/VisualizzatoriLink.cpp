@@ -1,14 +1,16 @@
 #include "VisualizzatoriLink.h"
 
-#include "session/Conversioni.h"
+#include "authorities/TipiProduttore.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
-#include "session/Utility.h"
+#include "store/Backend.h"
 #include "store/Connessione.h"
+#include "store/LetturaRighe.h"
 
 #include <QSqlQuery>
 #include <functional>
+#include <memory>
 
 namespace {
 
@@ -29,17 +31,21 @@ QString Testo(const QSqlQuery& riga, int i) {
     return riga.value(i).toString().trimmed();
 }
 
-// The rows of a statement, one link each: its key in the first column, texts made by testi.
-QList<RigaLink> Righe(const QString& sSorgente, const QString& sSql, const QVariantList& valori,
-                      const std::function<QStringList(const QSqlQuery&)>& testi,
-                      const std::function<int(const QSqlQuery&)>& scheda = {}) {
+// The session's connection; raises Errore under the source when it is closed.
+const Connessione& Cnn(const QString& sSorgente) {
     if (!Sessione::cnn) {
         throw Errore(sSorgente, QStringLiteral("La connessione al database è chiusa."));
     }
-    QSqlQuery riga = Sessione::cnn->EseguiLista(sSql, valori, sSorgente);
+    return *Sessione::cnn;
+}
+
+// The rows of a statement, one link each: its key in the first column, texts made by testi.
+QList<RigaLink> Righe(const QString& sSorgente, const QString& sSql, const QVariantList& valori,
+                      const std::function<QStringList(const QSqlQuery&)>& testi) {
+    QSqlQuery riga = Cnn(sSorgente).EseguiLista(sSql, valori, sSorgente);
     QList<RigaLink> righe;
     while (riga.next()) {
-        righe << RigaLink{riga.value(0).toLongLong(), testi(riga), scheda ? scheda(riga) : 0};
+        righe << RigaLink{riga.value(0).toLongLong(), testi(riga), 0};
     }
     return righe;
 }
@@ -56,7 +62,7 @@ QString SottoInventario(const QString& sInventario, const QString& sResto) {
 
 // The detail key of an element's row (ID_ComplessoDoc of ComplessiDoc...), 0 when missing.
 qint64 ChiaveDettaglio(const QString& sTabella, const QString& sChiave, qint64 lIdElemento) {
-    QSqlQuery riga = Sessione::cnn->Esegui(
+    QSqlQuery riga = Cnn(sTabella).Esegui(
         QStringLiteral("SELECT %1 FROM %2 WHERE ID_Elemento = ?").arg(sChiave, sTabella),
         {Id(lIdElemento)}, sTabella);
     return riga.next() ? riga.value(0).toLongLong() : 0;
@@ -66,11 +72,11 @@ qint64 ChiaveDettaglio(const QString& sTabella, const QString& sChiave, qint64 l
 
 // The tab of a producer's kind.
 int SchedaDelTipo(const QString& sTipo) {
-    if (sTipo.compare(QLatin1String("F"), Qt::CaseInsensitive) == 0)
-        return 1;
-    if (sTipo.compare(QLatin1String("E"), Qt::CaseInsensitive) == 0)
-        return 2;
-    return 0;
+    for (int i = 0; i < TipiProduttore::Schede; ++i) {
+        if (sTipo.compare(QLatin1String(TipiProduttore::Di(i).sLettera), Qt::CaseInsensitive) == 0)
+            return i;
+    }
+    return TipiProduttore::Persone;
 }
 
 DescrizioneLink MostraLinkCS() {
@@ -81,20 +87,24 @@ DescrizioneLink MostraLinkCS() {
     d.sTitolo = QStringLiteral("Collegamenti ai Soggetti produttori");
     d.sEtichetta = bDato ? InventarioBaseSelezionato : ComplessoSelezionato;
     d.sDenominazione = bDato ? Sessione::sDenomInventario : Sessione::sDenomComplesso;
-    d.schede = {QStringLiteral("  Persone"), QStringLiteral("  Famiglie"),
-                QStringLiteral("  Enti")};
-    d.colonne = {{QStringLiteral("Cognome e Nome (Nascita - Morte)")},
-                 {QStringLiteral("Denominazione, Titoli (Estremi cronologici)")},
-                 {QStringLiteral("Denominazione, Sede (Estremi cronologici)")}};
+    for (int i = 0; i < TipiProduttore::Schede; ++i) {
+        d.schede << QStringLiteral("  ") + QLatin1String(TipiProduttore::Di(i).sTitolo);
+        d.colonne << QStringList{QLatin1String(TipiProduttore::Di(i).sIntestazione)};
+    }
     d.sErroreCancella = ErroreL1;
     d.sErroreCarica = ErroreL2;
     const QString sVista = bDato ? QStringLiteral("V_DatiInventarialiSoggetti")
                                  : QStringLiteral("V_ComplessiDocSoggetti");
     const QString sColonna =
         bDato ? QStringLiteral("DI_ID_Elemento") : QStringLiteral("CD_ID_Elemento");
-    d.carica = [d, sVista, sColonna, lIdElemento] {
-        return Righe(
-            d.sNome,
+    d.carica = [sVista, sColonna, lIdElemento] {
+        const QString sSorgente = QStringLiteral("frmMostraLinkCS");
+        const Connessione& cnn = Cnn(sSorgente);
+        // The id, the kind, the name, then the columns of each kind in the order of its list's
+        // rows, the first of each kind's at its place in Prima.
+        constexpr int Prima[TipiProduttore::Schede] = {3, 7, 9};
+        const std::unique_ptr<LetturaRighe> riga = cnn.backend().ApriLetturaRighe(
+            cnn.Db(),
             QStringLiteral(
                 "SELECT SOG_ID_Soggetto, SOG_TipoSoggetto, COALESCE(SOG_Denominazione, ''), "
                 "COALESCE(PRS_LuogoNascita, ''), COALESCE(PRS_DataNascita, 0), "
@@ -103,21 +113,16 @@ DescrizioneLink MostraLinkCS() {
                 "COALESCE(EN_Sede, ''), COALESCE(EN_DescrizioneEstremi, '') FROM %1 "
                 "WHERE %2 = ? ORDER BY SOG_Denominazione, SOG_ID_Soggetto")
                 .arg(sVista, sColonna),
-            {Id(lIdElemento)},
-            [](const QSqlQuery& r) -> QStringList {
-                const QString sNome = Testo(r, 2);
-                switch (SchedaDelTipo(Testo(r, 1))) {
-                case 1:
-                    return {sNome + EstremiFamiglia(Testo(r, 7), Testo(r, 8))};
-                case 2:
-                    return {sNome + EstremiEnte(Testo(r, 9), Testo(r, 10))};
-                default:
-                    return {sNome + EstremiPersona(Testo(r, 3), Testo(r, 5),
-                                                   DataDaNumero(r.value(4).toLongLong()),
-                                                   DataDaNumero(r.value(6).toLongLong()))};
-                }
-            },
-            [](const QSqlQuery& r) { return SchedaDelTipo(Testo(r, 1)); });
+            {Id(lIdElemento)}, sSorgente);
+        QList<RigaLink> righe;
+        while (riga->Prossima()) {
+            const int iScheda = SchedaDelTipo(riga->Stringa(1).trimmed());
+            righe << RigaLink{riga->Intero(0),
+                              {riga->Stringa(2).trimmed() +
+                               TipiProduttore::Estremi(iScheda, *riga, Prima[iScheda])},
+                              iScheda};
+        }
+        return righe;
     };
     d.cancella = [bDato, lIdElemento](qint64 lIdSoggetto) {
         const QString sTabella =
@@ -524,10 +529,11 @@ DescrizioneLink MostraLinkInv() {
                          {Id(Sessione::lIdElemLinkInv)}, SecondaColonna);
         };
         d.cancella = [lIdInventario](qint64) {
-            Sessione::cnn->Esegui(
-                QStringLiteral(
-                    "UPDATE DatiInventariali SET Id_ElemComplDoc = 0 WHERE Id_Elemento = ?"),
-                {Id(lIdInventario)}, QStringLiteral("frmMostraLinkInv"));
+            Cnn(QStringLiteral("frmMostraLinkInv"))
+                .Esegui(
+                    QStringLiteral(
+                        "UPDATE DatiInventariali SET Id_ElemComplDoc = 0 WHERE Id_Elemento = ?"),
+                    {Id(lIdInventario)}, QStringLiteral("frmMostraLinkInv"));
             Sessione::lIdElemLinkInv = 0;
             return true;
         };
