@@ -119,6 +119,14 @@ private Q_SLOTS:
     void proseguireApreIlDialogoEPoiUnVisualizzatoreNuovo();
     void proseguireVersoUnDialogoCheNonCeNonMostraNulla_data() { AggiungiBackend(); }
     void proseguireVersoUnDialogoCheNonCeNonMostraNulla();
+    void unaCancellazioneFallitaHaIlTitoloDellaFamigliaELaVoceResta_data() { AggiungiBackend(); }
+    void unaCancellazioneFallitaHaIlTitoloDellaFamigliaELaVoceResta();
+    void unRuoloRifiutatoDalDatabaseMostraNumeroEDescrizione_data() { AggiungiBackend(); }
+    void unRuoloRifiutatoDalDatabaseMostraNumeroEDescrizione();
+    void lePergameneDelComplessoSonoLAltraListaDelloStessoVisualizzatore_data() {
+        AggiungiBackend();
+    }
+    void lePergameneDelComplessoSonoLAltraListaDelloStessoVisualizzatore();
     void escChiudeIlVisualizzatore_data() { AggiungiBackend(); }
     void escChiudeIlVisualizzatore();
 };
@@ -725,6 +733,97 @@ void TestVisualizzatori::proseguireVersoUnDialogoCheNonCeNonMostraNulla() {
     QCOMPARE(Sessione::iChiamanteAntroponimi, 1);
     QVERIFY(QApplication::activeModalWidget() == nullptr);
     QCOMPARE(a.seam.Messaggi().size(), 0);
+}
+
+void TestVisualizzatori::unaCancellazioneFallitaHaIlTitoloDellaFamigliaELaVoceResta() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteLink a(backend);
+    const Pergamena pg = NuovaPergamena(a);
+    a.PersonaDiPergamena(pg.id, a.Antroponimo(QStringLiteral("Ubaldo")), QVariant());
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"));
+    a.Lega(fondo, pg.inventario);
+    a.Lega(fondo, pg.elemento);
+    Sessione::lIdElementoLink = pg.id;
+    Sessione::lIdComplesso = fondo;
+    Sessione::iChiamanteInv = 2;
+    Sessione::lIdInventario = pg.elemento;
+    const struct {
+        const char* sNome;
+        const char* sTitolo;
+    } casi[] = {{"frmMostraLinkAnt", "Errore L1"},
+                {"frmMostraLinkCD", "Errore I1"},
+                {"frmMostraLinkInv", "Errore M1"}};
+    for (const auto& caso : casi) {
+        Finestra f = Mostra(QLatin1String(caso.sNome));
+        QCOMPARE(Lista(f.get())->topLevelItemCount(), 1);
+        a.seam.Svuota();
+        // The connection gone between the load and the delete.
+        const auto connessione = Sessione::cnn;
+        Sessione::cnn.reset();
+        a.seam.risposte = {Risposta::Si};
+        Bottone(f.get(), "cmdCancella")->click();
+        Sessione::cnn = connessione;
+        QCOMPARE(a.seam.Messaggi().size(), 2);
+        const Messaggio errore = a.seam.Messaggi().at(1);
+        QCOMPARE(errore.sTitolo, QLatin1String(caso.sTitolo));
+        QCOMPARE(errore.icona, Icona::Critica);
+        QCOMPARE(Lista(f.get())->topLevelItemCount(), 1);
+        QVERIFY(Bottone(f.get(), "cmdCancella")->isEnabled());
+    }
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM Links"), {}), 2);
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi"), {}), 1);
+}
+
+void TestVisualizzatori::unRuoloRifiutatoDalDatabaseMostraNumeroEDescrizione() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteLink a(backend);
+    const Sigillo sg = NuovoSigillo(a);
+    const long riga = a.TitolareDiSigillo(sg.id, a.Titolare(QStringLiteral("Capitolo")),
+                                          QStringLiteral("Titolare"));
+    a.RifiutaAggiornamento(QStringLiteral("SGTitolari"), QStringLiteral("NEW.Ruolo = 'Vietato'"),
+                           QStringLiteral("ruolo rifiutato"));
+    Sessione::lIdElementoLink = sg.id;
+    Finestra f = Mostra(QStringLiteral("frmMostraLinkTitolari"));
+    Bottone(f.get(), "cmdModificaRuolo")->click();
+    TestoRuolo(f.get())->setText(QStringLiteral("Vietato"));
+    Bottone(f.get(), "cmdConferma")->click();
+    QCOMPARE(a.seam.Messaggi().size(), 1);
+    const Messaggio errore = a.seam.Messaggi().constFirst();
+    QCOMPARE(errore.icona, Icona::Critica);
+    QVERIFY2(errore.sTesto.contains(QStringLiteral("\r\n")), qPrintable(errore.sTesto));
+    QVERIFY2(errore.sTesto.contains(QStringLiteral("ruolo rifiutato")), qPrintable(errore.sTesto));
+    // Stored and shown as before, the editor closed.
+    QCOMPARE(
+        a.Valore(QStringLiteral("SELECT Ruolo FROM SGTitolari WHERE ID_SGTitolare = ?"), {Id(riga)})
+            .toString(),
+        QStringLiteral("Titolare"));
+    QCOMPARE(Testi(Lista(f.get()), 1), QStringList{QStringLiteral("Titolare")});
+    QVERIFY(!Controllo<QComboBox>(f.get(), QStringLiteral("cmbRuolo"))->isEnabled());
+}
+
+void TestVisualizzatori::lePergameneDelComplessoSonoLAltraListaDelloStessoVisualizzatore() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteLink a(backend);
+    const Pergamena pg = NuovaPergamena(a);
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"));
+    a.Lega(fondo, pg.inventario);
+    a.Lega(fondo, pg.elemento);
+    Sessione::lIdComplesso = fondo;
+    Sessione::sDenomComplesso = QStringLiteral("Fondo");
+    Finestra inventari = Mostra(QStringLiteral("frmMostraLinkCD"));
+    QCOMPARE(Chiavi(Lista(inventari.get())), QList<qint64>{pg.inventario});
+    QVERIFY(inventari->findChild<QPushButton*>(QStringLiteral("cmdNuovoCol")) != nullptr);
+    Finestra pergamene = Mostra(QStringLiteral("frmMostraLinkCD"),
+                                {{QStringLiteral("sDenominazione"), QStringLiteral("Fondo «A»")}});
+    QCOMPARE(pergamene->windowTitle(), QStringLiteral("Collegamenti alle Pergamene"));
+    QCOMPARE(Controllo<QLineEdit>(pergamene.get(), QStringLiteral("Text1"))->text(),
+             QStringLiteral("Fondo «A»"));
+    QCOMPARE(Chiavi(Lista(pergamene.get())), QList<qint64>{pg.elemento});
+    QCOMPARE(Testi(Lista(pergamene.get())), QStringList{QStringLiteral("P1")});
+    QVERIFY(pergamene->findChild<QPushButton*>(QStringLiteral("cmdNuovoCol")) == nullptr);
 }
 
 void TestVisualizzatori::escChiudeIlVisualizzatore() {
