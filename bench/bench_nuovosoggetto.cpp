@@ -11,6 +11,7 @@
 // PostgreSQL needs TABELLION_PG_HOST/PORT/USER/PASSWORD.
 
 #include "ArchivioBanco.h"
+#include "BancoMisure.h"
 #include "links/ModelloSpunte.h"
 #include "links/frmNuovoSoggetto.h"
 #include "session/Sessione.h"
@@ -19,25 +20,18 @@
 #include <QApplication>
 #include <QTabWidget>
 #include <algorithm>
-#include <array>
 
 namespace {
 
+using ArchivioBanco::Rapporto;
 using ArchivioBanco::Secondi;
 using ArchivioBanco::Tempo;
 using ArchivioBanco::Uscita;
 
-QString Rapporto(double dTempo, double dRiferimento) {
-    return QStringLiteral(" (rapporto %1 sulla lettura nuda)")
-        .arg(dTempo / dRiferimento, 0, 'f', 2);
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    try {
+    return ArchivioBanco::Esegui(argc, argv, [](QApplication& app) {
         QElapsedTimer orologio;
         orologio.start();
         const ArchivioBanco::BancoFinestra banco(app.arguments(),
@@ -58,46 +52,24 @@ int main(int argc, char** argv) {
                                   "ID_Soggetto % 50 = 0"),
                    {static_cast<qlonglong>(lChiave)});
         cnn.Esegui(QStringLiteral("ANALYZE"));
-        Uscita() << (banco.bPostgreSQL ? "PostgreSQL" : "SQLite") << ", produttori: " << persone
-                 << " persone, " << altri << " famiglie, " << altri << " enti, in "
-                 << Tempo(Secondi(orologio)) << "\n";
+        ArchivioBanco::StampaProduttori(banco.bPostgreSQL, persone, altri, Secondi(orologio));
 
         Sessione::sTipoLink = QStringLiteral("0");
         Sessione::lIdComplesso = complesso;
         Sessione::sDenomComplesso = QStringLiteral("Fondo");
         Sessione::iTipoSogg = 0;
 
-        // The bare read of each list's rows and the dialog opened with each tab shown: each
-        // measured in turn, Ripetizioni times, the best of each kept (the least disturbed by the
-        // rest of the machine).
-        constexpr int Ripetizioni = 3;
-        std::array<double, 3> nude{1e9, 1e9, 1e9};
-        std::array<double, 3> mostrate{1e9, 1e9, 1e9};
-        std::array<qint64, 3> righe{};
-        std::unique_ptr<frmNuovoSoggetto> aperto;
-        for (int r = 0; r < Ripetizioni; ++r) {
-            for (int i = 0; i < 3; ++i) {
-                const ArchivioBanco::Lettura nuda = ArchivioBanco::LetturaNuda(
+        // The bare read of each list's rows and the dialog opened with each tab shown, the best
+        // of three each.
+        ArchivioBanco::SchedeMisurate<frmNuovoSoggetto> misure =
+            ArchivioBanco::MisuraSchede<frmNuovoSoggetto>([&cnn, complesso](int i) {
+                return ArchivioBanco::LetturaNuda(
                     cnn, QList<ArchivioBanco::Istruzione>{
                              {frmNuovoSoggetto::SqlLista(cnn, i, false),
                               frmNuovoSoggetto::ValoriLista(i, complesso)}});
-                nude[i] = std::min(nude[i], nuda.dSecondi);
-                righe[i] = nuda.righe;
-            }
-            aperto.reset();
-            orologio.restart();
-            aperto = std::make_unique<frmNuovoSoggetto>();
-            aperto->resize(1200, 800);
-            aperto->show();
-            QApplication::processEvents();
-            mostrate[0] = std::min(mostrate[0], Secondi(orologio));
-            for (int i = 1; i < 3; ++i) {
-                orologio.restart();
-                aperto->SSTab1->setCurrentIndex(i);
-                QApplication::processEvents();
-                mostrate[i] = std::min(mostrate[i], Secondi(orologio));
-            }
-        }
+            });
+        std::unique_ptr<frmNuovoSoggetto>& aperto = misure.finestra;
+        const std::array<qint64, 3>& righe = misure.righe;
         const char* const cosa[3] = {"apertura del dialogo (scheda Persone)",
                                      "prima visualizzazione della scheda Famiglie",
                                      "prima visualizzazione della scheda Enti"};
@@ -111,14 +83,12 @@ int main(int argc, char** argv) {
                              QStringLiteral("La scheda %1 non mostra tutte le righe").arg(i));
             }
             Uscita() << "lettura nuda della scheda " << i << ": " << righe[i] << " righe in "
-                     << Tempo(nude[i]) << "; " << cosa[i] << ": " << aperto->Modello(i).Righe()
-                     << " righe (" << spuntate << " spuntate) in " << Tempo(mostrate[i])
-                     << Rapporto(mostrate[i], nude[i]) << "\n";
+                     << Tempo(misure.nude[i]) << "; " << cosa[i] << ": "
+                     << aperto->Modello(i).Righe() << " righe (" << spuntate << " spuntate) in "
+                     << Tempo(misure.mostrate[i]) << Rapporto(misure.mostrate[i], misure.nude[i])
+                     << "\n";
         }
         aperto.reset();
         return 0;
-    } catch (const Errore& errore) {
-        Uscita() << errore.testo() << '\n';
-        return 1;
-    }
+    });
 }

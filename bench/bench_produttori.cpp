@@ -12,6 +12,7 @@
 // PostgreSQL needs TABELLION_PG_HOST/PORT/USER/PASSWORD.
 
 #include "ArchivioBanco.h"
+#include "BancoMisure.h"
 #include "RiferimentoMotore.h"
 #include "authorities/frmSoggetti.h"
 #include "authorities/ucPersona.h"
@@ -23,29 +24,20 @@
 #include <QTreeView>
 #include <QTreeWidget>
 #include <algorithm>
-#include <array>
 
 namespace {
 
+using ArchivioBanco::MedianaELento;
+using ArchivioBanco::Millisecondi;
+using ArchivioBanco::Rapporto;
 using ArchivioBanco::Secondi;
 using ArchivioBanco::Tempo;
 using ArchivioBanco::Uscita;
 
-QString Millisecondi(double dSecondi) {
-    return QStringLiteral("%1 ms").arg(dSecondi * 1000, 0, 'f', 2);
-}
-
-QString Rapporto(double dTempo, double dRiferimento) {
-    return QStringLiteral(" (rapporto %1 sulla lettura nuda)")
-        .arg(dTempo / dRiferimento, 0, 'f', 2);
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    try {
+    return ArchivioBanco::Esegui(argc, argv, [](QApplication& app) {
         QElapsedTimer orologio;
         orologio.start();
         const ArchivioBanco::BancoFinestra banco(app.arguments(),
@@ -55,47 +47,23 @@ int main(int argc, char** argv) {
         const qint64 altri = std::max<qint64>(1, persone / 5);
         ArchivioBanco::CostruisciArchivioProduttori(cnn, persone, altri);
         cnn.Esegui(QStringLiteral("ANALYZE"));
-        Uscita() << (banco.bPostgreSQL ? "PostgreSQL" : "SQLite") << ", produttori: " << persone
-                 << " persone, " << altri << " famiglie, " << altri << " enti, in "
-                 << Tempo(Secondi(orologio)) << "\n";
+        ArchivioBanco::StampaProduttori(banco.bPostgreSQL, persone, altri, Secondi(orologio));
 
         // The bare read of each list's rows, every value read once, and the window opened
-        // with each tab shown: each measured in turn, Ripetizioni times, the best of each kept
-        // (the least disturbed by the rest of the machine).
-        constexpr int Ripetizioni = 3;
-        std::array<double, 3> nude{1e9, 1e9, 1e9};
-        std::array<double, 3> mostrate{1e9, 1e9, 1e9};
-        std::array<qint64, 3> righe{};
-        frmSoggetti* aperta = nullptr;
-        for (int r = 0; r < Ripetizioni; ++r) {
-            for (int i = 0; i < 3; ++i) {
-                const ArchivioBanco::Lettura nuda =
-                    ArchivioBanco::LetturaNuda(cnn, {frmSoggetti::SqlLista(cnn, i)});
-                nude[i] = std::min(nude[i], nuda.dSecondi);
-                righe[i] = nuda.righe;
-            }
-            delete aperta;
-            orologio.restart();
-            aperta = new frmSoggetti;
-            aperta->resize(1200, 800);
-            aperta->show();
-            QApplication::processEvents();
-            mostrate[0] = std::min(mostrate[0], Secondi(orologio));
-            for (int i = 1; i < 3; ++i) {
-                orologio.restart();
-                aperta->SSTab1->setCurrentIndex(i);
-                QApplication::processEvents();
-                mostrate[i] = std::min(mostrate[i], Secondi(orologio));
-            }
-        }
+        // with each tab shown, the best of three each.
+        ArchivioBanco::SchedeMisurate<frmSoggetti> misure =
+            ArchivioBanco::MisuraSchede<frmSoggetti>([&cnn](int i) {
+                return ArchivioBanco::LetturaNuda(cnn, {frmSoggetti::SqlLista(cnn, i)});
+            });
+        std::unique_ptr<frmSoggetti>& aperta = misure.finestra;
         const char* const cosa[3] = {"apertura di Produttori (scheda Persone)",
                                      "prima visualizzazione della scheda Famiglie",
                                      "prima visualizzazione della scheda Enti"};
         for (int i = 0; i < 3; ++i) {
-            Uscita() << "lettura nuda della scheda " << i << ": " << righe[i] << " righe in "
-                     << Tempo(nude[i]) << "; " << cosa[i] << ": " << aperta->Modello(i).Righe()
-                     << " righe in " << Tempo(mostrate[i]) << Rapporto(mostrate[i], nude[i])
-                     << "\n";
+            Uscita() << "lettura nuda della scheda " << i << ": " << misure.righe[i] << " righe in "
+                     << Tempo(misure.nude[i]) << "; " << cosa[i] << ": "
+                     << aperta->Modello(i).Righe() << " righe in " << Tempo(misure.mostrate[i])
+                     << Rapporto(misure.mostrate[i], misure.nude[i]) << "\n";
         }
         // Clicks on persons spread over the list: the slowest and the median.
         aperta->SSTab1->setCurrentIndex(0);
@@ -114,10 +82,8 @@ int main(int argc, char** argv) {
                              QStringLiteral("Persona della riga %1 non mostrata").arg(iRiga));
             }
         }
-        std::sort(clic.begin(), clic.end());
         Uscita() << "clic su una persona fino al suo record (" << clic.size()
-                 << " persone): mediana " << Millisecondi(clic[clic.size() / 2])
-                 << ", il più lento " << Millisecondi(clic.last()) << "\n";
+                 << " persone): " << MedianaELento(clic) << "\n";
 
         // The same rows of persons in the two ways a list can hold them.
         QList<qint64> ids;
@@ -126,7 +92,7 @@ int main(int argc, char** argv) {
             ids.append(aperta->Modello(0).Id(i));
             testi.append(aperta->Modello(0).Testo(i));
         }
-        delete aperta;
+        aperta.reset();
         const long memoriaPrima = RiferimentoMotore::PiccoMemoriaKiB();
         {
             orologio.restart();
@@ -159,8 +125,5 @@ int main(int argc, char** argv) {
                      << " a " << RiferimentoMotore::PiccoMemoriaKiB() << " KiB\n";
         }
         return 0;
-    } catch (const Errore& errore) {
-        Uscita() << errore.testo() << '\n';
-        return 1;
-    }
+    });
 }

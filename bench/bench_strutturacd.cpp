@@ -10,6 +10,7 @@
 // PostgreSQL needs TABELLION_PG_HOST/PORT/USER/PASSWORD.
 
 #include "ArchivioBanco.h"
+#include "BancoMisure.h"
 #include "session/Sessione.h"
 #include "structure/frmStrutturaCD.h"
 
@@ -19,6 +20,7 @@
 
 namespace {
 
+using ArchivioBanco::Millisecondi;
 using ArchivioBanco::Secondi;
 using ArchivioBanco::Tempo;
 using ArchivioBanco::Uscita;
@@ -26,9 +28,7 @@ using ArchivioBanco::Uscita;
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    try {
+    return ArchivioBanco::Esegui(argc, argv, [](QApplication& app) {
         QElapsedTimer orologio;
         orologio.start();
         const ArchivioBanco::BancoFinestra banco(app.arguments(),
@@ -83,13 +83,9 @@ int main(int argc, char** argv) {
         finestra->tvwDB->setCurrentIndex(nodo);
         QApplication::processEvents();
         Uscita() << "clic su un complesso al quarto livello (" << lProfondo << ", mostrato "
-                 << finestra->lIdCorrente
-                 << "): " << QStringLiteral("%1 ms\n").arg(Secondi(orologio) * 1000, 0, 'f', 2);
+                 << finestra->lIdCorrente << "): " << Millisecondi(Secondi(orologio)) << "\n";
 
         delete finestra;
         return 0;
-    } catch (const Errore& errore) {
-        Uscita() << errore.testo() << '\n';
-        return 1;
-    }
+    });
 }

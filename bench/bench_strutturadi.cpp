@@ -11,6 +11,7 @@
 // PostgreSQL needs TABELLION_PG_HOST/PORT/USER/PASSWORD.
 
 #include "ArchivioBanco.h"
+#include "BancoMisure.h"
 #include "records/ucSigillo.h"
 #include "session/Sessione.h"
 #include "structure/frmStrutturaDI.h"
@@ -22,13 +23,11 @@
 
 namespace {
 
+using ArchivioBanco::MedianaELento;
+using ArchivioBanco::Rapporto;
 using ArchivioBanco::Secondi;
 using ArchivioBanco::Tempo;
 using ArchivioBanco::Uscita;
-
-QString Millisecondi(double dSecondi) {
-    return QStringLiteral("%1 ms").arg(dSecondi * 1000, 0, 'f', 2);
-}
 
 struct Inventario {
     qint64 lElemento = 0;
@@ -113,9 +112,7 @@ ArchivioBanco::Lettura LetturaNuda(const Inventario& inv, const QString& sOrdine
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    try {
+    return ArchivioBanco::Esegui(argc, argv, [](QApplication& app) {
         QElapsedTimer orologio;
         orologio.start();
         const ArchivioBanco::BancoFinestra banco(app.arguments(),
@@ -138,9 +135,7 @@ int main(int argc, char** argv) {
         QApplication::processEvents();
         const double dApertura = Secondi(orologio);
         Uscita() << "apertura di frmStrutturaDI: " << finestra->Modello().Nodi() << " nodi in "
-                 << Tempo(dApertura)
-                 << QStringLiteral(" (rapporto %1 sulla lettura nuda)\n")
-                        .arg(dApertura / nuda.dSecondi, 0, 'f', 2);
+                 << Tempo(dApertura) << Rapporto(dApertura, nuda.dSecondi) << "\n";
 
         const ArchivioBanco::Lettura alfabetica =
             LetturaNuda(inv, frmStrutturaDI::OrdineAlfabetico());
@@ -155,41 +150,28 @@ int main(int argc, char** argv) {
 
         // Clicks on seals, the last ones built, deep under their parchments: the slowest of
         // them and their median.
-        QList<double> clic;
-        for (qsizetype i = inv.sigilli.size() - 1; i >= 0 && clic.size() < 50; --i) {
-            const qint64 lId = inv.sigilli[i];
-            const QModelIndex nodo = finestra->Modello().Trova(lId);
-            orologio.restart();
-            finestra->tvwDB->setCurrentIndex(nodo);
-            QApplication::processEvents();
-            clic.append(Secondi(orologio));
-            if (finestra->lIdCorrente != lId ||
-                finestra->fraSigillo->LeggiDenominazione().isEmpty()) {
-                throw Errore(QStringLiteral("bench"),
-                             QStringLiteral("Sigillo %1 non mostrato").arg(lId));
-            }
+        QList<qint64> sigilli;
+        for (qsizetype i = inv.sigilli.size() - 1; i >= 0 && sigilli.size() < 50; --i) {
+            sigilli.append(inv.sigilli[i]);
         }
-        std::sort(clic.begin(), clic.end());
+        const QList<double> clic = ArchivioBanco::ClicSuiNodi(
+            *finestra, sigilli,
+            [finestra] { return !finestra->fraSigillo->LeggiDenominazione().isEmpty(); },
+            QStringLiteral("Sigillo %1 non mostrato"));
         Uscita() << "clic su un sigillo fino al suo record (" << clic.size()
-                 << " sigilli): mediana " << Millisecondi(clic[clic.size() / 2])
-                 << ", il più lento " << Millisecondi(clic.last()) << "\n";
+                 << " sigilli): " << MedianaELento(clic) << "\n";
 
         // Of a click, what the seal's record takes by itself to show the same seals.
         QList<double> mostra;
-        for (qsizetype i = inv.sigilli.size() - 1; i >= 0 && mostra.size() < 50; --i) {
+        for (const qint64 lId : sigilli) {
             orologio.restart();
-            finestra->fraSigillo->Mostra(static_cast<long>(inv.sigilli[i]));
+            finestra->fraSigillo->Mostra(static_cast<long>(lId));
             mostra.append(Secondi(orologio));
         }
-        std::sort(mostra.begin(), mostra.end());
-        Uscita() << "di cui il record del sigillo da solo (Mostra): mediana "
-                 << Millisecondi(mostra[mostra.size() / 2]) << ", il più lento "
-                 << Millisecondi(mostra.last()) << "\n";
+        Uscita() << "di cui il record del sigillo da solo (Mostra): " << MedianaELento(mostra)
+                 << "\n";
 
         delete finestra;
         return 0;
-    } catch (const Errore& errore) {
-        Uscita() << errore.testo() << '\n';
-        return 1;
-    }
+    });
 }

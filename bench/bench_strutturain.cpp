@@ -9,6 +9,7 @@
 // PostgreSQL needs TABELLION_PG_HOST/PORT/USER/PASSWORD.
 
 #include "ArchivioBanco.h"
+#include "BancoMisure.h"
 #include "records/ucInventario.h"
 #include "session/Sessione.h"
 #include "structure/frmStrutturaIN.h"
@@ -20,20 +21,16 @@
 
 namespace {
 
+using ArchivioBanco::MedianaELento;
+using ArchivioBanco::Rapporto;
 using ArchivioBanco::Secondi;
 using ArchivioBanco::Tempo;
 using ArchivioBanco::Uscita;
 
-QString Millisecondi(double dSecondi) {
-    return QStringLiteral("%1 ms").arg(dSecondi * 1000, 0, 'f', 2);
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    try {
+    return ArchivioBanco::Esegui(argc, argv, [](QApplication& app) {
         QElapsedTimer orologio;
         orologio.start();
         const ArchivioBanco::BancoFinestra banco(app.arguments(),
@@ -65,34 +62,22 @@ int main(int argc, char** argv) {
         QApplication::processEvents();
         const double dApertura = Secondi(orologio);
         Uscita() << "apertura di frmStrutturaIN: " << finestra->Modello().Nodi() << " nodi in "
-                 << Tempo(dApertura)
-                 << QStringLiteral(" (rapporto %1 sulla lettura nuda)\n")
-                        .arg(dApertura / nuda.dSecondi, 0, 'f', 2);
+                 << Tempo(dApertura) << Rapporto(dApertura, nuda.dSecondi) << "\n";
 
         // Clicks on finding aids, the last one built and others of other institutes: the
         // slowest of them and their median.
-        QList<double> clic;
+        QList<qint64> ultimi;
         for (qint64 lId = lInventario; lId > lInventario - 50; --lId) {
-            const QModelIndex nodo = finestra->Modello().Trova(lId);
-            orologio.restart();
-            finestra->tvwDB->setCurrentIndex(nodo);
-            QApplication::processEvents();
-            clic.append(Secondi(orologio));
-            if (finestra->lIdCorrente != lId ||
-                finestra->fraInventario->LeggiDenominazione().isEmpty()) {
-                throw Errore(QStringLiteral("bench"),
-                             QStringLiteral("Strumento %1 non mostrato").arg(lId));
-            }
+            ultimi.append(lId);
         }
-        std::sort(clic.begin(), clic.end());
+        const QList<double> clic = ArchivioBanco::ClicSuiNodi(
+            *finestra, ultimi,
+            [finestra] { return !finestra->fraInventario->LeggiDenominazione().isEmpty(); },
+            QStringLiteral("Strumento %1 non mostrato"));
         Uscita() << "clic su uno strumento di ricerca fino al suo record (" << clic.size()
-                 << " strumenti): mediana " << Millisecondi(clic[clic.size() / 2])
-                 << ", il più lento " << Millisecondi(clic.last()) << "\n";
+                 << " strumenti): " << MedianaELento(clic) << "\n";
 
         delete finestra;
         return 0;
-    } catch (const Errore& errore) {
-        Uscita() << errore.testo() << '\n';
-        return 1;
-    }
+    });
 }
