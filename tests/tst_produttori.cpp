@@ -20,6 +20,7 @@
 #include "store/IdentitaSito.h"
 
 #include "AmbienteRecord.h"
+#include "DialogoSostituto.h"
 #include "Modali.h"
 
 #include <QAction>
@@ -104,7 +105,7 @@ struct Ambiente {
 // A stand-in for one of the program's dialogs, registered by name for one test: each opening
 // records the session values it found and whether it came up modally, runs the test's action
 // and closes. Afterwards the name is free again.
-class Sostituto {
+class Sostituto : public DialogoSostituto {
 public:
     struct Apertura {
         bool bModale = false;
@@ -115,35 +116,17 @@ public:
         long lIdSoggetto = 0;
     };
     explicit Sostituto(QString nome, std::function<void()> azioneDentro = {})
-        : sNome(std::move(nome))
-        , azione(std::move(azioneDentro)) {
-        Dialoghi::Registra(sNome, [this](QWidget* genitore, const Dialoghi::Argomenti&) {
-            auto* dialogo = new QDialog(genitore);
-            QTimer::singleShot(0, dialogo, [this, dialogo] {
-                aperture.append({QApplication::activeModalWidget() == dialogo,
-                                 Sessione::sTipoAltreDen, Sessione::lIdAltreDen,
-                                 Sessione::sTipoLink, Sessione::sDenomSoggetto,
-                                 Sessione::lIdSoggetto});
-                if (azione) {
-                    azione();
-                }
-                dialogo->accept();
-            });
-            return dialogo;
-        });
-    }
-    ~Sostituto() {
-        Dialoghi::Rimuovi(sNome);
-        RegistraFinestreProgramma();
-    }
-    Sostituto(const Sostituto&) = delete;
-    Sostituto& operator=(const Sostituto&) = delete;
+        : DialogoSostituto(std::move(nome), [this, azione = std::move(azioneDentro)](
+                                                QDialog& dialogo, const Dialoghi::Argomenti&) {
+            aperture.append({QApplication::activeModalWidget() == &dialogo, Sessione::sTipoAltreDen,
+                             Sessione::lIdAltreDen, Sessione::sTipoLink, Sessione::sDenomSoggetto,
+                             Sessione::lIdSoggetto});
+            if (azione) {
+                azione();
+            }
+        }) {}
 
     QList<Apertura> aperture;
-
-private:
-    QString sNome;
-    std::function<void()> azione;
 };
 
 // The enabled state of "NuovoSog Modifica Cancella AltreDen MostraLinks" as 0/1.

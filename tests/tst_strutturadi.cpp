@@ -20,6 +20,7 @@
 #include "structure/frmStrutturaIN.h"
 
 #include "AmbienteStruttura.h"
+#include "DialogoSostituto.h"
 #include "Modali.h"
 
 #include <QAction>
@@ -191,28 +192,12 @@ Messaggio CancellaConSi(Ambiente& a, frmStrutturaDI& f) {
 }
 
 // A stand-in of a dialog for one test, which runs its action and closes.
-class Sostituto {
+class Sostituto : public DialogoSostituto {
 public:
-    Sostituto(QString nome, std::function<void()> azione)
-        : sNome(std::move(nome)) {
-        Dialoghi::Registra(sNome, [azione](QWidget* genitore, const Dialoghi::Argomenti&) {
-            auto* dialogo = new QDialog(genitore);
-            QTimer::singleShot(0, dialogo, [dialogo, azione] {
-                azione();
-                dialogo->accept();
-            });
-            return dialogo;
-        });
-    }
-    ~Sostituto() {
-        Dialoghi::Rimuovi(sNome);
-        RegistraFinestreProgramma();
-    }
-    Sostituto(const Sostituto&) = delete;
-    Sostituto& operator=(const Sostituto&) = delete;
-
-private:
-    QString sNome;
+    Sostituto(QString nome, std::function<void()> azioneDentro)
+        : DialogoSostituto(std::move(nome),
+                           [azione = std::move(azioneDentro)](
+                               QDialog&, const Dialoghi::Argomenti&) { azione(); }) {}
 };
 
 } // namespace

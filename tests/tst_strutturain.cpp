@@ -20,6 +20,7 @@
 #include "structure/frmStrutturaIN.h"
 
 #include "AmbienteStruttura.h"
+#include "DialogoSostituto.h"
 #include "Modali.h"
 #include "RuoloProva.h"
 
@@ -104,7 +105,7 @@ struct Globali {
 // A stand-in for one of the program's dialogs, registered by name for one test: each opening
 // records the arguments, whether it came up modally and the session values it found, then runs
 // the test's action and closes. Afterwards the program's own dialog of that name is back.
-class Sostituto {
+class Sostituto : public DialogoSostituto {
 public:
     struct Apertura {
         Dialoghi::Argomenti argomenti;
@@ -113,39 +114,22 @@ public:
     };
 
     explicit Sostituto(QString nome, std::function<void()> azioneDentro = {})
-        : sNome(std::move(nome))
-        , azione(std::move(azioneDentro)) {
-        Dialoghi::Registra(sNome, [this](QWidget* genitore, const Dialoghi::Argomenti& argomenti) {
-            auto* dialogo = new QDialog(genitore);
-            QTimer::singleShot(0, dialogo, [this, dialogo, argomenti] {
-                Apertura apertura;
-                apertura.argomenti = argomenti;
-                apertura.bModale = QApplication::activeModalWidget() == dialogo;
-                apertura.globali = {Sessione::lIdInventario, Sessione::sDenomInventario,
-                                    Sessione::iEsitoLinkCD,  Sessione::iChiamanteInv,
-                                    Sessione::lIdAltreDen,   Sessione::sTipoAltreDen};
-                aperture.append(apertura);
-                if (azione) {
-                    azione();
-                }
-                dialogo->accept();
-            });
-            return dialogo;
-        });
-    }
-    // The program's own dialog, if it has one, comes back.
-    ~Sostituto() {
-        Dialoghi::Rimuovi(sNome);
-        RegistraFinestreProgramma();
-    }
-    Sostituto(const Sostituto&) = delete;
-    Sostituto& operator=(const Sostituto&) = delete;
+        : DialogoSostituto(
+              std::move(nome), [this, azione = std::move(azioneDentro)](
+                                   QDialog& dialogo, const Dialoghi::Argomenti& argomenti) {
+                  Apertura apertura;
+                  apertura.argomenti = argomenti;
+                  apertura.bModale = QApplication::activeModalWidget() == &dialogo;
+                  apertura.globali = {Sessione::lIdInventario, Sessione::sDenomInventario,
+                                      Sessione::iEsitoLinkCD,  Sessione::iChiamanteInv,
+                                      Sessione::lIdAltreDen,   Sessione::sTipoAltreDen};
+                  aperture.append(apertura);
+                  if (azione) {
+                      azione();
+                  }
+              }) {}
 
     QList<Apertura> aperture;
-
-private:
-    QString sNome;
-    std::function<void()> azione;
 };
 
 // An institute with a finding aid and a complesso linked to it.
