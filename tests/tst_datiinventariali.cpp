@@ -1191,14 +1191,7 @@ void TestDatiInventariali::laTastieraPercorreIlModuloComeSiVede() {
                                 "cmdMostraLink",
                                 "cmdImmagine"};
     // The chain of the focus from the level, the form's own controls in the order met.
-    QStringList visti;
-    QWidget* campo = Livelli(&editore);
-    for (int i = 0; i < 1000 && visti.size() < attesi.size(); ++i) {
-        if (attesi.contains(campo->objectName()) && !visti.contains(campo->objectName()))
-            visti << campo->objectName();
-        campo = campo->nextInFocusChain();
-    }
-    QCOMPARE(visti, attesi);
+    QCOMPARE(OrdineDelFuoco(Livelli(&editore), attesi), attesi);
 }
 
 void TestDatiInventariali::nuovoSvuotaIlModuloDopoUnUnitaMostrata() {

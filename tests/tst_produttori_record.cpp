@@ -331,17 +331,9 @@ void TestProduttoriRecord::laTastieraPercorreIlModuloComeSiVedeEGliAnniStannoNel
     const QList<int> anni[] = {{7, 8}, {2, 3}, {2, 3}};
     for (int k = 0; k < 3; ++k) {
         const std::unique_ptr<EditoreProduttore> editore = Pronto(Generi[k]);
-        const auto dopo = [&editore](const QString& sNome) {
-            QWidget* w = editore->findChild<QWidget*>(sNome);
-            QWidget* prossimo = w->nextInFocusChain();
-            // The inner parts of a box belong to the box.
-            while (prossimo != nullptr && w->isAncestorOf(prossimo))
-                prossimo = prossimo->nextInFocusChain();
-            return prossimo == nullptr ? QString() : prossimo->objectName();
-        };
         const QStringList& catena = catene[k];
         for (qsizetype i = 1; i < catena.size(); ++i)
-            QCOMPARE(dopo(catena.at(i - 1)), catena.at(i));
+            QCOMPARE(DopoNelFuoco(editore.get(), catena.at(i - 1)), catena.at(i));
         auto* frame1 = editore->findChild<QGroupBox*>(QStringLiteral("Frame1"));
         for (int n : anni[k])
             QVERIFY(frame1->isAncestorOf(Riga(editore.get(), n)));

@@ -203,12 +203,7 @@ void TestSigillo::iCampiSonoNellOrdineDelDisegnoConLeLoroSchedeEiLoroMessaggi() 
              QStringLiteral("Collegamento al documento"));
     // The keyboard walks each tab as it is laid out.
     const auto dopo = [&editore](const char* nome) {
-        QWidget* w = editore.findChild<QWidget*>(QLatin1String(nome));
-        QWidget* prossimo = w->nextInFocusChain();
-        // The line edit of an editable combo is part of the combo.
-        while (prossimo != nullptr && prossimo->parentWidget() == w)
-            prossimo = prossimo->nextInFocusChain();
-        return prossimo == nullptr ? QString() : prossimo->objectName();
+        return DopoNelFuoco(&editore, QLatin1String(nome));
     };
     QCOMPARE(dopo("cmbTipol"), QStringLiteral("Text1(2)"));
     QCOMPARE(dopo("Text1(2)"), QStringLiteral("Text1(3)"));

@@ -336,6 +336,25 @@ bool Attiva(QWidget& finestra) {
     return QTest::qWaitForWindowActive(&finestra);
 }
 
+QStringList OrdineDelFuoco(const QWidget* primo, const QStringList& controlli) {
+    QStringList visti;
+    const QWidget* campo = primo;
+    for (int i = 0; i < 1000 && visti.size() < controlli.size(); ++i) {
+        if (controlli.contains(campo->objectName()) && !visti.contains(campo->objectName()))
+            visti << campo->objectName();
+        campo = campo->nextInFocusChain();
+    }
+    return visti;
+}
+
+QString DopoNelFuoco(const QWidget* editore, const QString& sNome) {
+    const QWidget* w = editore->findChild<QWidget*>(sNome);
+    const QWidget* prossimo = w->nextInFocusChain();
+    while (prossimo != nullptr && w->isAncestorOf(prossimo))
+        prossimo = prossimo->nextInFocusChain();
+    return prossimo == nullptr ? QString() : prossimo->objectName();
+}
+
 void LaSedeScendeAiFigliDiretti(const AmbienteRecord& ambiente, const char* tipo,
                                 EditoreRecord& editore, const std::function<void()>& compila) {
     const Luoghi luoghi(ambiente);

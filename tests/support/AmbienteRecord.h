@@ -154,6 +154,12 @@ void ScegliChiave(const QWidget* editore, const char* nome, long chiave);
 QString Lungo(const QString& pezzo, int n);
 // Shows the window and makes it the active one: the focus moves between the boxes.
 bool Attiva(QWidget& finestra);
+// Of those controls of an editor, the ones the chain of the focus meets from the first control,
+// in the order met.
+QStringList OrdineDelFuoco(const QWidget* primo, const QStringList& controlli);
+// The objectName of the control the focus goes to after the one of that name (the inner parts
+// of a box, as the line edit of an editable combo, belong to the box); empty at the end.
+QString DopoNelFuoco(const QWidget* editore, const QString& sNome);
 
 // The host reads the flags of the record to set its buttons.
 template <typename Editore>
