@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSqlQuery>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -107,7 +108,21 @@ void DialogoSpunte::AggiungiPagina(const PaginaSpunte& pagina, const QString& sE
     caricate.append(false);
 
     auto* foglio = new QWidget(SSTab1);
-    const auto nome = [iPagina](const char* sNome) {
+    // With one list the names carry no tab's index: lvwDB, and the object's boxes take index 0
+    // and the chosen names' index 1.
+    const auto nome = [this, iPagina](const char* sNome) {
+        if (bUnaLista) {
+            const QLatin1String sVoce(sNome);
+            if (sVoce == QLatin1String("lvwDB")) {
+                return QString(sVoce);
+            }
+            const bool bOggetto =
+                sVoce == QLatin1String("Label2") || sVoce == QLatin1String("Text2");
+            const QString sBase = sVoce.startsWith(QLatin1String("Label"))
+                                      ? QStringLiteral("Label1")
+                                      : QStringLiteral("Text1");
+            return QStringLiteral("%1(%2)").arg(sBase).arg(bOggetto ? 0 : 1);
+        }
         return QStringLiteral("%1(%2)").arg(QLatin1String(sNome)).arg(iPagina);
     };
     auto* etichettaOggetto = new QLabel(sEtichettaOggetto, foglio);
@@ -158,6 +173,12 @@ void DialogoSpunte::AggiungiPagina(const PaginaSpunte& pagina, const QString& sE
     pagina.editore->setObjectName(QLatin1String(pagina.sNomeEditore));
     pagina.editore->setVisible(false);
     cornice->layout()->addWidget(pagina.editore);
+}
+
+void DialogoSpunte::UnaLista() {
+    bUnaLista = true;
+    SSTab1->tabBar()->hide();
+    SSTab1->setDocumentMode(true);
 }
 
 void DialogoSpunte::ImpostaCollegamento(CollegamentoSpunte descrizione) {
@@ -364,6 +385,9 @@ void DialogoSpunte::cmdCollega_Click() {
         const QString sAggiungi = QStringLiteral("INSERT INTO %1 (%2, %3) VALUES (?, ?)")
                                       .arg(collegamento.sTabella, collegamento.sColonnaOggetto,
                                            collegamento.sColonnaVoce);
+        if (!collegamento.sTabellaVoci.isEmpty()) {
+            VerificaVoci(cnn);
+        }
         for (const long lId : std::as_const(*collegamento.aSel)) {
             if (lId == 0) {
                 continue;
@@ -373,10 +397,17 @@ void DialogoSpunte::cmdCollega_Click() {
             QSqlQuery presenti = cnn.Esegui(sCerca, {chiave, id}, objectName());
             const bool bPresente = presenti.next() && presenti.value(0).toLongLong() > 0;
             presenti.finish();
-            if (!bPresente) {
-                cnn.Esegui(sAggiungi, {chiave, id}, objectName());
-                *collegamento.iEsito = 1;
+            if (bPresente) {
+                continue;
             }
+            if (collegamento.sChiaveRiga.isEmpty()) {
+                cnn.Esegui(sAggiungi, {chiave, id}, objectName());
+            } else {
+                cnn.Inserisci(collegamento.sTabella, collegamento.sChiaveRiga,
+                              {collegamento.sColonnaOggetto, collegamento.sColonnaVoce},
+                              {chiave, id});
+            }
+            *collegamento.iEsito = 1;
         }
     } catch (...) {
         // The links written so far stay; the dialog stays open.
@@ -384,6 +415,31 @@ void DialogoSpunte::cmdCollega_Click() {
         return;
     }
     accept();
+}
+
+void DialogoSpunte::VerificaVoci(const Connessione& cnn) const {
+    // The table and the column come from the description's fixed texts.
+    const QString sCerca = QStringLiteral("SELECT COUNT(*) FROM %1 WHERE %2 = ?")
+                               .arg(collegamento.sTabellaVoci, collegamento.sChiaveVoci);
+    for (const long lId : std::as_const(*collegamento.aSel)) {
+        if (lId == 0) {
+            continue;
+        }
+        QSqlQuery voce = cnn.Esegui(sCerca, {static_cast<qlonglong>(lId)}, objectName());
+        if (!voce.next() || voce.value(0).toLongLong() == 0) {
+            QString sNome;
+            for (int iPagina = 0; iPagina < Pagine() && sNome.isEmpty(); ++iPagina) {
+                const int iRiga = Modello(iPagina).RigaDi(lId);
+                if (iRiga >= 0) {
+                    sNome = Modello(iPagina).Testo(iRiga);
+                }
+            }
+            throw Errore(objectName(),
+                         QStringLiteral("\"%1\" non esiste più nel database: è stato cancellato "
+                                        "da un'altra postazione.")
+                             .arg(sNome));
+        }
+    }
 }
 
 void DialogoSpunte::cmdAnnullaCol_Click() {

@@ -15,6 +15,8 @@
 // its links to the served object (Checked).
 //
 // The dialog that uses it describes its lists (PaginaSpunte) and its links (CollegamentoSpunte).
+// A dialog of one list only (UnaLista) shows it without tabs: lvwDB, the served object in
+// Text1(0) under Label1(0), the names chosen in Text1(1) under Label1(1).
 
 #include <QDialog>
 #include <QList>
@@ -23,6 +25,7 @@
 #include <QVector>
 #include <functional>
 
+class Connessione;
 class EditoreRecord;
 class LetturaRighe;
 class ModelloSpunte;
@@ -66,6 +69,13 @@ struct CollegamentoSpunte {
     QString sTabella;
     QString sColonnaOggetto;
     QString sColonnaVoce;
+    // The link's own key, given in the site's range of keys; empty when the table has none.
+    QString sChiaveRiga;
+    // The items' table and key: when given, every item ticked is read before anything is
+    // written, and one that another workstation deleted meanwhile stops the links (Errore O1)
+    // with nothing written.
+    QString sTabellaVoci;
+    QString sChiaveVoci;
     // The served object's key, read before anything is written; raises Errore when the object is
     // no longer there.
     std::function<qint64()> chiaveOggetto;
@@ -119,6 +129,8 @@ public:
     QPushButton* cmdAnnulla = nullptr;
 
 protected:
+    // The dialog has one list, shown without tabs (before its AggiungiPagina).
+    void UnaLista();
     // A list in a new tab: Label2(n) with sEtichettaOggetto over Text2(n) with the served
     // object's heading, the list, Label1(n) with sEtichettaScelti over Text1(n). Its editor
     // takes its place beside the tabs, hidden until shown.
@@ -140,6 +152,8 @@ private:
     void NascondiAltriEditori(const PaginaSpunte& pagina);
     // The commands of the state "mostra" (bModifica false) or "nuovo".
     void Disposizione(bool bNuovo);
+    // Every item ticked is still in its table; raises Errore naming the first that is gone.
+    void VerificaVoci(const Connessione& cnn) const;
     // cmdCollega enabled when some slot is not 0.
     void AbilitaCollega();
     void RicostruisciScelti(int iPagina);
@@ -154,4 +168,5 @@ private:
     QWidget* cornice = nullptr;
     bool bSelezioneInterna = false;
     bool bAvviata = false;
+    bool bUnaLista = false;
 };

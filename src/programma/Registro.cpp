@@ -8,6 +8,7 @@
 #include "exchange/frmScEsporta.h"
 #include "exchange/frmScImporta.h"
 #include "links/VisualizzatoriLink.h"
+#include "links/frmLinkPuntiAccesso.h"
 #include "links/frmNuovoComplesso.h"
 #include "links/frmNuovoInventario.h"
 #include "links/frmNuovoSoggetto.h"
@@ -70,6 +71,34 @@ void RegistraFinestreProgramma() {
         [](QWidget* genitore, const Dialoghi::Argomenti& argomenti) -> QDialog* {
             auto* collegamenti = new frmNuovoSoggetto(genitore);
             collegamenti->SetbLockSelSogg(argomenti.value(QStringLiteral("bLockSelSogg")).toBool());
+            return collegamenti;
+        });
+    // The access points' link dialogs of the object in Sessione::lIdElementoLink; the names
+    // chosen change only through the ticks unless the opener says otherwise ("bLockSelAntr",
+    // "bLockSelTopon", "bLockSelTitol" false); the holders' takes "bFromSigilli".
+    Dialoghi::RegistraPredefinito(
+        QStringLiteral("frmLinkAntroponimi"),
+        [](QWidget* genitore, const Dialoghi::Argomenti& argomenti) -> QDialog* {
+            auto* collegamenti = new frmLinkAntroponimi(genitore);
+            collegamenti->SetbLockSelAntr(
+                argomenti.value(QStringLiteral("bLockSelAntr"), true).toBool());
+            return collegamenti;
+        });
+    Dialoghi::RegistraPredefinito(
+        QStringLiteral("frmLinkToponimi"),
+        [](QWidget* genitore, const Dialoghi::Argomenti& argomenti) -> QDialog* {
+            auto* collegamenti = new frmLinkToponimi(genitore);
+            collegamenti->SetbLockSelTopon(
+                argomenti.value(QStringLiteral("bLockSelTopon"), true).toBool());
+            return collegamenti;
+        });
+    Dialoghi::RegistraPredefinito(
+        QStringLiteral("frmLinkTitolari"),
+        [](QWidget* genitore, const Dialoghi::Argomenti& argomenti) -> QDialog* {
+            auto* collegamenti = new frmLinkTitolari(genitore);
+            collegamenti->bFromSigilli = argomenti.value(QStringLiteral("bFromSigilli")).toBool();
+            collegamenti->SetbLockSelTitol(
+                argomenti.value(QStringLiteral("bLockSelTitol"), true).toBool());
             return collegamenti;
         });
     // The pickers of complessi (for the record in Sessione::lIdInventario, by iChiamanteInv) and
