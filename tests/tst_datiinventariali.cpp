@@ -110,6 +110,11 @@ void Compila(ucDatiInventariali& editore) {
     Livelli(&editore)->setCurrentIndex(0);
 }
 
+// The host of units under a parent, its buttons following the record's flags.
+EditoreOspitato<ucDatiInventariali> OspiteUnita(long padre) {
+    return {"07", padre, &ucDatiInventariali::OkNuovoDatoInventariale};
+}
+
 // The five conditions of a higher-level description.
 const QList<int> Condizioni = {19, 9, 11, 16, 17};
 
@@ -504,10 +509,7 @@ void TestDatiInventariali::sottoLUltimoLivelloNonSiSalvaNulla() {
     Ambiente ambiente(backend);
     const Ambiente::Albero albero = ambiente.CreaUnita();
     ambiente.Livello(albero.unita, QStringLiteral("06"));
-    auto* editore = new ucDatiInventariali;
-    HostEditore ospite(editore, QStringLiteral("07"), albero.unita);
-    CollegaPermessi(ospite, editore, &ucDatiInventariali::OkNuovoDatoInventariale);
-    ospite.Carica();
+    auto [editore, ospite] = OspiteUnita(albero.unita);
     editore->AssegnaInventario(ambiente.IdInventario(albero.inventario), albero.unita);
     QCOMPARE(Livelli(editore)->count(), 0);
     ospite.cmdNuovo->click();
@@ -650,13 +652,8 @@ void TestDatiInventariali::unaDataErrataNonLasciaAndareIlFuoco() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const Ambiente::Albero albero = ambiente.CreaUnita();
-    auto* editore = new ucDatiInventariali;
-    HostEditore ospite(editore, QStringLiteral("07"), albero.inventario);
-    CollegaPermessi(ospite, editore, &ucDatiInventariali::OkNuovoDatoInventariale);
-    ospite.Carica();
-    QVERIFY(Attiva(ospite));
-    ospite.MostraElemento(albero.unita);
-    ospite.cmdModifica->click();
+    auto [editore, ospite] = OspiteUnita(albero.inventario);
+    QVERIFY(InModifica(ospite, albero.unita));
 
     int iAttesi = 0;
     for (int n : {5, 6}) {
@@ -700,10 +697,7 @@ void TestDatiInventariali::unUnitaLegataAUnComplessoOConFigliNonSiCancella() {
     Ambiente ambiente(backend);
     const Ambiente::Albero albero = ambiente.CreaUnita();
     const long complesso = ambiente.Crea("02", QStringLiteral("Complesso"), albero.istituto);
-    auto* editore = new ucDatiInventariali;
-    HostEditore ospite(editore, QStringLiteral("07"), albero.inventario);
-    CollegaPermessi(ospite, editore, &ucDatiInventariali::OkNuovoDatoInventariale);
-    ospite.Carica();
+    auto [editore, ospite] = OspiteUnita(albero.inventario);
 
     // Free: it may go.
     ospite.MostraElemento(albero.unita);
@@ -1047,10 +1041,7 @@ void TestDatiInventariali::unaNuovaUnitaSiCreaSottoIlPadreAttraversoLOspite() {
     Ambiente ambiente(backend);
     const Ambiente::Albero albero = ambiente.CreaUnita();
     ambiente.Livello(albero.unita, QStringLiteral("01"));
-    auto* editore = new ucDatiInventariali;
-    HostEditore ospite(editore, QStringLiteral("07"), albero.unita);
-    CollegaPermessi(ospite, editore, &ucDatiInventariali::OkNuovoDatoInventariale);
-    ospite.Carica();
+    auto [editore, ospite] = OspiteUnita(albero.unita);
     // As the window does: the unit shown, then a new one under it.
     ospite.MostraElemento(albero.unita);
     QVERIFY(ospite.cmdNuovo->isEnabled());
@@ -1202,10 +1193,7 @@ void TestDatiInventariali::nuovoSvuotaIlModuloDopoUnUnitaMostrata() {
     ambiente.Livello(albero.unita, QStringLiteral("05"));
     ambiente.Scrivi(QStringLiteral("Numero = '4', FlgUnitaCond = 1, Note = 'nota'"),
                     {Id(albero.unita)});
-    auto* editore = new ucDatiInventariali;
-    HostEditore ospite(editore, QStringLiteral("07"), albero.inventario);
-    CollegaPermessi(ospite, editore, &ucDatiInventariali::OkNuovoDatoInventariale);
-    ospite.Carica();
+    auto [editore, ospite] = OspiteUnita(albero.inventario);
     QVERIFY(Attiva(ospite));
     ospite.MostraElemento(albero.unita);
     QCOMPARE(Testo(editore, 8), QStringLiteral("nota"));
@@ -1229,10 +1217,7 @@ void TestDatiInventariali::annullaUnaModificaRiportaIValoriSalvati() {
     RICHIEDI_BACKEND(backend);
     Ambiente ambiente(backend);
     const Ambiente::Albero albero = ambiente.CreaUnita();
-    auto* editore = new ucDatiInventariali;
-    HostEditore ospite(editore, QStringLiteral("07"), albero.inventario);
-    CollegaPermessi(ospite, editore, &ucDatiInventariali::OkNuovoDatoInventariale);
-    ospite.Carica();
+    auto [editore, ospite] = OspiteUnita(albero.inventario);
     ospite.MostraElemento(albero.unita);
     ospite.cmdModifica->click();
     QVERIFY(Riga(editore, 14)->isEnabled());

@@ -880,9 +880,7 @@ void TestPergamena::unNumeroOUnaDataErratiSonoRifiutatiAllUscita() {
     Ambiente ambiente(backend);
     const Ambiente::Albero albero = ambiente.CreaPergamena();
     auto [editore, ospite] = OspitePergamena(albero.inventario);
-    QVERIFY(Attiva(ospite));
-    ospite.MostraElemento(albero.pergamena);
-    ospite.cmdModifica->click();
+    QVERIFY(InModifica(ospite, albero.pergamena));
     auto* schede = editore->findChild<QTabWidget*>(QStringLiteral("SSTab1"));
 
     struct Prova {

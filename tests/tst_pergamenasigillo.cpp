@@ -643,9 +643,7 @@ void TestPergamenaSigillo::leDateImpossibiliDellaPergamenaSonoRifiutateESiSalvan
     Ambiente ambiente(backend);
     const Ambiente::Albero albero = ambiente.CreaPergamena();
     auto [editore, ospite] = OspitePergamena(albero.inventario);
-    QVERIFY(Attiva(ospite));
-    ospite.MostraElemento(albero.pergamena);
-    ospite.cmdModifica->click();
+    QVERIFY(InModifica(ospite, albero.pergamena));
     editore->findChild<QTabWidget*>(QStringLiteral("SSTab1"))->setCurrentIndex(0);
 
     // 31 February, 29 February of a year that is not a leap year, the year 0 and a year of five
@@ -707,9 +705,7 @@ void TestPergamenaSigillo::gliAnniDelSigilloNonSiControllanoESiScrivonoComeDigit
     const auto colonna = [&ambiente, id](const QString& sColonna) {
         return ambiente.ColonnaDi(QStringLiteral("Sigilli"), sColonna, id);
     };
-    QVERIFY(Attiva(ospite));
-    ospite.MostraElemento(id);
-    ospite.cmdModifica->click();
+    QVERIFY(InModifica(ospite, id));
     Compila(*editore);
 
     // A year of five digits cannot be typed: the box takes four.

@@ -336,6 +336,14 @@ bool Attiva(QWidget& finestra) {
     return QTest::qWaitForWindowActive(&finestra);
 }
 
+bool InModifica(HostEditore& ospite, long id) {
+    if (!Attiva(ospite))
+        return false;
+    ospite.MostraElemento(id);
+    ospite.cmdModifica->click();
+    return true;
+}
+
 QStringList OrdineDelFuoco(const QWidget* primo, const QStringList& controlli) {
     QStringList visti;
     const QWidget* campo = primo;

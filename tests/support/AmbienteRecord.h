@@ -161,6 +161,10 @@ QStringList OrdineDelFuoco(const QWidget* primo, const QStringList& controlli);
 // of a box, as the line edit of an editable combo, belong to the box); empty at the end.
 QString DopoNelFuoco(const QWidget* editore, const QString& sNome);
 
+// The host made the active window, that element shown and put in edit with Modifica; false
+// when the host did not become the active window (nothing shown then).
+bool InModifica(HostEditore& ospite, long id);
+
 // The host reads the flags of the record to set its buttons.
 template <typename Editore>
 void CollegaPermessi(HostEditore& ospite, Editore* editore, bool Editore::*okNuovo) {
@@ -224,10 +228,8 @@ template <typename Editore> struct RecordOspitato {
     // The host made the active window, the record shown and put in edit, with its mandatory
     // fields filled in when bCompila.
     bool Modifica(bool bCompila = true) {
-        if (!Attiva(ospite))
+        if (!InModifica(ospite, id))
             return false;
-        ospite.MostraElemento(id);
-        ospite.cmdModifica->click();
         if (bCompila)
             compila(*editore);
         return true;
