@@ -177,6 +177,9 @@ struct Ambiente : AmbienteRecord {
     qint64 Luogo(const QString& sNome) const {
         return Cnn().Inserisci(QStringLiteral("Toponimi"), QStringLiteral("ID_Toponimo"),
                                {QStringLiteral("Denominazione")}, {sNome});
+    } // The rows of Antroponimi.
+    int Antroponimi() const {
+        return Valore(QStringLiteral("SELECT COUNT(*) FROM Antroponimi"), {}).toInt();
     }
 };
 
@@ -389,7 +392,7 @@ void TestFinestraElenco::unCampoObbligatorioVuotoLasciaLaFinestraInModifica() {
     QVERIFY(f.cmdConferma->isEnabled());
     QVERIFY(!f.Lista(0)->isEnabled());
     QCOMPARE(f.Modello(0).Righe(), 0);
-    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Antroponimi"), {}).toInt(), 0);
+    QCOMPARE(a.Antroponimi(), 0);
 }
 
 void TestFinestraElenco::modificaRiscriveLaRigaEAnnullaRileggeIlRecord() {
@@ -458,7 +461,7 @@ void TestFinestraElenco::annullaDiUnNuovoSuUnaListaVuotaLasciaLEditoreVuoto() {
     QCOMPARE(f.Modello(0).Righe(), 0);
     QVERIFY(f.Lista(0)->isEnabled());
     QVERIFY(!f.cmdConferma->isEnabled());
-    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Antroponimi"), {}).toInt(), 0);
+    QCOMPARE(a.Antroponimi(), 0);
 }
 
 void TestFinestraElenco::unaListaVuotaPuoMostrareIlRecordVuotoConIFlagDellEditore() {
@@ -490,7 +493,7 @@ void TestFinestraElenco::cancellaChiedeEConNoLasciaTutto() {
     QCOMPARE(f.Modello(0).Righe(), 2);
     QCOMPARE(RigaScelta(f, 0), 1);
     QCOMPARE(f.aId[0], rossi);
-    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Antroponimi"), {}).toInt(), 2);
+    QCOMPARE(a.Antroponimi(), 2);
 }
 
 void TestFinestraElenco::cancellaConSiTogliELaRigaESceglieLaPrimaOLasciaLEditoreVuoto() {
@@ -504,7 +507,7 @@ void TestFinestraElenco::cancellaConSiTogliELaRigaESceglieLaPrimaOLasciaLEditore
     a.seam.risposte = {Risposta::Si, Risposta::Si};
     f.cmdCancella->click();
     QCOMPARE(Testi(f, 0), QStringList({QStringLiteral("Bianchi Anna (riga)")}));
-    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Antroponimi"), {}).toInt(), 1);
+    QCOMPARE(a.Antroponimi(), 1);
     QCOMPARE(RigaScelta(f, 0), 0);
     QCOMPARE(f.aId[0], bianchi);
     QCOMPARE(Nome(f.fraNome)->text(), QStringLiteral("Bianchi Anna"));
@@ -513,7 +516,7 @@ void TestFinestraElenco::cancellaConSiTogliELaRigaESceglieLaPrimaOLasciaLEditore
     // The last row: the editor is left empty, with New alone.
     f.cmdCancella->click();
     QCOMPARE(f.Modello(0).Righe(), 0);
-    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Antroponimi"), {}).toInt(), 0);
+    QCOMPARE(a.Antroponimi(), 0);
     QCOMPARE(f.aId[0], 0);
     QCOMPARE(f.aChiave[0], QString());
     QCOMPARE(Nome(f.fraNome)->text(), QString());
@@ -534,7 +537,7 @@ void TestFinestraElenco::unaCancellazioneRifiutataDaErroreR4ELaRigaResta() {
     QCOMPARE(errore.icona, Icona::Critica);
     QVERIFY2(errore.sTesto.startsWith(QStringLiteral("frmProva\n")), qPrintable(errore.sTesto));
     QCOMPARE(f.Modello(0).Righe(), 1);
-    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Antroponimi"), {}).toInt(), 1);
+    QCOMPARE(a.Antroponimi(), 1);
 }
 
 void TestFinestraElenco::unCaricamentoFallitoDaErroreU5() {
@@ -592,7 +595,7 @@ void TestFinestraElenco::unRecordCancellatoAltroveNonSiSalvaELaSuaRigaSparisce()
     QCOMPARE(f.sStato, QStringLiteral("mostra"));
     QCOMPARE(Testi(f, 0), QStringList({QStringLiteral("Bianchi Anna (riga)")}));
     QCOMPARE(f.aId[0], bianchi);
-    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Antroponimi"), {}).toInt(), 1);
+    QCOMPARE(a.Antroponimi(), 1);
 
     // Deleted elsewhere, then deleted here: no error, the row goes.
     a.Cnn().Esegui(QStringLiteral("DELETE FROM Antroponimi WHERE ID_Antroponimo = ?"), {bianchi});
