@@ -359,8 +359,12 @@ private Q_SLOTS:
         AggiungiBackend();
     }
     void annullaENoLascianoLaListaComEraELUltimaCancellataSvuotaLEditore();
-    void unaListaCheNonSiLeggeDaErroreU5_data() { AggiungiBackend(); }
-    void unaListaCheNonSiLeggeDaErroreU5();
+    void unNomeNulloELoSegnapostoNellEditoreEVuotoNellaLista_data() { AggiungiBackend(); }
+    void unNomeNulloELoSegnapostoNellEditoreEVuotoNellaLista();
+    void unaListaCheNonSiLeggeDaErroreU5EUnaCancellazioneFallitaErroreR4_data() {
+        AggiungiBackend();
+    }
+    void unaListaCheNonSiLeggeDaErroreU5EUnaCancellazioneFallitaErroreR4();
 
 private:
     void Percorri(const Tipo& t);
@@ -785,11 +789,40 @@ void TestPuntiAccesso::annullaENoLascianoLaListaComEraELUltimaCancellataSvuotaLE
     QCOMPARE(Comandi(*f), QStringLiteral("10000"));
 }
 
-void TestPuntiAccesso::unaListaCheNonSiLeggeDaErroreU5() {
+void TestPuntiAccesso::unNomeNulloELoSegnapostoNellEditoreEVuotoNellaLista() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     Ambiente a(backend);
-    a.Cnn().Esegui(QStringLiteral("DROP TABLE Titolari"));
+    // A table of persons whose name may be Null, as an older archive may hold it.
+    a.Cnn().Esegui(QStringLiteral("ALTER TABLE Antroponimi RENAME TO AntroponimiAltrove"));
+    a.Cnn().Esegui(QStringLiteral("CREATE TABLE Antroponimi (ID_Antroponimo INTEGER NOT NULL "
+                                  "PRIMARY KEY, Nome VARCHAR(128), Titoli VARCHAR(256), "
+                                  "Note VARCHAR(512))"));
+    a.Cnn().Esegui(QStringLiteral("INSERT INTO Antroponimi (ID_Antroponimo, Nome, Titoli) "
+                                  "VALUES (?, NULL, ?)"),
+                   {41, QStringLiteral("notaio")});
+    QPointer<FinestraPuntoAccesso> f = a.Apri(Antroponimi);
+    QVERIFY(f);
+    QCOMPARE(Testi(*f), QStringList{QString()});
+    QCOMPARE(f->aId[0], 41);
+    EditoreAccesso* editore = Editore(*f, Antroponimi);
+    QCOMPARE(Leggi(editore, 0), QStringLiteral("<<Inserire valore>>"));
+    QCOMPARE(Leggi(editore, 1), QStringLiteral("notaio"));
+    QCOMPARE(Comandi(*f), QStringLiteral("11100"));
+    // Confirmed as it stands, the placeholder fails the mandatory name.
+    f->cmdModifica->click();
+    f->cmdConferma->click();
+    QCOMPARE(a.piattaforma.Messaggi().size(), 1);
+    QCOMPARE(a.piattaforma.Messaggi()[0].sTesto, QStringLiteral("Inserire nome e cognome"));
+    QCOMPARE(f->sStato, QStringLiteral("modifica"));
+    QVERIFY(a.Valore(QStringLiteral("SELECT Nome FROM Antroponimi"), {}).isNull());
+}
+
+void TestPuntiAccesso::unaListaCheNonSiLeggeDaErroreU5EUnaCancellazioneFallitaErroreR4() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    a.Cnn().Esegui(QStringLiteral("ALTER TABLE Titolari RENAME TO TitolariAltrove"));
     QPointer<FinestraPuntoAccesso> f = a.Apri(Titolari);
     QVERIFY(f);
     QCOMPARE(a.piattaforma.Messaggi().size(), 1);
@@ -797,6 +830,21 @@ void TestPuntiAccesso::unaListaCheNonSiLeggeDaErroreU5() {
     QCOMPARE(a.piattaforma.Messaggi()[0].icona, Icona::Critica);
     QCOMPARE(f->Modello(0).Righe(), 0);
     QCOMPARE(Comandi(*f), QStringLiteral("1000"));
+
+    // A delete that the database refuses: the box, and the row stays.
+    a.Voce(Toponimi, QStringLiteral("Lucca"));
+    f = a.Apri(Toponimi);
+    QVERIFY(f);
+    QCOMPARE(Comandi(*f), QStringLiteral("11100"));
+    a.Cnn().Esegui(QStringLiteral("ALTER TABLE Toponimi RENAME TO ToponimiAltrove"));
+    a.piattaforma.Svuota();
+    a.piattaforma.risposte = {Risposta::Si};
+    f->cmdCancella->click();
+    QCOMPARE(a.piattaforma.Messaggi().size(), 2);
+    QCOMPARE(a.piattaforma.Messaggi()[1].sTitolo, QStringLiteral("Errore R4"));
+    QCOMPARE(a.piattaforma.Messaggi()[1].icona, Icona::Critica);
+    QVERIFY(a.piattaforma.Messaggi()[1].sTesto.startsWith(QStringLiteral("frmToponimi\n")));
+    QCOMPARE(Testi(*f), QStringList{QStringLiteral("Lucca")});
 }
 
 QTEST_MAIN(TestPuntiAccesso)
