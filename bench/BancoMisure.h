@@ -117,4 +117,17 @@ inline int Esegui(int argc, char** argv, const std::function<int(QApplication&)>
     }
 }
 
+// A benchmark of a window run offscreen (see Esegui): the clock started, then the fresh database
+// of BancoFinestra made, both handed to the benchmark with the application.
+inline int EseguiFinestra(
+    int argc, char** argv, const QString& sNome,
+    const std::function<int(QApplication&, const BancoFinestra&, QElapsedTimer&)>& banco) {
+    return Esegui(argc, argv, [&sNome, &banco](QApplication& app) {
+        QElapsedTimer orologio;
+        orologio.start();
+        const BancoFinestra finestra(app.arguments(), sNome);
+        return banco(app, finestra, orologio);
+    });
+}
+
 } // namespace ArchivioBanco

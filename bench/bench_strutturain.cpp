@@ -30,54 +30,52 @@ using ArchivioBanco::Uscita;
 } // namespace
 
 int main(int argc, char** argv) {
-    return ArchivioBanco::Esegui(argc, argv, [](QApplication& app) {
-        QElapsedTimer orologio;
-        orologio.start();
-        const ArchivioBanco::BancoFinestra banco(app.arguments(),
-                                                 QStringLiteral("bench_strutturain"));
-        const qint64 richiesti = banco.richiesti;
-        const bool bPostgreSQL = banco.bPostgreSQL;
-        const qint64 quantiInventari = richiesti / 10;
-        qint64 lComplesso = 0;
-        qint64 lInventario = 0;
-        const qint64 complessi = ArchivioBanco::CostruisciComplessi(
-            *Sessione::cnn, richiesti - quantiInventari, lComplesso);
-        const qint64 inventari =
-            ArchivioBanco::CostruisciInventari(*Sessione::cnn, quantiInventari, 10, lInventario);
-        Uscita() << (bPostgreSQL ? "PostgreSQL" : "SQLite")
-                 << ", archivio: " << complessi + inventari << " elementi, di cui " << inventari
-                 << " strumenti di ricerca, in " << Tempo(Secondi(orologio)) << "\n";
+    return ArchivioBanco::EseguiFinestra(
+        argc, argv, QStringLiteral("bench_strutturain"),
+        [](QApplication&, const ArchivioBanco::BancoFinestra& banco, QElapsedTimer& orologio) {
+            const qint64 richiesti = banco.richiesti;
+            const bool bPostgreSQL = banco.bPostgreSQL;
+            const qint64 quantiInventari = richiesti / 10;
+            qint64 lComplesso = 0;
+            qint64 lInventario = 0;
+            const qint64 complessi = ArchivioBanco::CostruisciComplessi(
+                *Sessione::cnn, richiesti - quantiInventari, lComplesso);
+            const qint64 inventari = ArchivioBanco::CostruisciInventari(
+                *Sessione::cnn, quantiInventari, 10, lInventario);
+            Uscita() << (bPostgreSQL ? "PostgreSQL" : "SQLite")
+                     << ", archivio: " << complessi + inventari << " elementi, di cui " << inventari
+                     << " strumenti di ricerca, in " << Tempo(Secondi(orologio)) << "\n";
 
-        QStringList usate;
-        for (const GruppoAlbero& gruppo : frmStrutturaIN::Gruppi()) {
-            usate.append(gruppo.Sql(*Sessione::cnn));
-        }
-        const ArchivioBanco::Lettura nuda = ArchivioBanco::LetturaNuda(*Sessione::cnn, usate);
-        Uscita() << "lettura nuda dei due gruppi, colonne usate: " << nuda.righe << " righe in "
-                 << Tempo(nuda.dSecondi) << "\n";
+            QStringList usate;
+            for (const GruppoAlbero& gruppo : frmStrutturaIN::Gruppi()) {
+                usate.append(gruppo.Sql(*Sessione::cnn));
+            }
+            const ArchivioBanco::Lettura nuda = ArchivioBanco::LetturaNuda(*Sessione::cnn, usate);
+            Uscita() << "lettura nuda dei due gruppi, colonne usate: " << nuda.righe << " righe in "
+                     << Tempo(nuda.dSecondi) << "\n";
 
-        orologio.restart();
-        auto* finestra = new frmStrutturaIN;
-        finestra->show();
-        QApplication::processEvents();
-        const double dApertura = Secondi(orologio);
-        Uscita() << "apertura di frmStrutturaIN: " << finestra->Modello().Nodi() << " nodi in "
-                 << Tempo(dApertura) << Rapporto(dApertura, nuda.dSecondi) << "\n";
+            orologio.restart();
+            auto* finestra = new frmStrutturaIN;
+            finestra->show();
+            QApplication::processEvents();
+            const double dApertura = Secondi(orologio);
+            Uscita() << "apertura di frmStrutturaIN: " << finestra->Modello().Nodi() << " nodi in "
+                     << Tempo(dApertura) << Rapporto(dApertura, nuda.dSecondi) << "\n";
 
-        // Clicks on finding aids, the last one built and others of other institutes: the
-        // slowest of them and their median.
-        QList<qint64> ultimi;
-        for (qint64 lId = lInventario; lId > lInventario - 50; --lId) {
-            ultimi.append(lId);
-        }
-        const QList<double> clic = ArchivioBanco::ClicSuiNodi(
-            *finestra, ultimi,
-            [finestra] { return !finestra->fraInventario->LeggiDenominazione().isEmpty(); },
-            QStringLiteral("Strumento %1 non mostrato"));
-        Uscita() << "clic su uno strumento di ricerca fino al suo record (" << clic.size()
-                 << " strumenti): " << MedianaELento(clic) << "\n";
+            // Clicks on finding aids, the last one built and others of other institutes: the
+            // slowest of them and their median.
+            QList<qint64> ultimi;
+            for (qint64 lId = lInventario; lId > lInventario - 50; --lId) {
+                ultimi.append(lId);
+            }
+            const QList<double> clic = ArchivioBanco::ClicSuiNodi(
+                *finestra, ultimi,
+                [finestra] { return !finestra->fraInventario->LeggiDenominazione().isEmpty(); },
+                QStringLiteral("Strumento %1 non mostrato"));
+            Uscita() << "clic su uno strumento di ricerca fino al suo record (" << clic.size()
+                     << " strumenti): " << MedianaELento(clic) << "\n";
 
-        delete finestra;
-        return 0;
-    });
+            delete finestra;
+            return 0;
+        });
 }
