@@ -55,7 +55,8 @@ struct Ambiente : AmbienteRecord {
         Sessione::sTipoLink = bUnita ? QStringLiteral("1") : QStringLiteral("0");
         Sessione::lIdComplesso = bUnita ? 0 : lIdElemento;
         Sessione::lIdDatoInventariale = bUnita ? lIdElemento : 0;
-        Sessione::sDenomComplesso = bUnita ? QStringLiteral("Busta 1") : QStringLiteral("Fondo");
+        Sessione::sDenomComplesso = QStringLiteral("Fondo");
+        Sessione::sDenomInventario = bUnita ? QStringLiteral("Busta 1") : QString();
     }
 
     // A producer made behind the dialog's back: its ID_Soggetto.

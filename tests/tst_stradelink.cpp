@@ -444,13 +444,17 @@ void TestStradeLink::unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnaliti
     QVERIFY(!Acceso(soggetti));
     QVERIFY(f.cmdCancella->isEnabled());
 
-    // A producer of the unit, through its dialog.
+    // A producer of the unit, through its dialog, which is headed by the unit (and not by the
+    // complesso last served).
+    Sessione::sDenomComplesso = QStringLiteral("Fondo");
     bool bDialogo = false;
+    QString sIntestazione;
     AlComparire(QStringLiteral("frmMostraLinkCS"), [&](QWidget* viewer) {
         Controllo<QTabWidget>(viewer, QStringLiteral("SSTab1"))->setCurrentIndex(2);
         AlComparire(QStringLiteral("frmNuovoSoggetto"), [&](QWidget* finestra) {
             auto* d = static_cast<frmNuovoSoggetto*>(finestra);
             bDialogo = true;
+            sIntestazione = Controllo<QLineEdit>(d, QStringLiteral("Text2(2)"))->text();
             AlComparire(QStringLiteral("frmMostraLinkCS"),
                         [&](QWidget* nuovo) { static_cast<QDialog*>(nuovo)->reject(); });
             QTreeView* lista = d->Lista(2);
@@ -462,6 +466,7 @@ void TestStradeLink::unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnaliti
     });
     soggetti->click();
     QVERIFY(bDialogo);
+    QCOMPARE(sIntestazione, QStringLiteral("Busta"));
     QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM DatiInventarialiSoggetti DIS JOIN "
                                      "DatiInventariali DI ON DI.ID_DatoInventariale = "
                                      "DIS.ID_DatoInventariale WHERE DI.ID_Elemento = ? AND "

@@ -100,7 +100,10 @@ frmNuovoSoggetto::frmNuovoSoggetto(QWidget* genitore)
             return editore->LeggiDenominazione() + editore->LeggiEstremi();
         };
         pagina.okNuovo = &editore->OkNuovo;
-        AggiungiPagina(pagina, QLatin1String(servito.sEtichetta), Sessione::sDenomComplesso,
+        // The heading is the served object's, as its viewer shows it: a unit's opener leaves
+        // the unit's denomination in sDenomInventario.
+        AggiungiPagina(pagina, QLatin1String(servito.sEtichetta),
+                       bUnita ? Sessione::sDenomInventario : Sessione::sDenomComplesso,
                        QStringLiteral("Soggetti scelti"));
     }
 
