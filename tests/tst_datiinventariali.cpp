@@ -660,25 +660,14 @@ void TestDatiInventariali::unaDataErrataNonLasciaAndareIlFuoco() {
         QLineEdit* casella = Riga(editore, n);
         for (const QString& errato :
              {QStringLiteral("12/ab/1900"), QStringLiteral("ieri"), QStringLiteral("31/02/1900")}) {
-            casella->setFocus();
-            casella->setText(errato);
             // Left with a click on the title.
-            QTest::mouseClick(Riga(editore, 14), Qt::LeftButton);
-            ++iAttesi;
-            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-            QCOMPARE(ambiente.seam.Messaggi().constLast().sTesto, QStringLiteral("Data errata"));
-            QCOMPARE(ambiente.seam.Messaggi().constLast().sTitolo, QStringLiteral("Attenzione"));
-            QVERIFY2(casella->hasFocus(), qPrintable(errato));
+            RifiutatoAllUscita(ambiente.seam, casella, errato, Riga(editore, 14),
+                               QStringLiteral("Data errata"), iAttesi);
             QVERIFY2(!Riga(editore, 14)->hasFocus(), qPrintable(errato));
         }
         for (const QString& giusto :
-             {QStringLiteral("29/02/1904"), QString(), QStringLiteral("  ")}) {
-            casella->setFocus();
-            casella->setText(giusto);
-            QTest::mouseClick(Riga(editore, 14), Qt::LeftButton);
-            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-            QVERIFY2(Riga(editore, 14)->hasFocus(), qPrintable(giusto));
-        }
+             {QStringLiteral("29/02/1904"), QString(), QStringLiteral("  ")})
+            AccettatoAllUscita(ambiente.seam, casella, giusto, Riga(editore, 14), iAttesi);
     }
     // A click on the host's Conferma with a wrong date is not delivered: nothing is saved.
     QLineEdit* inizio = Riga(editore, 5);

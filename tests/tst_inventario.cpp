@@ -719,29 +719,18 @@ void TestInventario::unAnnoNonNumericoOPiuCortoDiTreCifreERifiutatoAllUscita() {
 
     int iAttesi = 0;
     for (int n : {4, 5}) {
+        QLineEdit* anno = Riga(inventario.editore, n);
         for (const char* errato : {"19a", "12", "x", "1"}) {
-            QLineEdit* anno = Riga(inventario.editore, n);
-            anno->setFocus();
-            anno->setText(QLatin1String(errato));
             // Left with a click on the title.
-            QTest::mouseClick(Riga(inventario.editore, 0), Qt::LeftButton);
-            ++iAttesi;
-            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-            const Messaggio messaggio = ambiente.seam.Messaggi().constLast();
-            QCOMPARE(messaggio.sTesto, QStringLiteral("Anno errato"));
-            QCOMPARE(messaggio.sTitolo, QStringLiteral("Attenzione"));
-            QCOMPARE(messaggio.icona, Icona::Informazione);
-            QVERIFY2(anno->hasFocus(), errato);
+            RifiutatoAllUscita(ambiente.seam, anno, QLatin1String(errato),
+                               Riga(inventario.editore, 0), QStringLiteral("Anno errato"), iAttesi);
+            QCOMPARE(ambiente.seam.Messaggi().constLast().icona, Icona::Informazione);
             QCOMPARE(anno->text(), QLatin1String(errato));
         }
         // Three or four digits, or nothing, may leave.
-        for (const char* giusto : {"812", "1890", ""}) {
-            Riga(inventario.editore, n)->setFocus();
-            Riga(inventario.editore, n)->setText(QLatin1String(giusto));
-            QTest::mouseClick(Riga(inventario.editore, 0), Qt::LeftButton);
-            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-            QVERIFY2(Riga(inventario.editore, 0)->hasFocus(), giusto);
-        }
+        for (const char* giusto : {"812", "1890", ""})
+            AccettatoAllUscita(ambiente.seam, anno, QLatin1String(giusto),
+                               Riga(inventario.editore, 0), iAttesi);
     }
     // The check is on leaving only: the save does not repeat it.
     Riga(inventario.editore, 4)->setText(QStringLiteral("812"));

@@ -900,24 +900,12 @@ void TestPergamena::unNumeroOUnaDataErratiSonoRifiutatiAllUscita() {
     for (const Prova& p : prove) {
         schede->setCurrentIndex(p.scheda);
         QLineEdit* casella = Riga(editore, p.n);
-        for (const QString& errato : p.errati) {
-            casella->setFocus();
-            casella->setText(errato);
-            // Left with a click on the identifier.
-            QTest::mouseClick(Riga(editore, 0), Qt::LeftButton);
-            ++iAttesi;
-            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-            QCOMPARE(ambiente.seam.Messaggi().constLast().sTesto, p.messaggio);
-            QCOMPARE(ambiente.seam.Messaggi().constLast().sTitolo, QStringLiteral("Attenzione"));
-            QVERIFY2(casella->hasFocus(), qPrintable(errato));
-        }
-        for (const QString& giusto : p.giusti) {
-            casella->setFocus();
-            casella->setText(giusto);
-            QTest::mouseClick(Riga(editore, 0), Qt::LeftButton);
-            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-            QVERIFY2(Riga(editore, 0)->hasFocus(), qPrintable(giusto));
-        }
+        // Left with a click on the identifier.
+        for (const QString& errato : p.errati)
+            RifiutatoAllUscita(ambiente.seam, casella, errato, Riga(editore, 0), p.messaggio,
+                               iAttesi);
+        for (const QString& giusto : p.giusti)
+            AccettatoAllUscita(ambiente.seam, casella, giusto, Riga(editore, 0), iAttesi);
     }
 }
 

@@ -655,24 +655,12 @@ void TestPergamenaSigillo::leDateImpossibiliDellaPergamenaSonoRifiutateESiSalvan
     int iAttesi = 0;
     for (int n : {1, 33}) {
         QLineEdit* casella = Riga(editore, n);
-        for (const QString& data : impossibili) {
-            casella->setFocus();
-            casella->setText(data);
-            QTest::mouseClick(Riga(editore, 0), Qt::LeftButton);
-            ++iAttesi;
-            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-            QCOMPARE(ambiente.seam.Messaggi().constLast().sTesto, QStringLiteral("Data errata"));
-            QCOMPARE(ambiente.seam.Messaggi().constLast().sTitolo, QStringLiteral("Attenzione"));
-            QVERIFY2(casella->hasFocus(), qPrintable(data));
-        }
+        for (const QString& data : impossibili)
+            RifiutatoAllUscita(ambiente.seam, casella, data, Riga(editore, 0),
+                               QStringLiteral("Data errata"), iAttesi);
         // The limits of a date of the form: the year 100 and the year 9999.
-        for (const QString& data : {QStringLiteral("01/01/100"), QStringLiteral("31/12/9999")}) {
-            casella->setFocus();
-            casella->setText(data);
-            QTest::mouseClick(Riga(editore, 0), Qt::LeftButton);
-            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-            QVERIFY2(Riga(editore, 0)->hasFocus(), qPrintable(data));
-        }
+        for (const QString& data : {QStringLiteral("01/01/100"), QStringLiteral("31/12/9999")})
+            AccettatoAllUscita(ambiente.seam, casella, data, Riga(editore, 0), iAttesi);
     }
 
     // The check is made on leaving the box only: a date that is none reaches the save as Null.

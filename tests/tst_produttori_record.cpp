@@ -583,23 +583,12 @@ void TestProduttoriRecord::leDateDellaPersonaNonSiLascianoSeNonSonoDate() {
         QLineEdit* casella = Riga(&persona, n);
         for (const QString& errata :
              {QStringLiteral("31/02/1900"), QStringLiteral("1o/01/1900"), QStringLiteral("ieri")}) {
-            casella->setFocus();
-            casella->setText(errata);
-            QTest::mouseClick(Riga(&persona, 0), Qt::LeftButton);
-            ++iAttesi;
-            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-            QCOMPARE(ambiente.seam.Messaggi().constLast().sTesto, QStringLiteral("Data errata"));
-            QCOMPARE(ambiente.seam.Messaggi().constLast().sTitolo, QStringLiteral("Attenzione"));
-            QVERIFY2(casella->hasFocus(), qPrintable(errata));
+            RifiutatoAllUscita(ambiente.seam, casella, errata, Riga(&persona, 0),
+                               QStringLiteral("Data errata"), iAttesi);
             QVERIFY2(!Riga(&persona, 0)->hasFocus(), qPrintable(errata));
         }
-        for (const QString& giusta : {QStringLiteral("29/02/1904"), QString()}) {
-            casella->setFocus();
-            casella->setText(giusta);
-            QTest::mouseClick(Riga(&persona, 0), Qt::LeftButton);
-            QCOMPARE(ambiente.seam.Messaggi().size(), iAttesi);
-            QVERIFY2(Riga(&persona, 0)->hasFocus(), qPrintable(giusta));
-        }
+        for (const QString& giusta : {QStringLiteral("29/02/1904"), QString()})
+            AccettatoAllUscita(ambiente.seam, casella, giusta, Riga(&persona, 0), iAttesi);
     }
 }
 

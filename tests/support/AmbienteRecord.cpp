@@ -336,6 +336,27 @@ bool Attiva(QWidget& finestra) {
     return QTest::qWaitForWindowActive(&finestra);
 }
 
+void RifiutatoAllUscita(const PiattaformaScriptata& seam, QLineEdit* casella, const QString& sTesto,
+                        QLineEdit* altra, const QString& sMessaggio, int& iAttesi) {
+    casella->setFocus();
+    casella->setText(sTesto);
+    QTest::mouseClick(altra, Qt::LeftButton);
+    ++iAttesi;
+    QCOMPARE(seam.Messaggi().size(), iAttesi);
+    QCOMPARE(seam.Messaggi().constLast().sTesto, sMessaggio);
+    QCOMPARE(seam.Messaggi().constLast().sTitolo, QStringLiteral("Attenzione"));
+    QVERIFY2(casella->hasFocus(), qPrintable(sTesto));
+}
+
+void AccettatoAllUscita(const PiattaformaScriptata& seam, QLineEdit* casella, const QString& sTesto,
+                        QLineEdit* altra, int iAttesi) {
+    casella->setFocus();
+    casella->setText(sTesto);
+    QTest::mouseClick(altra, Qt::LeftButton);
+    QCOMPARE(seam.Messaggi().size(), iAttesi);
+    QVERIFY2(altra->hasFocus(), qPrintable(sTesto));
+}
+
 bool InModifica(HostEditore& ospite, long id) {
     if (!Attiva(ospite))
         return false;

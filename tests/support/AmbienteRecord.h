@@ -161,6 +161,14 @@ QStringList OrdineDelFuoco(const QWidget* primo, const QStringList& controlli);
 // of a box, as the line edit of an editable combo, belong to the box); empty at the end.
 QString DopoNelFuoco(const QWidget* editore, const QString& sNome);
 
+// A text typed in a box which is then left with a click on another box (altra): refused, one
+// box more is shown (iAttesi counts them) with that text, titled "Attenzione", and the focus
+// stays in the box; taken, no box more and the focus goes to the other box.
+void RifiutatoAllUscita(const PiattaformaScriptata& seam, QLineEdit* casella, const QString& sTesto,
+                        QLineEdit* altra, const QString& sMessaggio, int& iAttesi);
+void AccettatoAllUscita(const PiattaformaScriptata& seam, QLineEdit* casella, const QString& sTesto,
+                        QLineEdit* altra, int iAttesi);
+
 // The host made the active window, that element shown and put in edit with Modifica; false
 // when the host did not become the active window (nothing shown then).
 bool InModifica(HostEditore& ospite, long id);
