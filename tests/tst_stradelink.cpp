@@ -11,6 +11,7 @@
 #include "records/ucComplesso.h"
 #include "records/ucDatiInventariali.h"
 #include "records/ucInventario.h"
+#include "records/ucPergamena.h"
 #include "session/PrimoMDI.h"
 #include "session/Sessione.h"
 #include "store/Connessione.h"
@@ -27,6 +28,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -166,6 +168,10 @@ private Q_SLOTS:
     void unProduttoreLegatoAlComplessoCambiaLImmagineDelNodo();
     void unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnalitico_data() { AggiungiBackend(); }
     void unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnalitico();
+    void unaPergamenaLegataAUnComplessoEVistaDalComplesso_data() { AggiungiBackend(); }
+    void unaPergamenaLegataAUnComplessoEVistaDalComplesso();
+    void dallInventarioAnaliticoIlPrimoComplessoAccendeLaRadice_data() { AggiungiBackend(); }
+    void dallInventarioAnaliticoIlPrimoComplessoAccendeLaRadice();
 };
 
 void TestStradeLink::ilPrimoStrumentoDiRicercaDelComplessoAccendeIlNodoSenzaRicaricare() {
@@ -501,6 +507,112 @@ void TestStradeLink::unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnaliti
     QVERIFY(Acceso(complesso));
     QVERIFY(!editore->OkCancella);
     QVERIFY(!f.cmdCancella->isEnabled());
+}
+
+void TestStradeLink::unaPergamenaLegataAUnComplessoEVistaDalComplesso() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteStruttura a(backend);
+    ListeInventarioAnalitico(a);
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
+    const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
+    const long pergamena = a.Crea("05", QStringLiteral("Pergamena"), inventario);
+    a.cnn().Esegui(QStringLiteral("UPDATE Pergamene SET Segnatura = ? WHERE ID_Elemento = ?"),
+                   {QStringLiteral("Perg. 1"), L(pergamena)});
+    Sessione::lIdInventario = inventario;
+    {
+        frmStrutturaDI f;
+        f.Init(QStringLiteral("01"), QString());
+        ScegliNodo(f, pergamena);
+        ucPergamena* editore = f.fraPergamena;
+        QSignalSpy stato(editore, &EditoreRecord::EventoStato);
+        QAbstractButton* complessi = Pulsante(editore, "cmdMostraLinks");
+        QVERIFY(!Acceso(complessi));
+        Strada strada;
+        PerIlSelettore(
+            strada, QStringLiteral("frmMostraLinkInv"), QStringLiteral("frmNuovoComplesso"),
+            [&](SelettoreAlbero& s) {
+                strada.bSceltiBloccati =
+                    strada.bSceltiBloccati &&
+                    s.etichettaInMano->text() == QStringLiteral("Pergamena selezionata");
+                Spunta(s, fondo);
+            },
+            true);
+        complessi->click();
+        QVERIFY(strada.bSelettore);
+        QVERIFY(strada.bSceltiBloccati);
+        QCOMPARE(strada.chiaviDopo, QList<qint64>{fondo});
+        QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Links WHERE ID_Elemento = ? AND "
+                                         "ID_ElementoLink = ?"),
+                          {L(fondo), L(pergamena)})
+                     .toInt(),
+                 1);
+        QCOMPARE(Sessione::iEsitoLinkCD, 1);
+        QCOMPARE(stato.count(), 1);
+        QVERIFY(Acceso(complessi));
+        // The inventory's root keeps its image: the parchment's link is not the finding aid's.
+        QCOMPARE(Immagine(f, inventario), QStringLiteral("nolink"));
+    }
+
+    // From the complesso its parchments' viewer shows it, without Nuovo collegamento, and the
+    // complesso's node keeps its image when the link goes.
+    frmStrutturaCD g;
+    ScegliNodo(g, fondo);
+    QCOMPARE(Immagine(g, fondo), QStringLiteral("nolink"));
+    QList<qint64> chiavi;
+    bool bNuovoCol = true;
+    AlComparire(QStringLiteral("frmMostraLinkCD"), [&](QWidget* viewer) {
+        chiavi = Chiavi(Lista(viewer));
+        bNuovoCol = viewer->findChild<QPushButton*>(QStringLiteral("cmdNuovoCol")) != nullptr &&
+                    viewer->findChild<QPushButton*>(QStringLiteral("cmdNuovoCol"))->isVisible();
+        CancellaLaPrima(a.piattaforma, viewer);
+        static_cast<QDialog*>(viewer)->reject();
+    });
+    Pulsante(g.fraComplesso, "cmdLinkPerg")->click();
+    QCOMPARE(chiavi, QList<qint64>{pergamena});
+    QVERIFY(!bNuovoCol);
+    QCOMPARE(a.Righe("Links"), 0);
+    QCOMPARE(Immagine(g, fondo), QStringLiteral("nolink"));
+}
+
+void TestStradeLink::dallInventarioAnaliticoIlPrimoComplessoAccendeLaRadice() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteStruttura a(backend);
+    ListeInventarioAnalitico(a);
+    const long ist = a.Crea("01", QStringLiteral("Archivio"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
+    const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
+    const long unita = a.Crea("07", QStringLiteral("Busta"), inventario);
+    Sessione::lIdInventario = inventario;
+    frmStrutturaDI f;
+    f.Init(QStringLiteral("01"), QString());
+    ScegliNodo(f, unita);
+    ScegliNodo(f, inventario);
+    QCOMPARE(Immagine(f, inventario), QStringLiteral("nolink"));
+    QString sEtichetta;
+    Strada strada;
+    PerIlSelettore(
+        strada, QStringLiteral("frmMostraLinkInv"), QStringLiteral("frmNuovoComplesso"),
+        [&](SelettoreAlbero& s) {
+            sEtichetta = s.etichettaInMano->text();
+            Spunta(s, fondo);
+        },
+        true);
+    f.cmdMostraLinks->click();
+    QVERIFY(strada.bSelettore);
+    QVERIFY(strada.bSceltiBloccati);
+    QCOMPARE(sEtichetta, QStringLiteral("Inventario base selezionato"));
+    QCOMPARE(strada.chiaviDopo, QList<qint64>{fondo});
+    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Links WHERE ID_Elemento = ? AND "
+                                     "ID_ElementoLink = ?"),
+                      {L(fondo), L(inventario)})
+                 .toInt(),
+             1);
+    QCOMPARE(Sessione::iEsitoLinkCD, 1);
+    QCOMPARE(Immagine(f, inventario), QStringLiteral("silink"));
+    QCOMPARE(f.Modello().Id(f.tvwDB->currentIndex()), qint64(inventario));
 }
 
 QTEST_MAIN(TestStradeLink)
