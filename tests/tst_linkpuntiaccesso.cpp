@@ -139,7 +139,6 @@ struct Strada {
     QStringList voci;      // the dialog's list
     QStringList primaDopo; // the fresh viewer's list after the tie
     QString etichetta;     // the dialog's label of the object
-    bool bFromSigilli = false;
 };
 
 // From the viewer up: Nuovo collegamento; in the dialog the entry named is ticked and tied; in
@@ -153,9 +152,6 @@ void Percorri(const QString& sVisualizzatore, const QString& sDialogo, const QSt
             strada.bDialogo = true;
             strada.voci = Voci(*d);
             strada.etichetta = Etichetta(d, "Label1(0)");
-            if (auto* titolari = qobject_cast<frmLinkTitolari*>(d)) {
-                strada.bFromSigilli = titolari->bFromSigilli;
-            }
             AlComparire(sVisualizzatore, [=, &strada](QWidget* nuovo) {
                 QTreeWidget* lista = Lista(nuovo);
                 strada.primaDopo = Testi(lista);
@@ -222,6 +218,8 @@ private Q_SLOTS:
     void unaVoceLegataNelFrattempoNonSiRaddoppiaENonDaErrore();
     void nomiConApostrofiVirgoletteEAccentiSiMostranoESiLegano_data() { AggiungiBackend(); }
     void nomiConApostrofiVirgoletteEAccentiSiMostranoESiLegano();
+    void unaListaVuotaEUnNuovoTitolareAnnullatoNonScrivonoNulla_data() { AggiungiBackend(); }
+    void unaListaVuotaEUnNuovoTitolareAnnullatoNonScrivonoNulla();
     void chiudereIlDialogoAzzeraIlFlagDellaFinestra_data() { AggiungiBackend(); }
     void chiudereIlDialogoAzzeraIlFlagDellaFinestra();
 };
@@ -776,6 +774,32 @@ void TestLinkPuntiAccesso::nomiConApostrofiVirgoletteEAccentiSiMostranoESiLegano
                      {L(o.idSigillo), L(id)}),
              1);
     QCOMPARE(a.seam.Messaggi().size(), 0);
+}
+
+void TestLinkPuntiAccesso::unaListaVuotaEUnNuovoTitolareAnnullatoNonScrivonoNulla() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteLink a(backend);
+    const Oggetti o = NuoviOggetti(a);
+    Servi(o.idSigillo, 0);
+    auto d = Apri("frmLinkTitolari");
+    QCOMPARE(d->Modello(0).Righe(), 0);
+    QCOMPARE(d->Editore()->LeggiDenominazione(), QString());
+    QVERIFY(!d->cmdCollega->isEnabled());
+    QVERIFY(d->cmdNuovoSog->isEnabled());
+    d->cmdNuovoSog->click();
+    QCOMPARE(d->sStato, QStringLiteral("nuovo"));
+    QCOMPARE(d->sTipo, QStringLiteral("titolare"));
+    ScriviTesto(d->Editore(), 0, QStringLiteral("Comune di Lucca"));
+    d->cmdAnnulla->click();
+    QCOMPARE(d->sStato, QStringLiteral("mostra"));
+    QCOMPARE(d->Editore()->LeggiDenominazione(), QString());
+    QCOMPARE(d->Modello(0).Righe(), 0);
+    QVERIFY(d->cmdNuovoSog->isEnabled());
+    QVERIFY(!d->cmdConferma->isEnabled());
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM Titolari"), {}), 0);
+    d->cmdAnnullaCol->click();
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM SGTitolari"), {}), 0);
 }
 
 void TestLinkPuntiAccesso::chiudereIlDialogoAzzeraIlFlagDellaFinestra() {
