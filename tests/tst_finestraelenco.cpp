@@ -193,11 +193,7 @@ QStringList Testi(const FinestraElenco& f, int iPagina) {
 
 // The enabled state of "Nuovo Modifica Cancella Note" as 0/1.
 QString Comandi(const FinestraProva& f) {
-    QString s;
-    for (const QPushButton* p : {f.cmdNuovo, f.cmdModifica, f.cmdCancella, f.cmdNote}) {
-        s += p->isEnabled() ? u'1' : u'0';
-    }
-    return s;
+    return Accesi({f.cmdNuovo, f.cmdModifica, f.cmdCancella, f.cmdNote});
 }
 
 bool Chiaro(const QPushButton* p) {

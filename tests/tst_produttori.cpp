@@ -131,12 +131,7 @@ public:
 
 // The enabled state of "NuovoSog Modifica Cancella AltreDen MostraLinks" as 0/1.
 QString Comandi(const frmSoggetti& f) {
-    QString s;
-    for (const QPushButton* p :
-         {f.cmdNuovoSog, f.cmdModifica, f.cmdCancella, f.cmdAltreDen, f.cmdMostraLinks}) {
-        s += p->isEnabled() ? u'1' : u'0';
-    }
-    return s;
+    return Accesi({f.cmdNuovoSog, f.cmdModifica, f.cmdCancella, f.cmdAltreDen, f.cmdMostraLinks});
 }
 
 bool Chiaro(const QPushButton* p) {

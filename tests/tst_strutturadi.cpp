@@ -128,11 +128,7 @@ QString Albero(const ModelloAlbero& modello, const QModelIndex& nodo = QModelInd
 
 // The commands "NuovoDI Modifica Cancella MostraLinks" as 0/1.
 QString Comandi(const frmStrutturaDI& f) {
-    QString s;
-    for (const QPushButton* p : {f.cmdNuovoDI, f.cmdModifica, f.cmdCancella, f.cmdMostraLinks}) {
-        s += p->isEnabled() ? u'1' : u'0';
-    }
-    return s;
+    return Accesi({f.cmdNuovoDI, f.cmdModifica, f.cmdCancella, f.cmdMostraLinks});
 }
 
 // The editor shown in Frame1.

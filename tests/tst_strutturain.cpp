@@ -58,11 +58,7 @@ QList<const QPushButton*> Comandi7(const frmStrutturaIN& f) {
 // The enabled state of the seven commands, "NuovoIst NuovoInv Modifica Cancella AltreDen
 // MostraLinks InvAnalitico" as 0/1.
 QString Pulsanti7(const frmStrutturaIN& f) {
-    QString s;
-    for (const QPushButton* p : Comandi7(f)) {
-        s += p->isEnabled() ? u'1' : u'0';
-    }
-    return s;
+    return Accesi(Comandi7(f));
 }
 
 // The back colour of a command: "finestra" (the window's: the list has rows, the analytical

@@ -306,6 +306,13 @@ QPushButton* Pulsante(const QWidget* editore, const char* nome) {
     return editore->findChild<QPushButton*>(QLatin1String(nome));
 }
 
+QString Accesi(const QList<const QPushButton*>& pulsanti) {
+    QString s;
+    for (const QPushButton* p : pulsanti)
+        s += p->isEnabled() ? u'1' : u'0';
+    return s;
+}
+
 QStringList Voci(const QComboBox* cmb) {
     QStringList voci;
     for (int i = 0; i < cmb->count(); ++i)

@@ -11,6 +11,7 @@
 #include "HostEditore.h"
 #include "PiattaformaScriptata.h"
 
+#include <QList>
 #include <QPushButton>
 #include <QString>
 #include <QStringList>
@@ -144,6 +145,8 @@ void ScriviTesto(const QWidget* editore, int n, const QString& testo);
 QLabel* Etichetta(const QWidget* editore, int n);
 QComboBox* Combo(const QWidget* editore, const char* nome);
 QPushButton* Pulsante(const QWidget* editore, const char* nome);
+// The enabled state of the buttons, one 0/1 a button in their order.
+QString Accesi(const QList<const QPushButton*>& pulsanti);
 // The entries of a combo as "code=text".
 QStringList Voci(const QComboBox* cmb);
 // A combo of a control array, nome(i).
