@@ -12,6 +12,8 @@
 #include "records/ucDatiInventariali.h"
 #include "records/ucInventario.h"
 #include "records/ucPergamena.h"
+#include "records/ucSigillo.h"
+#include "session/Dialoghi.h"
 #include "session/PrimoMDI.h"
 #include "session/Sessione.h"
 #include "store/Connessione.h"
@@ -34,6 +36,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTimer>
 #include <QTreeView>
 #include <QTreeWidget>
 #include <QtTest>
@@ -142,6 +145,32 @@ qint64 Soggetto(const AmbienteStruttura& a, const QString& nome, const char* tip
                              {nome, QLatin1String(tipo)});
 }
 
+// What a viewer hands the dialog it goes on to: a stand-in in the dialog's place keeps its
+// arguments and closes; the fresh viewer that follows is closed. apri opens the viewer.
+QVariantMap ArgomentiDelProseguire(const QString& sViewer, const QString& sDialogo,
+                                   const std::function<void()>& apri) {
+    QVariantMap ricevuti;
+    bool bAperto = false;
+    Dialoghi::Registra(sDialogo, [&](QWidget* genitore, const Dialoghi::Argomenti& argomenti) {
+        bAperto = true;
+        ricevuti = argomenti;
+        auto* sostituto = new QDialog(genitore);
+        QTimer::singleShot(0, sostituto, &QDialog::reject);
+        return sostituto;
+    });
+    AlComparire(sViewer, [&](QWidget* viewer) {
+        Bottone(viewer, "cmdNuovoCol")->click();
+        AlComparire(sViewer, [](QWidget* nuovo) { static_cast<QDialog*>(nuovo)->reject(); });
+    });
+    apri();
+    Dialoghi::Rimuovi(sDialogo);
+    RegistraFinestreProgramma();
+    if (!bAperto) {
+        ricevuti.insert(QStringLiteral("nessun dialogo"), true);
+    }
+    return ricevuti;
+}
+
 } // namespace
 
 class TestStradeLink : public QObject {
@@ -172,6 +201,8 @@ private Q_SLOTS:
     void unaPergamenaLegataAUnComplessoEVistaDalComplesso();
     void dallInventarioAnaliticoIlPrimoComplessoAccendeLaRadice_data() { AggiungiBackend(); }
     void dallInventarioAnaliticoIlPrimoComplessoAccendeLaRadice();
+    void ogniVisualizzatorePassaAlSuoDialogoIlBloccoDeiNomiScelti_data() { AggiungiBackend(); }
+    void ogniVisualizzatorePassaAlSuoDialogoIlBloccoDeiNomiScelti();
 };
 
 void TestStradeLink::ilPrimoStrumentoDiRicercaDelComplessoAccendeIlNodoSenzaRicaricare() {
@@ -613,6 +644,60 @@ void TestStradeLink::dallInventarioAnaliticoIlPrimoComplessoAccendeLaRadice() {
     QCOMPARE(Sessione::iEsitoLinkCD, 1);
     QCOMPARE(Immagine(f, inventario), QStringLiteral("silink"));
     QCOMPARE(f.Modello().Id(f.tvwDB->currentIndex()), qint64(inventario));
+}
+
+void TestStradeLink::ogniVisualizzatorePassaAlSuoDialogoIlBloccoDeiNomiScelti() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteLink a(backend);
+    const long istituto = a.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"), istituto);
+    const long inventario = a.Crea("03", QStringLiteral("Inventario"), istituto);
+    const long pergamena = a.Crea("05", QStringLiteral("P1"), inventario);
+    const long sigillo = a.Crea("06", QStringLiteral("Sigillo"), inventario);
+    const auto apri = [](const char* sNome) {
+        return [sNome] {
+            Dialoghi::Apri(QLatin1String(sNome), nullptr);
+        };
+    };
+    const auto bloccato = [](const QVariantMap& argomenti, const char* sBlocco) {
+        return argomenti.value(QLatin1String(sBlocco)).toBool();
+    };
+
+    Sessione::lIdComplesso = fondo;
+    Sessione::sTipoLink = QStringLiteral("0");
+    QVERIFY(bloccato(ArgomentiDelProseguire(QStringLiteral("frmMostraLinkCS"),
+                                            QStringLiteral("frmNuovoSoggetto"),
+                                            apri("frmMostraLinkCS")),
+                     "bLockSelSogg"));
+    QVERIFY(bloccato(ArgomentiDelProseguire(QStringLiteral("frmMostraLinkCD"),
+                                            QStringLiteral("frmNuovoInventario"),
+                                            apri("frmMostraLinkCD")),
+                     "bLockInvSet"));
+    Sessione::lIdInventario = pergamena;
+    Sessione::iChiamanteInv = 2;
+    QVERIFY(bloccato(ArgomentiDelProseguire(QStringLiteral("frmMostraLinkInv"),
+                                            QStringLiteral("frmNuovoComplesso"),
+                                            apri("frmMostraLinkInv")),
+                     "bLockSelCompl"));
+    Sessione::lIdElementoLink = a.Dettaglio("Pergamene", "ID_Pergamena", pergamena);
+    Sessione::iChiamanteToponimi = 1;
+    QVERIFY(bloccato(ArgomentiDelProseguire(QStringLiteral("frmMostraLinkAnt"),
+                                            QStringLiteral("frmLinkAntroponimi"),
+                                            apri("frmMostraLinkAnt")),
+                     "bLockSelAntr"));
+    QVERIFY(bloccato(ArgomentiDelProseguire(QStringLiteral("frmMostraLinkTopo"),
+                                            QStringLiteral("frmLinkToponimi"),
+                                            apri("frmMostraLinkTopo")),
+                     "bLockSelTopon"));
+
+    // From the seal's record the holders' dialog is told where it was reached from.
+    EditorePronto<ucSigillo> editore(sigillo);
+    const QVariantMap titolari = ArgomentiDelProseguire(
+        QStringLiteral("frmMostraLinkTitolari"), QStringLiteral("frmLinkTitolari"),
+        [&] { Pulsante(&editore, "cmdMostraTitolari")->click(); });
+    QVERIFY(bloccato(titolari, "bLockSelTitol"));
+    QVERIFY(bloccato(titolari, "bFromSigilli"));
 }
 
 QTEST_MAIN(TestStradeLink)

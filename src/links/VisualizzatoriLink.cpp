@@ -241,6 +241,7 @@ DescrizioneLink MostraLinkCD(const QVariantMap& argomenti) {
     d.piEsito = &Sessione::iEsitoLinkInv;
     if (!bPergamene) {
         d.sProsegui = QStringLiteral("frmNuovoInventario");
+        d.argomentiProsegui = {{QStringLiteral("bLockInvSet"), true}};
     }
     return d;
 }
@@ -272,6 +273,7 @@ DescrizioneLink MostraLinkAnt() {
                                                 {QStringLiteral("ID_PGAntroponimo")}, {Id(lId)});
     };
     d.sProsegui = QStringLiteral("frmLinkAntroponimi");
+    d.argomentiProsegui = {{QStringLiteral("bLockSelAntr"), true}};
     d.puoProseguire = [](const VisualizzatoreLink&) {
         Sessione::iChiamanteAntroponimi = 1;
         return true;
@@ -306,6 +308,7 @@ DescrizioneLink MostraLinkDIAnt() {
                                                 {QStringLiteral("ID_DIAntroponimo")}, {Id(lId)});
     };
     d.sProsegui = QStringLiteral("frmLinkAntroponimi");
+    d.argomentiProsegui = {{QStringLiteral("bLockSelAntr"), true}};
     d.puoProseguire = [](const VisualizzatoreLink&) {
         Sessione::iChiamanteAntroponimi = 2;
         return true;
@@ -340,10 +343,11 @@ DescrizioneLink MostraLinkTopo() {
                                                 {Id(lId), Id(lIdElemento)});
     };
     d.sProsegui = QStringLiteral("frmLinkToponimi");
+    d.argomentiProsegui = {{QStringLiteral("bLockSelTopon"), true}};
     return d;
 }
 
-DescrizioneLink MostraLinkTitolari() {
+DescrizioneLink MostraLinkTitolari(const QVariantMap& argomenti) {
     const qint64 lIdSigillo = Sessione::lIdElementoLink;
     DescrizioneLink d;
     d.sNome = QStringLiteral("frmMostraLinkTitolari");
@@ -368,6 +372,10 @@ DescrizioneLink MostraLinkTitolari() {
                                                 {QStringLiteral("ID_SGTitolare")}, {Id(lId)});
     };
     d.sProsegui = QStringLiteral("frmLinkTitolari");
+    // Reached from the seal, the holders' dialog is told so, and hands it back unchanged.
+    d.argomentiProsegui = {
+        {QStringLiteral("bLockSelTitol"), true},
+        {QStringLiteral("bFromSigilli"), argomenti.value(QStringLiteral("bFromSigilli")).toBool()}};
     d.sFileRuoli = QStringLiteral("RuoloTitolareSG.txt");
     d.sTabellaRuolo = QStringLiteral("SGTitolari");
     d.sChiaveRuolo = QStringLiteral("ID_SGTitolare");
@@ -557,6 +565,7 @@ DescrizioneLink MostraLinkInv() {
     }
     d.piEsito = &Sessione::iEsitoLinkCD;
     d.sProsegui = QStringLiteral("frmNuovoComplesso");
+    d.argomentiProsegui = {{QStringLiteral("bLockSelCompl"), true}};
     d.puoProseguire = [](const VisualizzatoreLink& visualizzatore) {
         if (visualizzatore.property("bInventarioBase").toBool() && visualizzatore.Conteggio() > 0) {
             MsgBox(QStringLiteral("ATTENZIONE: il presente modulo è già legato ad un Complesso "
@@ -615,10 +624,7 @@ const QList<QPair<QString, Descrittore>>& Descrittori() {
          [](const QVariantMap&) {
              return MostraLinkTopo();
          }},
-        {QStringLiteral("frmMostraLinkTitolari"),
-         [](const QVariantMap&) {
-             return MostraLinkTitolari();
-         }},
+        {QStringLiteral("frmMostraLinkTitolari"), MostraLinkTitolari},
         {QStringLiteral("frmMostraLinkTitSG"),
          [](const QVariantMap&) {
              return MostraLinkTitSG();

@@ -22,13 +22,17 @@
 //   frmMostraLinkTopo     places of the parchment or, with iChiamanteToponimi 2, of the unit
 //                         lIdElementoLink; on to frmLinkToponimi
 //   frmMostraLinkTitolari holders of the seal lIdElementoLink (its key in Sigilli), with their
-//                         role; on to frmLinkTitolari
+//                         role; on to frmLinkTitolari, handed the argument "bFromSigilli"
 //   frmMostraLinkTitSG    seals of the holder lIdSoggetto (sDenomSoggetto); iEsitoLinkInv
 //   frmMostraLinkTopALL   units (sTipoLink "1") or parchments of the place lIdSoggetto
 //   frmMostraLinkAntALL   units (sTipoLink "1") or parchments of the person lIdSoggetto
 //   frmMostraLinkPGS      seals of a parchment (argument "lIdPergamena", its element) or the
 //                         parchment of a seal ("lIdSigillo", its element), "sDenominazione";
 //                         frmSelInv opens over it
+//
+// Going on, a viewer hands its dialog the lock of the box of the names chosen, so that they
+// change only through the ticks ("bLockSelSogg", "bLockSelCompl", "bLockInvSet", "bLockSelAntr",
+// "bLockSelTopon", "bLockSelTitol" true).
 
 #include "VisualizzatoreLink.h"
 
