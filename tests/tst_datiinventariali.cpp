@@ -1207,8 +1207,7 @@ void TestDatiInventariali::annullaUnaModificaRiportaIValoriSalvati() {
     Ambiente ambiente(backend);
     const Ambiente::Albero albero = ambiente.CreaUnita();
     auto [editore, ospite] = OspiteUnita(albero.inventario);
-    ospite.MostraElemento(albero.unita);
-    ospite.cmdModifica->click();
+    MostraInModifica(ospite, albero.unita);
     QVERIFY(Riga(editore, 14)->isEnabled());
     QVERIFY(!Pulsante(editore, "cmdMostraSoggetti")->isEnabled());
     Riga(editore, 14)->setText(QStringLiteral("Altro titolo"));

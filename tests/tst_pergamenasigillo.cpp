@@ -820,8 +820,7 @@ void TestPergamenaSigillo::unSalvataggioRifiutatoDalDatabaseLasciaLeSeiTabelleCo
     Ambiente ambiente(backend);
     const Ambiente::Albero albero = ambiente.CreaPergamena();
     auto [editore, ospite] = OspitePergamena(albero.inventario);
-    ospite.MostraElemento(albero.pergamena);
-    ospite.cmdModifica->click();
+    MostraInModifica(ospite, albero.pergamena);
     DescriviPergamena(*editore, 1, Duecento);
     ospite.cmdConferma->click();
     QVERIFY(ambiente.seam.Messaggi().isEmpty());
@@ -883,8 +882,7 @@ void TestPergamenaSigillo::unaRigaCancellataDaUnAltraPostazioneFermaIlSalvaConUn
     const Ambiente::Albero albero = ambiente.CreaPergamena();
     const long idPG = ambiente.IdPergamena(albero.pergamena);
     auto [editore, ospite] = OspitePergamena(albero.inventario);
-    ospite.MostraElemento(albero.pergamena);
-    ospite.cmdModifica->click();
+    MostraInModifica(ospite, albero.pergamena);
     DescriviPergamena(*editore, 1, Duecento);
     const QList<QVariantMap> prima = SeiTabelle(ambiente, albero.pergamena);
     // Another workstation deletes the row of the graphic signs while the record is edited.
@@ -1015,8 +1013,7 @@ void TestPergamenaSigillo::unSigilloStaccatoPoiAttaccatoConEPoiSenzaVersoFaIlGir
 
     // Not attached to a unit: the relation is not offered, the document is referred to in free
     // text; a natura with a verso.
-    ospite.MostraElemento(id);
-    ospite.cmdModifica->click();
+    MostraInModifica(ospite, id);
     QVERIFY(rapporto->isHidden());
     QVERIFY(!Blocco(editore, 42)->isHidden());
     Compila(*editore);

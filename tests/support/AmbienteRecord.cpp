@@ -364,11 +364,15 @@ void AccettatoAllUscita(const PiattaformaScriptata& seam, QLineEdit* casella, co
     QVERIFY2(altra->hasFocus(), qPrintable(sTesto));
 }
 
+void MostraInModifica(HostEditore& ospite, long id) {
+    ospite.MostraElemento(id);
+    ospite.cmdModifica->click();
+}
+
 bool InModifica(HostEditore& ospite, long id) {
     if (!Attiva(ospite))
         return false;
-    ospite.MostraElemento(id);
-    ospite.cmdModifica->click();
+    MostraInModifica(ospite, id);
     return true;
 }
 

@@ -172,6 +172,8 @@ void RifiutatoAllUscita(const PiattaformaScriptata& seam, QLineEdit* casella, co
 void AccettatoAllUscita(const PiattaformaScriptata& seam, QLineEdit* casella, const QString& sTesto,
                         QLineEdit* altra, int iAttesi);
 
+// That element shown in the host and put in edit with Modifica.
+void MostraInModifica(HostEditore& ospite, long id);
 // The host made the active window, that element shown and put in edit with Modifica; false
 // when the host did not become the active window (nothing shown then).
 bool InModifica(HostEditore& ospite, long id);
