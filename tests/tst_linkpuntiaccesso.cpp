@@ -136,9 +136,11 @@ qlonglong L(qint64 v) {
 // What one road through viewer, dialog and fresh viewer saw.
 struct Strada {
     bool bDialogo = false;
-    QStringList voci;      // the dialog's list
-    QStringList primaDopo; // the fresh viewer's list after the tie
-    QString etichetta;     // the dialog's label of the object
+    QStringList voci;          // the dialog's list
+    QStringList primaDopo;     // the fresh viewer's list after the tie
+    QString etichetta;         // the dialog's label of the object
+    bool bFromSigilli = false; // the holders' dialog reached from the seal
+    bool bBloccati = false;    // the names chosen change only through the ticks
 };
 
 // From the viewer up: Nuovo collegamento; in the dialog the entry named is ticked and tied; in
@@ -152,6 +154,10 @@ void Percorri(const QString& sVisualizzatore, const QString& sDialogo, const QSt
             strada.bDialogo = true;
             strada.voci = Voci(*d);
             strada.etichetta = Etichetta(d, "Label1(0)");
+            strada.bBloccati = Controllo<QLineEdit>(d, QStringLiteral("Text1(1)"))->isReadOnly();
+            if (auto* titolari = qobject_cast<frmLinkTitolari*>(d)) {
+                strada.bFromSigilli = titolari->bFromSigilli;
+            }
             AlComparire(sVisualizzatore, [=, &strada](QWidget* nuovo) {
                 QTreeWidget* lista = Lista(nuovo);
                 strada.primaDopo = Testi(lista);
@@ -480,6 +486,7 @@ void TestLinkPuntiAccesso::unaPersonaSiLegaDallaPergamenaPrendeIlRuoloESiSciogli
     pulsante->click();
     QVERIFY(strada.bDialogo);
     QCOMPARE(strada.etichetta, QStringLiteral("Pergamena selezionata"));
+    QVERIFY(strada.bBloccati);
     QCOMPARE(strada.voci, (QStringList{QStringLiteral("Rolando"), QStringLiteral("Ubaldo")}));
     QCOMPARE(strada.primaDopo, QStringList{QStringLiteral("Rolando")});
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi WHERE ID_Pergamena = ? "
@@ -603,6 +610,9 @@ void TestLinkPuntiAccesso::unTitolareSiLegaDalSigilloPrendeIlRuoloESiScioglie() 
     pulsante->click();
     QVERIFY(strada.bDialogo);
     QCOMPARE(strada.etichetta, QStringLiteral("Sigillo selezionato"));
+    // The seal's flag passes through the viewer to the dialog.
+    QVERIFY(strada.bFromSigilli);
+    QVERIFY(strada.bBloccati);
     QCOMPARE(strada.primaDopo, QStringList{QStringLiteral("Capitolo")});
     // The tie was there with its role before the viewer undid it.
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM SGTitolari WHERE ID_Titolare = ?"),
