@@ -448,6 +448,39 @@ void TestStradeLink::unProduttoreLegatoAlComplessoCambiaLImmagineDelNodo() {
     QCOMPARE(Sessione::iEsitoLinkSogg, 1);
     QCOMPARE(Immagine(*f, fondo), QStringLiteral("islink"));
 
+    // The dialog given up halfway, a tick given: nothing written, a fresh viewer, the image kept.
+    const qint64 persona = Soggetto(a, QStringLiteral("Ubaldo"), "P");
+    bool bAbbandonato = false;
+    QList<qint64> chiaviNuove;
+    AlComparire(QStringLiteral("frmMostraLinkCS"), [&](QWidget* viewer) {
+        AlComparire(QStringLiteral("frmNuovoSoggetto"), [&](QWidget* finestra) {
+            auto* d = static_cast<frmNuovoSoggetto*>(finestra);
+            bAbbandonato = true;
+            AlComparire(QStringLiteral("frmMostraLinkCS"), [&](QWidget* nuovo) {
+                for (const QTreeWidget* lista : nuovo->findChildren<QTreeWidget*>()) {
+                    chiaviNuove << Chiavi(lista);
+                }
+                static_cast<QDialog*>(nuovo)->reject();
+            });
+            QTreeView* lista = d->Lista(0);
+            lista->setCurrentIndex(d->Modello(0).index(0));
+            QTest::keyClick(lista, Qt::Key_Space);
+            d->cmdAnnullaCol->click();
+        });
+        Bottone(viewer, "cmdNuovoCol")->click();
+    });
+    Pulsante(f->fraComplesso, "cmdLinkSog")->click();
+    QVERIFY(bAbbandonato);
+    QCOMPARE(chiaviNuove, QList<qint64>{famiglia});
+    QCOMPARE(a.Righe("ComplessiDocSoggetti"), 1);
+    QCOMPARE(Sessione::iEsitoLinkSogg, 0);
+    QCOMPARE(Immagine(*f, fondo), QStringLiteral("islink"));
+    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM ComplessiDocSoggetti WHERE "
+                                     "ID_Soggetto = ?"),
+                      {L(persona)})
+                 .toInt(),
+             0);
+
     // Its last producer removed: the finding aid's image alone.
     AlComparire(QStringLiteral("frmMostraLinkCS"), [&](QWidget* viewer) {
         Controllo<QTabWidget>(viewer, QStringLiteral("SSTab1"))->setCurrentIndex(1);
