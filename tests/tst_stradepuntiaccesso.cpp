@@ -1,0 +1,550 @@
+// The whole road of the three access points, through the real windows and dialogs: an entry
+// made in its window opened from the main menu ("Persone", "Toponimi", "Titolari"), tied from a
+// parchment, a unit or a seal through the record's button, its viewer, Nuovo collegamento and
+// the dialog, back to a fresh viewer where the role is given; then seen from the entry's own
+// window (its link button lit, the viewer of its links showing the tie, the delete button off),
+// untied, and deleted once the window is opened again. A person made on the spot inside the
+// dialog is seen afterwards in "Persone". What each road wrote is checked with queries of the
+// test's own, on SQLite and on PostgreSQL.
+
+#include "authorities/EditoreAccesso.h"
+#include "authorities/FinestraPuntoAccesso.h"
+#include "links/ModelloSpunte.h"
+#include "links/frmLinkPuntiAccesso.h"
+#include "programma/Registro.h"
+#include "records/ucDatiInventariali.h"
+#include "records/ucPergamena.h"
+#include "records/ucSigillo.h"
+#include "session/PrimoMDI.h"
+#include "session/Sessione.h"
+#include "store/Connessione.h"
+
+#include "AmbienteLink.h"
+#include "Modali.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QSqlQuery>
+#include <QTreeView>
+#include <QTreeWidget>
+#include <QtTest>
+#include <functional>
+#include <memory>
+
+namespace {
+
+qlonglong L(qint64 valore) {
+    return static_cast<qlonglong>(valore);
+}
+
+bool Acceso(const QAbstractButton* pulsante) {
+    return pulsante->palette().color(QPalette::Button) ==
+           QApplication::palette().color(QPalette::Base);
+}
+
+// The objects served, under one finding aid, by their elements and their keys in their tables.
+struct Oggetti {
+    long pergamena = 0, idPergamena = 0;
+    long unita = 0, idUnita = 0;
+    long sigillo = 0, idSigillo = 0;
+};
+
+// The environment of the records with the main form open after a login on its database.
+struct Ambiente : AmbienteLink {
+    explicit Ambiente(TipoBackend tipo)
+        : AmbienteLink(tipo) {
+        cartella.ScriviSito(banca.Testa(), banca.Server(), banca.Database(), QStringLiteral("I"));
+        Sessione::cnn.reset();
+        principale = std::make_unique<PrimoMDI>();
+        bAperta = AvviaSessione(*principale, banca);
+        seam.Svuota();
+    }
+    ~Ambiente() { principale.reset(); }
+    Ambiente(const Ambiente&) = delete;
+    Ambiente& operator=(const Ambiente&) = delete;
+
+    Oggetti NuoviOggetti() const {
+        Oggetti o;
+        const long istituto = CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+        const long inventario = Crea("03", QStringLiteral("Inventario"), istituto);
+        o.pergamena = Crea("05", QStringLiteral("P1"), inventario);
+        o.idPergamena = Dettaglio("Pergamene", "ID_Pergamena", o.pergamena);
+        o.unita = Crea("07", QStringLiteral("Busta 1"), inventario);
+        o.idUnita = Dettaglio("DatiInventariali", "ID_DatoInventariale", o.unita);
+        o.sigillo = Crea("06", QStringLiteral("Sigillo"), o.pergamena);
+        o.idSigillo = Dettaglio("Sigilli", "ID_Sigillo", o.sigillo);
+        return o;
+    }
+
+    // The window of the menu entry, opened from the main form.
+    QPointer<FinestraPuntoAccesso> Finestra(const char* sVoce, const char* sNome) const {
+        principale->findChild<QAction*>(QLatin1String(sVoce))->trigger();
+        for (auto* f : principale->findChildren<FinestraPuntoAccesso*>()) {
+            if (f->objectName() == QLatin1String(sNome)) {
+                return f;
+            }
+        }
+        return nullptr;
+    }
+
+    // The texts the test expects in a viewer of the entry's ties: the finding aid, " > ", and
+    // the rest, read with a query of the test's own, with the keys of the items.
+    QStringList Attesi(const QString& sql, qint64 lId, QList<qint64>& chiavi) const {
+        QStringList testi;
+        QSqlQuery query = Cnn().Esegui(sql, {L(lId)});
+        while (query.next()) {
+            chiavi << query.value(0).toLongLong();
+            testi << query.value(1).toString().trimmed() + QStringLiteral(" > ") +
+                         query.value(2).toString().trimmed();
+        }
+        return testi;
+    }
+
+    std::unique_ptr<PrimoMDI> principale;
+    bool bAperta = false;
+};
+
+// An entry made in its window: Nuovo, the name, Conferma; its key.
+qint64 NuovaVoce(FinestraPuntoAccesso& f, const QString& sNome) {
+    f.cmdNuovoSog->click();
+    ScriviTesto(f.findChild<EditoreAccesso*>(), 0, sNome);
+    f.cmdConferma->click();
+    return f.sStato == QStringLiteral("mostra") ? f.aId.value(0) : 0;
+}
+
+int Riga(const FinestraPuntoAccesso& f, const QString& sNome) {
+    for (int i = 0; i < f.Modello(0).Righe(); ++i) {
+        if (f.Modello(0).Testo(i) == sNome) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+// The window closed and opened again from the menu.
+QPointer<FinestraPuntoAccesso> Riapri(const Ambiente& a, QPointer<FinestraPuntoAccesso> f,
+                                      const char* sVoce, const char* sNome) {
+    f->close();
+    if (!QTest::qWaitFor([&] { return f.isNull(); })) {
+        return nullptr;
+    }
+    return a.Finestra(sVoce, sNome);
+}
+
+int RigaDelDialogo(const DialogoPuntoAccesso& d, const QString& sVoce) {
+    for (int i = 0; i < d.Modello(0).Righe(); ++i) {
+        if (d.Modello(0).Testo(i) == sVoce) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+// The user's tick on the dialog's row of that name: the row made current, then the space key.
+void SpuntaNelDialogo(DialogoPuntoAccesso& d, const QString& sVoce) {
+    auto* lista = Controllo<QTreeView>(&d, QStringLiteral("lvwDB"));
+    lista->setCurrentIndex(d.Modello(0).index(RigaDelDialogo(d, sVoce)));
+    QTest::keyClick(lista, Qt::Key_Space);
+}
+
+// What a road from a record saw: the dialog, and the fresh viewer's list after the tie.
+struct Strada {
+    bool bDialogo = false;
+    QStringList dopo;
+};
+
+// From the record's viewer: Nuovo collegamento; in the dialog, prima (when given) and the tick
+// on the entry, then Collega; in the fresh viewer the role, when given, typed and confirmed on
+// the entry's item, and the viewer closed.
+void Lega(const QString& sViewer, const QString& sDialogo, const QString& sVoce,
+          const QString& sRuolo, Strada& strada,
+          std::function<void(DialogoPuntoAccesso&)> prima = {}) {
+    AlComparire(sViewer, [=, &strada](QWidget* viewer) {
+        AlComparire(sDialogo, [=, &strada](QWidget* finestra) {
+            auto* d = static_cast<DialogoPuntoAccesso*>(finestra);
+            strada.bDialogo = true;
+            AlComparire(sViewer, [=, &strada](QWidget* nuovo) {
+                QTreeWidget* lista = Lista(nuovo);
+                strada.dopo = Testi(lista);
+                const int iRiga = static_cast<int>(strada.dopo.indexOf(sVoce));
+                if (!sRuolo.isNull() && iRiga >= 0) {
+                    lista->setCurrentItem(lista->topLevelItem(iRiga));
+                    Bottone(nuovo, "cmdModificaRuolo")->click();
+                    QLineEdit* ruolo =
+                        Controllo<QComboBox>(nuovo, QStringLiteral("cmbRuolo"))->lineEdit();
+                    ruolo->clear();
+                    QTest::keyClicks(ruolo, sRuolo);
+                    Bottone(nuovo, "cmdConferma")->click();
+                }
+                static_cast<QDialog*>(nuovo)->reject();
+            });
+            if (prima) {
+                prima(*d);
+            }
+            SpuntaNelDialogo(*d, sVoce);
+            d->cmdCollega->click();
+        });
+        Bottone(viewer, "cmdNuovoCol")->click();
+    });
+}
+
+// What the entry's viewer showed: its title, texts and keys; when bScioglie, the item at that
+// text is deleted after the question before the viewer closes.
+struct Vista {
+    bool bAperto = false;
+    QString sTitolo;
+    QStringList testi;
+    QList<qint64> chiavi;
+};
+
+void Guarda(Ambiente& a, const QString& sViewer, QAbstractButton* pulsante, Vista& vista,
+            const QString& sScioglie = QString()) {
+    AlComparire(sViewer, [&a, &vista, sScioglie](QWidget* viewer) {
+        vista.bAperto = true;
+        vista.sTitolo = viewer->windowTitle();
+        QTreeWidget* lista = Lista(viewer);
+        vista.testi = Testi(lista);
+        vista.chiavi = Chiavi(lista);
+        const int iRiga = static_cast<int>(vista.testi.indexOf(sScioglie));
+        if (!sScioglie.isNull() && iRiga >= 0) {
+            lista->setCurrentItem(lista->topLevelItem(iRiga));
+            a.seam.risposte = {Risposta::Si};
+            Bottone(viewer, "cmdCancella")->click();
+        }
+        static_cast<QDialog*>(viewer)->reject();
+    });
+    pulsante->click();
+}
+
+// The entry deleted from its window after the question.
+void Cancella(Ambiente& a, FinestraPuntoAccesso& f, const QString& sNome) {
+    f.SelezionaRiga(Riga(f, sNome));
+    QVERIFY(f.cmdCancella->isEnabled());
+    a.seam.risposte = {Risposta::Si};
+    f.cmdCancella->click();
+    QCOMPARE(Riga(f, sNome), -1);
+}
+
+const char* const PGAntALL =
+    "SELECT PGANT.ID_PGAntroponimo, INV.DenomCompleta, PG.Segnatura FROM PGAntroponimi PGANT "
+    "JOIN Pergamene PG ON PGANT.ID_Pergamena = PG.ID_Pergamena JOIN Inventari INV ON "
+    "INV.ID_Inventario = PG.ID_Inventario WHERE PGANT.ID_Antroponimo = ?";
+const char* const PGTopALL =
+    "SELECT PGTOP.ID_Pergamena, INV.DenomCompleta, PG.Segnatura FROM PGToponimi PGTOP "
+    "JOIN Pergamene PG ON PGTOP.ID_Pergamena = PG.ID_Pergamena JOIN Inventari INV ON "
+    "INV.ID_Inventario = PG.ID_Inventario WHERE PGTOP.ID_Toponimo = ?";
+const char* const TitSG =
+    "SELECT SGTIT.ID_SGTitolare, INV.DenomCompleta, SG.Identificativo FROM SGTitolari SGTIT "
+    "JOIN Sigilli SG ON SGTIT.ID_Sigillo = SG.ID_Sigillo JOIN Inventari INV ON "
+    "INV.ID_Inventario = SG.ID_Inventario WHERE SGTIT.ID_Titolare = ?";
+
+} // namespace
+
+class TestStradePuntiAccesso : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() { RegistraFinestreProgramma(); }
+    void init() { Sessione::Azzera(); }
+    void cleanup() { Sessione::Azzera(); }
+
+    void unaPersonaFattaInPersoneSiLegaDallaPergamenaSiVedeSiSciogliESiCancella_data() {
+        AggiungiBackend();
+    }
+    void unaPersonaFattaInPersoneSiLegaDallaPergamenaSiVedeSiSciogliESiCancella();
+    void unLuogoLegatoAPergamenaEUnitaSiVedeNeiDueElenchiSiSciogliESiCancella_data() {
+        AggiungiBackend();
+    }
+    void unLuogoLegatoAPergamenaEUnitaSiVedeNeiDueElenchiSiSciogliESiCancella();
+    void unTitolareLegatoAlSigilloConRuoloSiVedeSiSciogliESiCancella_data() { AggiungiBackend(); }
+    void unTitolareLegatoAlSigilloConRuoloSiVedeSiSciogliESiCancella();
+    void unaPersonaFattaNelDialogoSiVedePoiInPersoneLegata_data() { AggiungiBackend(); }
+    void unaPersonaFattaNelDialogoSiVedePoiInPersoneLegata();
+};
+
+void TestStradePuntiAccesso::
+    unaPersonaFattaInPersoneSiLegaDallaPergamenaSiVedeSiSciogliESiCancella() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    QVERIFY(a.bAperta);
+    const Oggetti o = a.NuoviOggetti();
+    const QString sNome = QStringLiteral("Gherardo \"il Vècchio\" d'Àngelo");
+
+    // 1. Made in "Persone".
+    QPointer<FinestraPuntoAccesso> f = a.Finestra("mnuAntroponimi", "frmAntroponimi");
+    QVERIFY(f);
+    const qint64 lId = NuovaVoce(*f, sNome);
+    QVERIFY(lId > 0);
+    QCOMPARE(
+        a.Valore(QStringLiteral("SELECT Nome FROM Antroponimi WHERE ID_Antroponimo = ?"), {L(lId)})
+            .toString(),
+        sNome);
+    QVERIFY(!f->cmdMostraLinks[0]->isEnabled());
+    QVERIFY(f->cmdCancella->isEnabled());
+
+    // 2. Tied from the parchment, with a role.
+    EditorePronto<ucPergamena> pergamena(o.pergamena);
+    Strada strada;
+    Lega(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("frmLinkAntroponimi"), sNome,
+         QStringLiteral("Testimone"), strada);
+    Pulsante(&pergamena, "cmdMostraAntroponimi")->click();
+    QVERIFY(strada.bDialogo);
+    QCOMPARE(strada.dopo, QStringList{sNome});
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi WHERE ID_Pergamena = ? "
+                                    "AND ID_Antroponimo = ? AND Ruolo = ?"),
+                     {L(o.idPergamena), L(lId), QStringLiteral("Testimone")}),
+             1);
+    QVERIFY(Acceso(Pulsante(&pergamena, "cmdMostraAntroponimi")));
+
+    // 3. Seen from its window: the parchments' button lit, the units' off, no delete.
+    f->SelezionaRiga(Riga(*f, sNome));
+    QVERIFY(f->cmdMostraLinks[0]->isEnabled());
+    QVERIFY(Acceso(f->cmdMostraLinks[0]));
+    QVERIFY(!f->cmdMostraLinks[1]->isEnabled());
+    QVERIFY(!Acceso(f->cmdMostraLinks[1]));
+    QVERIFY(!f->cmdCancella->isEnabled());
+    QList<qint64> chiavi;
+    const QStringList attesi = a.Attesi(QLatin1String(PGAntALL), lId, chiavi);
+    QCOMPARE(attesi.size(), 1);
+    Vista vista;
+    Guarda(a, QStringLiteral("frmMostraLinkAntALL"), f->cmdMostraLinks[0], vista);
+    QVERIFY(vista.bAperto);
+    QCOMPARE(vista.sTitolo, QStringLiteral("Collegamenti alle pergamene"));
+    QCOMPARE(vista.testi, attesi);
+    QCOMPARE(vista.chiavi, chiavi);
+    QCOMPARE(Sessione::sTipoLink, QStringLiteral("0"));
+    QCOMPARE(Sessione::sDenomSoggetto, sNome);
+
+    // 4. Untied in the entry's own viewer; the window opened again lets it go.
+    Vista sciolta;
+    Guarda(a, QStringLiteral("frmMostraLinkAntALL"), f->cmdMostraLinks[0], sciolta, attesi[0]);
+    QVERIFY(sciolta.bAperto);
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi WHERE ID_Antroponimo = ?"),
+                     {L(lId)}),
+             0);
+    f = Riapri(a, f, "mnuAntroponimi", "frmAntroponimi");
+    QVERIFY(f);
+    f->SelezionaRiga(Riga(*f, sNome));
+    QVERIFY(!f->cmdMostraLinks[0]->isEnabled());
+    Cancella(a, *f, sNome);
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM Antroponimi WHERE ID_Antroponimo = ?"),
+                     {L(lId)}),
+             0);
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi"), {}), 0);
+}
+
+void TestStradePuntiAccesso::
+    unLuogoLegatoAPergamenaEUnitaSiVedeNeiDueElenchiSiSciogliESiCancella() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    QVERIFY(a.bAperta);
+    const Oggetti o = a.NuoviOggetti();
+    const QString sNome = QStringLiteral("Sant'Àngelo \"in Campo\"");
+
+    QPointer<FinestraPuntoAccesso> f = a.Finestra("mnuToponimi", "frmToponimi");
+    QVERIFY(f);
+    const qint64 lId = NuovaVoce(*f, sNome);
+    QVERIFY(lId > 0);
+    QCOMPARE(a.Valore(QStringLiteral("SELECT Denominazione FROM Toponimi WHERE ID_Toponimo = ?"),
+                      {L(lId)})
+                 .toString(),
+             sNome);
+
+    // Tied from the parchment and from the unit.
+    EditorePronto<ucPergamena> pergamena(o.pergamena);
+    Strada daPergamena;
+    Lega(QStringLiteral("frmMostraLinkTopo"), QStringLiteral("frmLinkToponimi"), sNome, QString(),
+         daPergamena);
+    Pulsante(&pergamena, "cmdMostraToponimi")->click();
+    QVERIFY(daPergamena.bDialogo);
+    QCOMPARE(daPergamena.dopo, QStringList{sNome});
+    EditorePronto<ucDatiInventariali> unita(o.unita);
+    Strada daUnita;
+    Lega(QStringLiteral("frmMostraLinkTopo"), QStringLiteral("frmLinkToponimi"), sNome, QString(),
+         daUnita);
+    Pulsante(&unita, "cmdMostraToponimi")->click();
+    QVERIFY(daUnita.bDialogo);
+    QCOMPARE(daUnita.dopo, QStringList{sNome});
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGToponimi WHERE ID_Pergamena = ? AND "
+                                    "ID_Toponimo = ?"),
+                     {L(o.idPergamena), L(lId)}),
+             1);
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM DIToponimi WHERE ID_DatoInventariale "
+                                    "= ? AND ID_Toponimo = ?"),
+                     {L(o.idUnita), L(lId)}),
+             1);
+
+    // Seen from its window: both buttons lit, no delete; each viewer shows its side.
+    f->SelezionaRiga(Riga(*f, sNome));
+    QVERIFY(f->cmdMostraLinks[0]->isEnabled() && Acceso(f->cmdMostraLinks[0]));
+    QVERIFY(f->cmdMostraLinks[1]->isEnabled() && Acceso(f->cmdMostraLinks[1]));
+    QVERIFY(!f->cmdCancella->isEnabled());
+    QList<qint64> chiaviPG;
+    const QStringList attesiPG = a.Attesi(QLatin1String(PGTopALL), lId, chiaviPG);
+    QCOMPARE(attesiPG.size(), 1);
+    Vista pergamene;
+    Guarda(a, QStringLiteral("frmMostraLinkTopALL"), f->cmdMostraLinks[0], pergamene);
+    QVERIFY(pergamene.bAperto);
+    QCOMPARE(Sessione::sTipoLink, QStringLiteral("0"));
+    QCOMPARE(pergamene.sTitolo, QStringLiteral("Collegamenti alle pergamene"));
+    QCOMPARE(pergamene.testi, attesiPG);
+    QCOMPARE(pergamene.chiavi, chiaviPG);
+    const QString sInventarioUnita =
+        a.Valore(QStringLiteral("SELECT INV.DenomCompleta FROM DatiInventariali DI JOIN "
+                                "Inventari INV ON INV.ID_Inventario = DI.ID_Inventario WHERE "
+                                "DI.ID_DatoInventariale = ?"),
+                 {L(o.idUnita)})
+            .toString()
+            .trimmed();
+    Vista unitaViste;
+    Guarda(a, QStringLiteral("frmMostraLinkTopALL"), f->cmdMostraLinks[1], unitaViste);
+    QVERIFY(unitaViste.bAperto);
+    QCOMPARE(Sessione::sTipoLink, QStringLiteral("1"));
+    QCOMPARE(unitaViste.sTitolo, QStringLiteral("Collegamenti all'inventario base"));
+    QCOMPARE(unitaViste.chiavi, QList<qint64>{o.idUnita});
+    QCOMPARE(unitaViste.testi.size(), 1);
+    QVERIFY2(unitaViste.testi[0].startsWith(sInventarioUnita + QStringLiteral(" > ")),
+             qPrintable(unitaViste.testi[0]));
+
+    // Untied: from the parchment's side in the parchment's viewer, from the unit's side in the
+    // entry's viewer of units.
+    a.seam.risposte = {Risposta::Si};
+    AlComparire(QStringLiteral("frmMostraLinkTopo"), [](QWidget* v) {
+        Lista(v)->setCurrentItem(Lista(v)->topLevelItem(0));
+        Bottone(v, "cmdCancella")->click();
+        static_cast<QDialog*>(v)->reject();
+    });
+    Pulsante(&pergamena, "cmdMostraToponimi")->click();
+    QCOMPARE(
+        a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGToponimi WHERE ID_Toponimo = ?"), {L(lId)}),
+        0);
+    // Still tied to the unit: no delete, the parchments' button off.
+    f->SelezionaRiga(Riga(*f, sNome));
+    QVERIFY(!f->cmdMostraLinks[0]->isEnabled());
+    QVERIFY(!f->cmdCancella->isEnabled());
+    Vista sciolta;
+    Guarda(a, QStringLiteral("frmMostraLinkTopALL"), f->cmdMostraLinks[1], sciolta,
+           unitaViste.testi[0]);
+    QVERIFY(sciolta.bAperto);
+    QCOMPARE(
+        a.Conta(QStringLiteral("SELECT COUNT(*) FROM DIToponimi WHERE ID_Toponimo = ?"), {L(lId)}),
+        0);
+
+    f = Riapri(a, f, "mnuToponimi", "frmToponimi");
+    QVERIFY(f);
+    Cancella(a, *f, sNome);
+    QCOMPARE(
+        a.Conta(QStringLiteral("SELECT COUNT(*) FROM Toponimi WHERE ID_Toponimo = ?"), {L(lId)}),
+        0);
+}
+
+void TestStradePuntiAccesso::unTitolareLegatoAlSigilloConRuoloSiVedeSiSciogliESiCancella() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    QVERIFY(a.bAperta);
+    const Oggetti o = a.NuoviOggetti();
+    const QString sNome = QStringLiteral("Capitolo di San Martino \"Maggiore\" d'Ìsola");
+
+    QPointer<FinestraPuntoAccesso> f = a.Finestra("mnuTitolari", "frmTitolari");
+    QVERIFY(f);
+    const qint64 lId = NuovaVoce(*f, sNome);
+    QVERIFY(lId > 0);
+    QCOMPARE(a.Valore(QStringLiteral("SELECT Nome FROM Titolari WHERE ID_Titolare = ?"), {L(lId)})
+                 .toString(),
+             sNome);
+
+    EditorePronto<ucSigillo> sigillo(o.sigillo);
+    Strada strada;
+    Lega(QStringLiteral("frmMostraLinkTitolari"), QStringLiteral("frmLinkTitolari"), sNome,
+         QStringLiteral("Garante"), strada);
+    Pulsante(&sigillo, "cmdMostraTitolari")->click();
+    QVERIFY(strada.bDialogo);
+    QCOMPARE(strada.dopo, QStringList{sNome});
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM SGTitolari WHERE ID_Sigillo = ? AND "
+                                    "ID_Titolare = ? AND Ruolo = ?"),
+                     {L(o.idSigillo), L(lId), QStringLiteral("Garante")}),
+             1);
+
+    f->SelezionaRiga(Riga(*f, sNome));
+    QVERIFY(f->cmdMostraLinks[0]->isEnabled());
+    QVERIFY(Acceso(f->cmdMostraLinks[0]));
+    QVERIFY(!f->cmdCancella->isEnabled());
+    QList<qint64> chiavi;
+    const QStringList attesi = a.Attesi(QLatin1String(TitSG), lId, chiavi);
+    QCOMPARE(attesi.size(), 1);
+    Vista vista;
+    Guarda(a, QStringLiteral("frmMostraLinkTitSG"), f->cmdMostraLinks[0], vista);
+    QVERIFY(vista.bAperto);
+    QCOMPARE(vista.sTitolo, QStringLiteral("Collegamenti ai sigilli"));
+    QCOMPARE(vista.testi, attesi);
+    QCOMPARE(vista.chiavi, chiavi);
+
+    Vista sciolta;
+    Guarda(a, QStringLiteral("frmMostraLinkTitSG"), f->cmdMostraLinks[0], sciolta, attesi[0]);
+    QVERIFY(sciolta.bAperto);
+    QCOMPARE(
+        a.Conta(QStringLiteral("SELECT COUNT(*) FROM SGTitolari WHERE ID_Titolare = ?"), {L(lId)}),
+        0);
+    f = Riapri(a, f, "mnuTitolari", "frmTitolari");
+    QVERIFY(f);
+    Cancella(a, *f, sNome);
+    QCOMPARE(
+        a.Conta(QStringLiteral("SELECT COUNT(*) FROM Titolari WHERE ID_Titolare = ?"), {L(lId)}),
+        0);
+}
+
+void TestStradePuntiAccesso::unaPersonaFattaNelDialogoSiVedePoiInPersoneLegata() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    QVERIFY(a.bAperta);
+    const Oggetti o = a.NuoviOggetti();
+    a.Antroponimo(QStringLiteral("Ubaldo"));
+    const QString sNome = QStringLiteral("Bàrtolo \"il Giovane\" d'Orso");
+
+    EditorePronto<ucPergamena> pergamena(o.pergamena);
+    Strada strada;
+    Lega(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("frmLinkAntroponimi"), sNome, QString(),
+         strada, [&sNome](DialogoPuntoAccesso& d) {
+             d.cmdNuovoSog->click();
+             ScriviTesto(d.Editore(), 0, sNome);
+             d.cmdConferma->click();
+         });
+    Pulsante(&pergamena, "cmdMostraAntroponimi")->click();
+    QVERIFY(strada.bDialogo);
+    QCOMPARE(strada.dopo, QStringList{sNome});
+    const qint64 lId =
+        a.Valore(QStringLiteral("SELECT ID_Antroponimo FROM Antroponimi WHERE Nome = ?"), {sNome})
+            .toLongLong();
+    QVERIFY(lId > 0);
+    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi WHERE ID_Pergamena = ? "
+                                    "AND ID_Antroponimo = ?"),
+                     {L(o.idPergamena), L(lId)}),
+             1);
+
+    QPointer<FinestraPuntoAccesso> f = a.Finestra("mnuAntroponimi", "frmAntroponimi");
+    QVERIFY(f);
+    const int iRiga = Riga(*f, sNome);
+    QVERIFY(iRiga >= 0);
+    f->SelezionaRiga(iRiga);
+    QCOMPARE(f->aId.value(0), lId);
+    QVERIFY(f->cmdMostraLinks[0]->isEnabled());
+    QVERIFY(!f->cmdCancella->isEnabled());
+    Vista vista;
+    Guarda(a, QStringLiteral("frmMostraLinkAntALL"), f->cmdMostraLinks[0], vista);
+    QVERIFY(vista.bAperto);
+    QList<qint64> chiavi;
+    QCOMPARE(vista.testi, a.Attesi(QLatin1String(PGAntALL), lId, chiavi));
+    QCOMPARE(vista.chiavi, chiavi);
+}
+
+QTEST_MAIN(TestStradePuntiAccesso)
+#include "tst_stradepuntiaccesso.moc"
