@@ -24,6 +24,7 @@
 
 #include "AmbienteLink.h"
 #include "AmbienteStruttura.h"
+#include "DialogoSostituto.h"
 #include "Modali.h"
 
 #include <QAbstractButton>
@@ -36,7 +37,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTimer>
 #include <QTreeView>
 #include <QTreeWidget>
 #include <QtTest>
@@ -146,25 +146,23 @@ qint64 Soggetto(const AmbienteStruttura& a, const QString& nome, const char* tip
 }
 
 // What a viewer hands the dialog it goes on to: a stand-in in the dialog's place keeps its
-// arguments and closes; the fresh viewer that follows is closed. apri opens the viewer.
+// arguments; the fresh viewer that follows is closed. apri opens the viewer.
 QVariantMap ArgomentiDelProseguire(const QString& sViewer, const QString& sDialogo,
                                    const std::function<void()>& apri) {
     QVariantMap ricevuti;
     bool bAperto = false;
-    Dialoghi::Registra(sDialogo, [&](QWidget* genitore, const Dialoghi::Argomenti& argomenti) {
-        bAperto = true;
-        ricevuti = argomenti;
-        auto* sostituto = new QDialog(genitore);
-        QTimer::singleShot(0, sostituto, &QDialog::reject);
-        return sostituto;
-    });
-    AlComparire(sViewer, [&](QWidget* viewer) {
-        Bottone(viewer, "cmdNuovoCol")->click();
-        AlComparire(sViewer, [](QWidget* nuovo) { static_cast<QDialog*>(nuovo)->reject(); });
-    });
-    apri();
-    Dialoghi::Rimuovi(sDialogo);
-    RegistraFinestreProgramma();
+    {
+        const DialogoSostituto sostituto(sDialogo,
+                                         [&](QDialog&, const Dialoghi::Argomenti& argomenti) {
+                                             bAperto = true;
+                                             ricevuti = argomenti;
+                                         });
+        AlComparire(sViewer, [&](QWidget* viewer) {
+            Bottone(viewer, "cmdNuovoCol")->click();
+            AlComparire(sViewer, [](QWidget* nuovo) { static_cast<QDialog*>(nuovo)->reject(); });
+        });
+        apri();
+    }
     if (!bAperto) {
         ricevuti.insert(QStringLiteral("nessun dialogo"), true);
     }
