@@ -58,11 +58,6 @@ QString Immagine(const FinestraStruttura& f, qint64 lId) {
     return f.Modello().Immagine(f.Modello().Trova(lId));
 }
 
-bool Acceso(const QAbstractButton* pulsante) {
-    return pulsante->palette().color(QPalette::Button) ==
-           QApplication::palette().color(QPalette::Base);
-}
-
 // What a road saw on its way: whether the picker came up, its box of chosen names locked, and
 // the keys of the fresh viewer that followed it.
 struct Strada {
@@ -109,18 +104,6 @@ void Spunta(SelettoreAlbero& f, qint64 lId) {
     const QModelIndex nodo = f.Modello().Trova(lId);
     QVERIFY(nodo.isValid());
     QVERIFY(f.tvwDB->model()->setData(nodo, Qt::Checked, Qt::CheckStateRole));
-}
-
-// In the viewer, the first item of its first list with items deleted after the question.
-void CancellaLaPrima(PiattaformaScriptata& seam, QWidget* viewer) {
-    for (QTreeWidget* lista : viewer->findChildren<QTreeWidget*>()) {
-        if (lista->topLevelItemCount() > 0) {
-            lista->setCurrentItem(lista->topLevelItem(0));
-            seam.risposte = {Risposta::Si};
-            Bottone(viewer, "cmdCancella")->click();
-            return;
-        }
-    }
 }
 
 // The main form with the window of the menu entry opened.
@@ -239,7 +222,7 @@ void TestStradeLink::ilPrimoStrumentoDiRicercaDelComplessoAccendeIlNodoSenzaRica
 
     // The link removed in the viewer: the node back as it was.
     AlComparire(QStringLiteral("frmMostraLinkCD"), [&](QWidget* viewer) {
-        CancellaLaPrima(a.piattaforma, viewer);
+        CancellaLaPrimaVoce(a.piattaforma, viewer);
         static_cast<QDialog*>(viewer)->reject();
     });
     Pulsante(f->fraComplesso, "cmdMostraLinks")->click();
@@ -482,7 +465,7 @@ void TestStradeLink::unProduttoreLegatoAlComplessoCambiaLImmagineDelNodo() {
     // Its last producer removed: the finding aid's image alone.
     AlComparire(QStringLiteral("frmMostraLinkCS"), [&](QWidget* viewer) {
         Controllo<QTabWidget>(viewer, QStringLiteral("SSTab1"))->setCurrentIndex(1);
-        CancellaLaPrima(a.piattaforma, viewer);
+        CancellaLaPrimaVoce(a.piattaforma, viewer);
         static_cast<QDialog*>(viewer)->reject();
     });
     Pulsante(f->fraComplesso, "cmdLinkSog")->click();
@@ -509,7 +492,7 @@ void TestStradeLink::unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnaliti
     ucDatiInventariali* editore = f.fraDatiInventariali;
     QSignalSpy stato(editore, &EditoreRecord::EventoStato);
     QAbstractButton* soggetti = Pulsante(editore, "cmdMostraSoggetti");
-    QVERIFY(!Acceso(soggetti));
+    QVERIFY(!PulsanteAcceso(soggetti));
     QVERIFY(f.cmdCancella->isEnabled());
 
     // A producer of the unit, through its dialog, which is headed by the unit (and not by the
@@ -543,14 +526,14 @@ void TestStradeLink::unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnaliti
                  .toInt(),
              1);
     QCOMPARE(stato.count(), 1);
-    QVERIFY(Acceso(soggetti));
+    QVERIFY(PulsanteAcceso(soggetti));
     // A producer does not keep the unit from being deleted; its complesso does.
     QVERIFY(editore->OkCancella);
     QVERIFY(f.cmdCancella->isEnabled());
 
     // Its one complesso (caller 4), through the picker of complessi.
     QAbstractButton* complesso = Pulsante(editore, "cmdMostraLink");
-    QVERIFY(!Acceso(complesso));
+    QVERIFY(!PulsanteAcceso(complesso));
     Strada strada;
     PerIlSelettore(
         strada, QStringLiteral("frmMostraLinkInv"), QStringLiteral("frmNuovoComplesso"),
@@ -566,7 +549,7 @@ void TestStradeLink::unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnaliti
              qint64(fondo));
     QCOMPARE(a.Righe("Links"), 1);
     QCOMPARE(stato.count(), 2);
-    QVERIFY(Acceso(complesso));
+    QVERIFY(PulsanteAcceso(complesso));
     QVERIFY(!editore->OkCancella);
     QVERIFY(!f.cmdCancella->isEnabled());
 }
@@ -590,7 +573,7 @@ void TestStradeLink::unaPergamenaLegataAUnComplessoEVistaDalComplesso() {
         ucPergamena* editore = f.fraPergamena;
         QSignalSpy stato(editore, &EditoreRecord::EventoStato);
         QAbstractButton* complessi = Pulsante(editore, "cmdMostraLinks");
-        QVERIFY(!Acceso(complessi));
+        QVERIFY(!PulsanteAcceso(complessi));
         Strada strada;
         PerIlSelettore(
             strada, QStringLiteral("frmMostraLinkInv"), QStringLiteral("frmNuovoComplesso"),
@@ -612,7 +595,7 @@ void TestStradeLink::unaPergamenaLegataAUnComplessoEVistaDalComplesso() {
                  1);
         QCOMPARE(Sessione::iEsitoLinkCD, 1);
         QCOMPARE(stato.count(), 1);
-        QVERIFY(Acceso(complessi));
+        QVERIFY(PulsanteAcceso(complessi));
         // The inventory's root keeps its image: the parchment's link is not the finding aid's.
         QCOMPARE(Immagine(f, inventario), QStringLiteral("nolink"));
     }
@@ -628,7 +611,7 @@ void TestStradeLink::unaPergamenaLegataAUnComplessoEVistaDalComplesso() {
         chiavi = Chiavi(Lista(viewer));
         bNuovoCol = viewer->findChild<QPushButton*>(QStringLiteral("cmdNuovoCol")) != nullptr &&
                     viewer->findChild<QPushButton*>(QStringLiteral("cmdNuovoCol"))->isVisible();
-        CancellaLaPrima(a.piattaforma, viewer);
+        CancellaLaPrimaVoce(a.piattaforma, viewer);
         static_cast<QDialog*>(viewer)->reject();
     });
     Pulsante(g.fraComplesso, "cmdLinkPerg")->click();

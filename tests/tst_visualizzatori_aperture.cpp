@@ -46,27 +46,6 @@ QList<qint64> TutteLeChiavi(const QWidget* visualizzatore) {
     return chiavi;
 }
 
-// In the viewer: the first item of the first list that has any chosen (its tab brought up), the
-// delete confirmed; the key deleted, 0 when the list was empty.
-qint64 CancellaLaPrima(PiattaformaScriptata& seam, QWidget* visualizzatore) {
-    const QList<QTreeWidget*> liste = visualizzatore->findChildren<QTreeWidget*>();
-    for (qsizetype i = 0; i < liste.size(); ++i) {
-        QTreeWidget* lista = liste.at(i);
-        if (lista->topLevelItemCount() == 0) {
-            continue;
-        }
-        if (auto* schede = visualizzatore->findChild<QTabWidget*>(QStringLiteral("SSTab1"))) {
-            schede->setCurrentIndex(lista->objectName().mid(6, 1).toInt());
-        }
-        lista->setCurrentItem(lista->topLevelItem(0));
-        const qint64 lChiave = Chiavi(lista).constFirst();
-        seam.risposte = {Risposta::Si};
-        Bottone(visualizzatore, "cmdCancella")->click();
-        return lChiave;
-    }
-    return 0;
-}
-
 // Clicks the button and, in the viewer that opens, deletes its first link and closes it: the
 // keys the viewer showed and the one deleted.
 struct Visto {
@@ -81,16 +60,11 @@ Visto CancellaDalPulsante(PiattaformaScriptata& seam, QAbstractButton* pulsante,
     AlComparire(sVisualizzatore, [&](QWidget* visualizzatore) {
         visto.bAperto = true;
         visto.chiavi = TutteLeChiavi(visualizzatore);
-        visto.lCancellata = CancellaLaPrima(seam, visualizzatore);
+        visto.lCancellata = CancellaLaPrimaVoce(seam, visualizzatore);
         static_cast<QDialog*>(visualizzatore)->reject();
     });
     pulsante->click();
     return visto;
-}
-
-bool Acceso(const QAbstractButton* pulsante) {
-    return pulsante->palette().color(QPalette::Button) ==
-           QApplication::palette().color(QPalette::Base);
 }
 
 void ScegliNodo(QTreeView* albero, const ModelloAlbero& modello, qint64 lId) {
@@ -249,13 +223,13 @@ void TestVisualizzatoriAperture::iPulsantiDellaPergamenaSiSpengonoDopoLaCancella
                 {"cmdMostraSigilli", "frmMostraLinkPGS", sigillo}};
     for (const auto& caso : casi) {
         QAbstractButton* pulsante = Pulsante(&editore, caso.pulsante);
-        QVERIFY2(Acceso(pulsante), caso.pulsante);
+        QVERIFY2(PulsanteAcceso(pulsante), caso.pulsante);
         const Visto visto =
             CancellaDalPulsante(a.seam, pulsante, QLatin1String(caso.visualizzatore));
         QVERIFY2(visto.bAperto, caso.visualizzatore);
         QCOMPARE(visto.chiavi, QList<qint64>{caso.chiave});
         QCOMPARE(visto.lCancellata, caso.chiave);
-        QVERIFY2(!Acceso(pulsante), caso.pulsante);
+        QVERIFY2(!PulsanteAcceso(pulsante), caso.pulsante);
     }
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM Links"), {}), 0);
 }
@@ -273,17 +247,17 @@ void TestVisualizzatoriAperture::iPulsantiDelSigilloSiSpengonoDopoLaCancellazion
     a.Lega(sigillo, pergamena);
     EditorePronto<ucSigillo> editore(sigillo);
     QAbstractButton* titolari = Pulsante(&editore, "cmdMostraTitolari");
-    QVERIFY(Acceso(titolari));
+    QVERIFY(PulsanteAcceso(titolari));
     const Visto visto =
         CancellaDalPulsante(a.seam, titolari, QStringLiteral("frmMostraLinkTitolari"));
     QCOMPARE(visto.chiavi, QList<qint64>{riga});
-    QVERIFY(!Acceso(titolari));
+    QVERIFY(!PulsanteAcceso(titolari));
     QAbstractButton* pergamene = Pulsante(&editore, "cmdMostraPergamene");
-    QVERIFY(Acceso(pergamene));
+    QVERIFY(PulsanteAcceso(pergamene));
     const Visto documento =
         CancellaDalPulsante(a.seam, pergamene, QStringLiteral("frmMostraLinkPGS"));
     QCOMPARE(documento.chiavi, QList<qint64>{pergamena});
-    QVERIFY(!Acceso(pergamene));
+    QVERIFY(!PulsanteAcceso(pergamene));
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM Links"), {}), 0);
 }
 
@@ -316,12 +290,12 @@ void TestVisualizzatoriAperture::iPulsantiDellUnitaSiSpengonoDopoLaCancellazione
                 {"cmdMostraLink", "frmMostraLinkInv", fondo}};
     for (const auto& caso : casi) {
         QAbstractButton* pulsante = Pulsante(&editore, caso.pulsante);
-        QVERIFY2(Acceso(pulsante), caso.pulsante);
+        QVERIFY2(PulsanteAcceso(pulsante), caso.pulsante);
         const Visto visto =
             CancellaDalPulsante(a.seam, pulsante, QLatin1String(caso.visualizzatore));
         QVERIFY2(visto.bAperto, caso.visualizzatore);
         QCOMPARE(visto.chiavi, QList<qint64>{caso.chiave});
-        QVERIFY2(!Acceso(pulsante), caso.pulsante);
+        QVERIFY2(!PulsanteAcceso(pulsante), caso.pulsante);
     }
     // Untied from its complesso, the unit may be deleted.
     QVERIFY(editore.OkCancella);
@@ -500,7 +474,7 @@ void TestVisualizzatoriAperture::sulleDemoOgniVisualizzatoreMostraIlinkDelDataba
         Visto visto;
         AlComparire(sNome, [&](QWidget* visualizzatore) {
             visto.chiavi = TutteLeChiavi(visualizzatore);
-            visto.lCancellata = CancellaLaPrima(a.seam, visualizzatore);
+            visto.lCancellata = CancellaLaPrimaVoce(a.seam, visualizzatore);
             static_cast<QDialog*>(visualizzatore)->reject();
         });
         QVERIFY(Dialoghi::Apri(sNome, nullptr, argomenti));

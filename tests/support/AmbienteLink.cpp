@@ -5,9 +5,12 @@
 
 #include "Modali.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QDialog>
 #include <QPushButton>
 #include <QSqlQuery>
+#include <QTabWidget>
 #include <QTreeWidget>
 
 AmbienteLink::AmbienteLink(TipoBackend tipo, const QStringList& script)
@@ -124,4 +127,27 @@ QList<qint64> Chiavi(const QTreeWidget* lista) {
 
 QPushButton* Bottone(const QWidget* visualizzatore, const char* nome) {
     return Controllo<QPushButton>(visualizzatore, QLatin1String(nome));
+}
+
+qint64 CancellaLaPrimaVoce(PiattaformaScriptata& seam, QWidget* visualizzatore) {
+    for (QTreeWidget* lista : visualizzatore->findChildren<QTreeWidget*>()) {
+        if (lista->topLevelItemCount() == 0) {
+            continue;
+        }
+        if (auto* schede = visualizzatore->findChild<QTabWidget*>(QStringLiteral("SSTab1"))) {
+            // "lvwDB(n)": the list of tab n.
+            schede->setCurrentIndex(lista->objectName().mid(6, 1).toInt());
+        }
+        lista->setCurrentItem(lista->topLevelItem(0));
+        const qint64 lChiave = Chiavi(lista).constFirst();
+        seam.risposte = {Risposta::Si};
+        Bottone(visualizzatore, "cmdCancella")->click();
+        return lChiave;
+    }
+    return 0;
+}
+
+bool PulsanteAcceso(const QAbstractButton* pulsante) {
+    return pulsante->palette().color(QPalette::Button) ==
+           QApplication::palette().color(QPalette::Base);
 }

@@ -12,6 +12,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
+class QAbstractButton;
 class QDialog;
 class QPushButton;
 class QTreeWidget;
@@ -47,3 +48,8 @@ QTreeWidget* Lista(const QWidget* visualizzatore, const QString& sNome = QString
 QStringList Testi(const QTreeWidget* lista, int colonna = 0);
 QList<qint64> Chiavi(const QTreeWidget* lista);
 QPushButton* Bottone(const QWidget* visualizzatore, const char* nome);
+// In the viewer, the first item of the first list that has any chosen (its tab brought up) and
+// deleted, the question answered Yes: its key, 0 when every list was empty.
+qint64 CancellaLaPrimaVoce(PiattaformaScriptata& seam, QWidget* visualizzatore);
+// A record's link button lit: it has links (the window's colour, not the button face).
+bool PulsanteAcceso(const QAbstractButton* pulsante);
