@@ -112,16 +112,6 @@ template <typename Finestra> QPointer<Finestra> DalMenu(PrimoMDI& principale, co
     return principale.findChild<Finestra*>();
 }
 
-// The lists of the analytical inventory's editors in the program folder.
-void ListeInventarioAnalitico(AmbienteStruttura& a) {
-    a.cartella.CopiaDalSito(
-        {QStringLiteral("LivelliDI.txt"), QStringLiteral("TraditioPG.txt"),
-         QStringLiteral("TipologiaIcoSG.txt"), QStringLiteral("FormaSG.txt"),
-         QStringLiteral("MateriaSG.txt"), QStringLiteral("TipologiaSG.txt"),
-         QStringLiteral("ApposizioneSG.txt"), QStringLiteral("RapportoDocSG.txt"),
-         QStringLiteral("TipologiaDGSG.txt"), QStringLiteral("ProfiliEnti.txt")});
-}
-
 qint64 Soggetto(const AmbienteStruttura& a, const QString& nome, const char* tipo) {
     return a.cnn().Inserisci(QStringLiteral("Soggetti"), QStringLiteral("ID_Soggetto"),
                              {QStringLiteral("Denominazione"), QStringLiteral("TipoSoggetto")},
@@ -478,11 +468,12 @@ void TestStradeLink::unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnaliti
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteStruttura a(backend);
-    ListeInventarioAnalitico(a);
+    a.ListeInventarioAnalitico();
     const long ist = a.Crea("01", QStringLiteral("Archivio"));
     const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
     const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
     const long unita = a.Crea("07", QStringLiteral("Busta"), inventario);
+    a.cartella.CopiaDalSito({QStringLiteral("ProfiliEnti.txt")});
     a.Lega(fondo, inventario);
     const qint64 ente = Soggetto(a, QStringLiteral("Comune"), "E");
     Sessione::lIdInventario = inventario;
@@ -558,7 +549,7 @@ void TestStradeLink::unaPergamenaLegataAUnComplessoEVistaDalComplesso() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteStruttura a(backend);
-    ListeInventarioAnalitico(a);
+    a.ListeInventarioAnalitico();
     const long ist = a.Crea("01", QStringLiteral("Archivio"));
     const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
     const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
@@ -625,7 +616,7 @@ void TestStradeLink::dallInventarioAnaliticoIlPrimoComplessoAccendeLaRadice() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteStruttura a(backend);
-    ListeInventarioAnalitico(a);
+    a.ListeInventarioAnalitico();
     const long ist = a.Crea("01", QStringLiteral("Archivio"));
     const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
     const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);

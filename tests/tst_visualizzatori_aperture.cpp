@@ -166,13 +166,7 @@ void TestVisualizzatoriAperture::dallInventarioAnaliticoIlVisualizzatoreTogliIlC
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteStruttura a(backend);
-    // The lists of the window's editors of units, parchments and seals.
-    a.cartella.CopiaDalSito({QStringLiteral("LivelliDI.txt"), QStringLiteral("TraditioPG.txt"),
-                             QStringLiteral("TipologiaIcoSG.txt"), QStringLiteral("FormaSG.txt"),
-                             QStringLiteral("MateriaSG.txt"), QStringLiteral("TipologiaSG.txt"),
-                             QStringLiteral("ApposizioneSG.txt"),
-                             QStringLiteral("RapportoDocSG.txt"),
-                             QStringLiteral("TipologiaDGSG.txt")});
+    a.ListeInventarioAnalitico();
     const long ist = a.Crea("01", QStringLiteral("Archivio"));
     const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
     const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);

@@ -156,3 +156,11 @@ bool CompilaComplesso(const QWidget* editore, const QString& nome, const QString
     }
     return true;
 }
+
+void AmbienteStruttura::ListeInventarioAnalitico() {
+    cartella.CopiaDalSito({QStringLiteral("LivelliDI.txt"), QStringLiteral("TraditioPG.txt"),
+                           QStringLiteral("TipologiaIcoSG.txt"), QStringLiteral("FormaSG.txt"),
+                           QStringLiteral("MateriaSG.txt"), QStringLiteral("TipologiaSG.txt"),
+                           QStringLiteral("ApposizioneSG.txt"), QStringLiteral("RapportoDocSG.txt"),
+                           QStringLiteral("TipologiaDGSG.txt")});
+}

@@ -41,6 +41,9 @@ struct AmbienteStruttura {
     // The first column of the first row (invalid when there is none).
     QVariant Valore(const QString& sql, std::initializer_list<QVariant> valori) const;
     int Righe(const char* tabella) const;
+    // The lookup lists of the analytical inventory's editors (units, parchments, seals) in the
+    // program folder.
+    void ListeInventarioAnalitico();
     // The main form after a login on the test database (Param.txt, Connetti.txt and
     // Istituto.txt of an "I" site written), the boxes of the start forgotten; nullptr when the
     // session did not open.
