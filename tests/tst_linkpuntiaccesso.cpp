@@ -41,27 +41,6 @@
 
 namespace {
 
-// The objects served: a parchment, a unit and a seal under one finding aid, by their keys in
-// their own tables, and their elements.
-struct Oggetti {
-    long pergamena = 0, idPergamena = 0;
-    long unita = 0, idUnita = 0;
-    long sigillo = 0, idSigillo = 0;
-};
-
-Oggetti NuoviOggetti(const AmbienteLink& a) {
-    Oggetti o;
-    const long istituto = a.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-    const long inventario = a.Crea("03", QStringLiteral("Inventario"), istituto);
-    o.pergamena = a.Crea("05", QStringLiteral("P1"), inventario);
-    o.idPergamena = a.Dettaglio("Pergamene", "ID_Pergamena", o.pergamena);
-    o.unita = a.Crea("07", QStringLiteral("Busta 1"), inventario);
-    o.idUnita = a.Dettaglio("DatiInventariali", "ID_DatoInventariale", o.unita);
-    o.sigillo = a.Crea("06", QStringLiteral("Sigillo"), o.pergamena);
-    o.idSigillo = a.Dettaglio("Sigilli", "ID_Sigillo", o.sigillo);
-    return o;
-}
-
 // The session as a viewer leaves it for the dialog.
 void Servi(long lChiave, int iChiamante, const QString& sDenominazione = QStringLiteral("P1")) {
     Sessione::lIdElementoLink = lChiave;
@@ -122,11 +101,6 @@ QString Etichetta(const QWidget* finestra, const char* nome) {
 }
 QAbstractButton* Comando(const QWidget* finestra, const char* nome) {
     return Controllo<QAbstractButton>(finestra, QLatin1String(nome));
-}
-
-bool Acceso(const QAbstractButton* pulsante) {
-    return pulsante->palette().color(QPalette::Button) ==
-           QApplication::palette().color(QPalette::Base);
 }
 
 qlonglong L(qint64 v) {
@@ -234,7 +208,7 @@ void TestLinkPuntiAccesso::ilDialogoDellePersoneHaUnaListaSenzaSchedeConILegatiS
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     a.Antroponimo(QStringLiteral("Ubaldo "));
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
     a.Antroponimo(QStringLiteral("Bernardo"));
@@ -291,7 +265,7 @@ void TestLinkPuntiAccesso::leEtichetteSeguonoIlChiamanteDiOgnunoDeiTre() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     a.Antroponimo(QStringLiteral("Ubaldo"));
     a.Toponimo(QStringLiteral("Lucca"));
     a.Titolare(QStringLiteral("Capitolo"));
@@ -336,7 +310,7 @@ void TestLinkPuntiAccesso::unLuogoLegatoSiContaSpuntatoSiaPerLaPergamenaSiaPerLU
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     const long lucca = a.Toponimo(QStringLiteral("Lucca"));
     const long pisa = a.Toponimo(QStringLiteral("Pisa"));
     a.Toponimo(QStringLiteral("Siena"));
@@ -357,7 +331,7 @@ void TestLinkPuntiAccesso::unaPersonaLegataDueVolteAllaStessaPergamenaEUnaSolaVo
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
     a.Antroponimo(QStringLiteral("Ubaldo"));
     // A database that lets the same pair in twice.
@@ -375,7 +349,7 @@ void TestLinkPuntiAccesso::tornareSenzaSpunteNonScriveNulla() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     a.Antroponimo(QStringLiteral("Ubaldo"));
     a.Toponimo(QStringLiteral("Lucca"));
     a.Titolare(QStringLiteral("Capitolo"));
@@ -411,7 +385,7 @@ void TestLinkPuntiAccesso::collegaScriveSoloILegamiMancantiConLeChiaviNelRangeDe
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     ScriviIdentita(a.Cnn(), {QStringLiteral("ASLU"), QString(), 700000, 799999});
     const long ubaldo = a.Antroponimo(QStringLiteral("Ubaldo"));
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
@@ -472,13 +446,13 @@ void TestLinkPuntiAccesso::unaPersonaSiLegaDallaPergamenaPrendeIlRuoloESiSciogli
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     a.Antroponimo(QStringLiteral("Ubaldo"));
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
     EditorePronto<ucPergamena> editore(o.pergamena);
     QSignalSpy eventi(&editore, &EditoreRecord::EventoStato);
     QAbstractButton* pulsante = Comando(&editore, "cmdMostraAntroponimi");
-    QVERIFY(!Acceso(pulsante));
+    QVERIFY(!PulsanteAcceso(pulsante));
 
     Strada strada;
     Percorri(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("frmLinkAntroponimi"),
@@ -495,7 +469,7 @@ void TestLinkPuntiAccesso::unaPersonaSiLegaDallaPergamenaPrendeIlRuoloESiSciogli
              1);
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi"), {}), 1);
     // The record's button follows the tie, and its host hears of it.
-    QVERIFY(Acceso(pulsante));
+    QVERIFY(PulsanteAcceso(pulsante));
     QVERIFY(eventi.size() >= 1);
     QVERIFY(!Sessione::bFrmAntroponimiAperto);
 
@@ -508,19 +482,19 @@ void TestLinkPuntiAccesso::unaPersonaSiLegaDallaPergamenaPrendeIlRuoloESiSciogli
     });
     pulsante->click();
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi"), {}), 0);
-    QVERIFY(!Acceso(pulsante));
+    QVERIFY(!PulsanteAcceso(pulsante));
 }
 
 void TestLinkPuntiAccesso::unLuogoSiLegaDallaPergamenaESiScioglie() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     const long lucca = a.Toponimo(QStringLiteral("Lucca"));
     a.Toponimo(QStringLiteral("Pisa"));
     EditorePronto<ucPergamena> editore(o.pergamena);
     QAbstractButton* pulsante = Comando(&editore, "cmdMostraToponimi");
-    QVERIFY(!Acceso(pulsante));
+    QVERIFY(!PulsanteAcceso(pulsante));
     Strada strada;
     a.seam.risposte = {Risposta::Si};
     Percorri(QStringLiteral("frmMostraLinkTopo"), QStringLiteral("frmLinkToponimi"),
@@ -533,7 +507,7 @@ void TestLinkPuntiAccesso::unLuogoSiLegaDallaPergamenaESiScioglie() {
                                     "ID_Toponimo = ?"),
                      {L(o.idPergamena), L(lucca)}),
              1);
-    QVERIFY(Acceso(pulsante));
+    QVERIFY(PulsanteAcceso(pulsante));
     AlComparire(QStringLiteral("frmMostraLinkTopo"), [](QWidget* v) {
         Lista(v)->setCurrentItem(Lista(v)->topLevelItem(0));
         Comando(v, "cmdCancella")->click();
@@ -541,14 +515,14 @@ void TestLinkPuntiAccesso::unLuogoSiLegaDallaPergamenaESiScioglie() {
     });
     pulsante->click();
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGToponimi"), {}), 0);
-    QVERIFY(!Acceso(pulsante));
+    QVERIFY(!PulsanteAcceso(pulsante));
 }
 
 void TestLinkPuntiAccesso::personeELuoghiSiLeganoDallUnitaESiSciolgono() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     const long guido = a.Antroponimo(QStringLiteral("Guido"));
     const long pescia = a.Toponimo(QStringLiteral("Pescia"));
     EditorePronto<ucDatiInventariali> editore(o.unita);
@@ -567,7 +541,7 @@ void TestLinkPuntiAccesso::personeELuoghiSiLeganoDallUnitaESiSciolgono() {
                  "Oggetto selezionato", "DIToponimi", "ID_Toponimo", pescia}};
     for (const auto& caso : casi) {
         QAbstractButton* pulsante = Comando(&editore, caso.pulsante);
-        QVERIFY2(!Acceso(pulsante), caso.pulsante);
+        QVERIFY2(!PulsanteAcceso(pulsante), caso.pulsante);
         Strada strada;
         Percorri(QLatin1String(caso.visualizzatore), QLatin1String(caso.dialogo),
                  QLatin1String(caso.voce), QString(), false, strada);
@@ -579,7 +553,7 @@ void TestLinkPuntiAccesso::personeELuoghiSiLeganoDallUnitaESiSciolgono() {
                                            "? AND %2 = ?")
                                 .arg(QLatin1String(caso.tabella), QLatin1String(caso.colonna));
         QCOMPARE(a.Conta(sql, {L(o.idUnita), L(caso.id)}), 1);
-        QVERIFY2(Acceso(pulsante), caso.pulsante);
+        QVERIFY2(PulsanteAcceso(pulsante), caso.pulsante);
 
         a.seam.risposte = {Risposta::Si};
         AlComparire(QLatin1String(caso.visualizzatore), [](QWidget* v) {
@@ -589,7 +563,7 @@ void TestLinkPuntiAccesso::personeELuoghiSiLeganoDallUnitaESiSciolgono() {
         });
         pulsante->click();
         QCOMPARE(a.Conta(sql, {L(o.idUnita), L(caso.id)}), 0);
-        QVERIFY2(!Acceso(pulsante), caso.pulsante);
+        QVERIFY2(!PulsanteAcceso(pulsante), caso.pulsante);
     }
 }
 
@@ -597,12 +571,12 @@ void TestLinkPuntiAccesso::unTitolareSiLegaDalSigilloPrendeIlRuoloESiScioglie() 
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     const long capitolo = a.Titolare(QStringLiteral("Capitolo"));
     EditorePronto<ucSigillo> editore(o.sigillo);
     QSignalSpy eventi(&editore, &EditoreRecord::EventoStato);
     QAbstractButton* pulsante = Comando(&editore, "cmdMostraTitolari");
-    QVERIFY(!Acceso(pulsante));
+    QVERIFY(!PulsanteAcceso(pulsante));
     Strada strada;
     a.seam.risposte = {Risposta::Si};
     Percorri(QStringLiteral("frmMostraLinkTitolari"), QStringLiteral("frmLinkTitolari"),
@@ -618,7 +592,7 @@ void TestLinkPuntiAccesso::unTitolareSiLegaDalSigilloPrendeIlRuoloESiScioglie() 
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM SGTitolari WHERE ID_Titolare = ?"),
                      {L(capitolo)}),
              0);
-    QVERIFY(!Acceso(pulsante));
+    QVERIFY(!PulsanteAcceso(pulsante));
     QVERIFY(eventi.size() >= 1);
 
     // Tied again and kept, with its role.
@@ -631,7 +605,7 @@ void TestLinkPuntiAccesso::unTitolareSiLegaDalSigilloPrendeIlRuoloESiScioglie() 
                                     "ID_Titolare = ? AND Ruolo = ?"),
                      {L(o.idSigillo), L(capitolo), QStringLiteral("Garante")}),
              1);
-    QVERIFY(Acceso(pulsante));
+    QVERIFY(PulsanteAcceso(pulsante));
     QVERIFY(!Sessione::bFrmTitolariAperto);
 }
 
@@ -639,7 +613,7 @@ void TestLinkPuntiAccesso::unRuoloDi33CaratteriVieneRiportatoA32() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
     EditorePronto<ucPergamena> editore(o.pergamena);
     Strada strada;
@@ -662,7 +636,7 @@ void TestLinkPuntiAccesso::unaPersonaFattaSulPostoSiLegaNelloStessoPasso() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     ScriviIdentita(a.Cnn(), {QStringLiteral("ASLU"), QString(), 700000, 799999});
     const long ubaldo = a.Antroponimo(QStringLiteral("Ubaldo"));
     Servi(o.idPergamena, 1);
@@ -702,7 +676,7 @@ void TestLinkPuntiAccesso::unaVoceCancellataNelFrattempoDaErroreO1ENessunLegame(
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     a.Titolare(QStringLiteral("Capitolo"));
     const long vescovo = a.Titolare(QStringLiteral("Vescovo"));
     Servi(o.idSigillo, 0);
@@ -740,7 +714,7 @@ void TestLinkPuntiAccesso::unaVoceLegataNelFrattempoNonSiRaddoppiaENonDaErrore()
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
     const long lucca = a.Toponimo(QStringLiteral("Lucca"));
     Servi(o.idPergamena, 1);
@@ -768,7 +742,7 @@ void TestLinkPuntiAccesso::nomiConApostrofiVirgoletteEAccentiSiMostranoESiLegano
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     const QString nome = QStringLiteral("Niccolò d'Àrezzo detto \"il Pìo\"");
     const long id = a.Titolare(nome);
     Servi(o.idSigillo, 0, QStringLiteral("Sigillo dell'Opera \"del Duomo\""));
@@ -790,7 +764,7 @@ void TestLinkPuntiAccesso::unaListaVuotaEUnNuovoTitolareAnnullatoNonScrivonoNull
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     Servi(o.idSigillo, 0);
     auto d = Apri("frmLinkTitolari");
     QCOMPARE(d->Modello(0).Righe(), 0);
@@ -816,7 +790,7 @@ void TestLinkPuntiAccesso::chiudereIlDialogoAzzeraIlFlagDellaFinestra() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
     AmbienteLink a(backend);
-    const Oggetti o = NuoviOggetti(a);
+    const Oggetti o = a.NuoviOggetti();
     const struct {
         const char* dialogo;
         bool* flag;

@@ -43,18 +43,6 @@ qlonglong L(qint64 valore) {
     return static_cast<qlonglong>(valore);
 }
 
-bool Acceso(const QAbstractButton* pulsante) {
-    return pulsante->palette().color(QPalette::Button) ==
-           QApplication::palette().color(QPalette::Base);
-}
-
-// The objects served, under one finding aid, by their elements and their keys in their tables.
-struct Oggetti {
-    long pergamena = 0, idPergamena = 0;
-    long unita = 0, idUnita = 0;
-    long sigillo = 0, idSigillo = 0;
-};
-
 // The environment of the records with the main form open after a login on its database.
 struct Ambiente : AmbienteLink {
     explicit Ambiente(TipoBackend tipo)
@@ -68,19 +56,6 @@ struct Ambiente : AmbienteLink {
     ~Ambiente() { principale.reset(); }
     Ambiente(const Ambiente&) = delete;
     Ambiente& operator=(const Ambiente&) = delete;
-
-    Oggetti NuoviOggetti() const {
-        Oggetti o;
-        const long istituto = CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
-        const long inventario = Crea("03", QStringLiteral("Inventario"), istituto);
-        o.pergamena = Crea("05", QStringLiteral("P1"), inventario);
-        o.idPergamena = Dettaglio("Pergamene", "ID_Pergamena", o.pergamena);
-        o.unita = Crea("07", QStringLiteral("Busta 1"), inventario);
-        o.idUnita = Dettaglio("DatiInventariali", "ID_DatoInventariale", o.unita);
-        o.sigillo = Crea("06", QStringLiteral("Sigillo"), o.pergamena);
-        o.idSigillo = Dettaglio("Sigilli", "ID_Sigillo", o.sigillo);
-        return o;
-    }
 
     // The window of the menu entry, opened from the main form.
     QPointer<FinestraPuntoAccesso> Finestra(const char* sVoce, const char* sNome) const {
@@ -300,14 +275,14 @@ void TestStradePuntiAccesso::
                                     "AND ID_Antroponimo = ? AND Ruolo = ?"),
                      {L(o.idPergamena), L(lId), QStringLiteral("Testimone")}),
              1);
-    QVERIFY(Acceso(Pulsante(&pergamena, "cmdMostraAntroponimi")));
+    QVERIFY(PulsanteAcceso(Pulsante(&pergamena, "cmdMostraAntroponimi")));
 
     // 3. Seen from its window: the parchments' button lit, the units' off, no delete.
     f->SelezionaRiga(Riga(*f, sNome));
     QVERIFY(f->cmdMostraLinks[0]->isEnabled());
-    QVERIFY(Acceso(f->cmdMostraLinks[0]));
+    QVERIFY(PulsanteAcceso(f->cmdMostraLinks[0]));
     QVERIFY(!f->cmdMostraLinks[1]->isEnabled());
-    QVERIFY(!Acceso(f->cmdMostraLinks[1]));
+    QVERIFY(!PulsanteAcceso(f->cmdMostraLinks[1]));
     QVERIFY(!f->cmdCancella->isEnabled());
     QList<qint64> chiavi;
     const QStringList attesi = a.Attesi(QLatin1String(PGAntALL), lId, chiavi);
@@ -383,8 +358,8 @@ void TestStradePuntiAccesso::
 
     // Seen from its window: both buttons lit, no delete; each viewer shows its side.
     f->SelezionaRiga(Riga(*f, sNome));
-    QVERIFY(f->cmdMostraLinks[0]->isEnabled() && Acceso(f->cmdMostraLinks[0]));
-    QVERIFY(f->cmdMostraLinks[1]->isEnabled() && Acceso(f->cmdMostraLinks[1]));
+    QVERIFY(f->cmdMostraLinks[0]->isEnabled() && PulsanteAcceso(f->cmdMostraLinks[0]));
+    QVERIFY(f->cmdMostraLinks[1]->isEnabled() && PulsanteAcceso(f->cmdMostraLinks[1]));
     QVERIFY(!f->cmdCancella->isEnabled());
     QList<qint64> chiaviPG;
     const QStringList attesiPG = a.Attesi(QLatin1String(PGTopALL), lId, chiaviPG);
@@ -475,7 +450,7 @@ void TestStradePuntiAccesso::unTitolareLegatoAlSigilloConRuoloSiVedeSiSciogliESi
 
     f->SelezionaRiga(Riga(*f, sNome));
     QVERIFY(f->cmdMostraLinks[0]->isEnabled());
-    QVERIFY(Acceso(f->cmdMostraLinks[0]));
+    QVERIFY(PulsanteAcceso(f->cmdMostraLinks[0]));
     QVERIFY(!f->cmdCancella->isEnabled());
     QList<qint64> chiavi;
     const QStringList attesi = a.Attesi(QLatin1String(TitSG), lId, chiavi);

@@ -21,6 +21,19 @@ AmbienteLink::AmbienteLink(TipoBackend tipo, const QStringList& script)
                       "LivelliDI.txt"},
                      script) {}
 
+Oggetti AmbienteLink::NuoviOggetti() const {
+    Oggetti o;
+    const long istituto = CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+    const long inventario = Crea("03", QStringLiteral("Inventario"), istituto);
+    o.pergamena = Crea("05", QStringLiteral("P1"), inventario);
+    o.idPergamena = Dettaglio("Pergamene", "ID_Pergamena", o.pergamena);
+    o.unita = Crea("07", QStringLiteral("Busta 1"), inventario);
+    o.idUnita = Dettaglio("DatiInventariali", "ID_DatoInventariale", o.unita);
+    o.sigillo = Crea("06", QStringLiteral("Sigillo"), o.pergamena);
+    o.idSigillo = Dettaglio("Sigilli", "ID_Sigillo", o.sigillo);
+    return o;
+}
+
 long AmbienteLink::Dettaglio(const char* tabella, const char* chiave, long idElemento) const {
     return static_cast<long>(Valore(QStringLiteral("SELECT %1 FROM %2 WHERE ID_Elemento = ?")
                                         .arg(QLatin1String(chiave), QLatin1String(tabella)),

@@ -17,9 +17,19 @@ class QDialog;
 class QPushButton;
 class QTreeWidget;
 
+// The objects served: a parchment, a unit and a seal under one finding aid, by their elements and
+// their keys in their own tables.
+struct Oggetti {
+    long pergamena = 0, idPergamena = 0;
+    long unita = 0, idUnita = 0;
+    long sigillo = 0, idSigillo = 0;
+};
+
 struct AmbienteLink : AmbienteRecord {
     explicit AmbienteLink(TipoBackend tipo, const QStringList& script = {});
 
+    // A parchment, a unit and a seal made under a new finding aid of a new institute.
+    Oggetti NuoviOggetti() const;
     // The key of an element's row in its detail table.
     long Dettaglio(const char* tabella, const char* chiave, long idElemento) const;
     // A row with its own key in a table of the access points or of producers.
