@@ -274,7 +274,7 @@ ucDatiInventariali::ucDatiInventariali(QWidget* parent)
 
     // A wrong date does not let the focus go.
     for (int n : {5, 6})
-        ControllaAllUscita(Testo(n), &ucDatiInventariali::ControllaData, Uscita::Rifiuta);
+        ControllaAllUscita(Testo(n), &EditoreRecord::DataErrata, Uscita::Rifiuta);
 
     connect(d->cmbTipologiaDI, &QComboBox::currentIndexChanged, this,
             [this] { LivelloCliccato(); });
@@ -629,11 +629,4 @@ void ucDatiInventariali::cmdMostraLink_Click() {
         }
         RefreshButton();
     });
-}
-
-QString ucDatiInventariali::ControllaData(const QString& sTesto) {
-    const QString s = Trim(sTesto);
-    if (!s.isEmpty() && !IsDate(s))
-        return QStringLiteral("Data errata");
-    return QString();
 }

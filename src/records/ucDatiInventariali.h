@@ -77,8 +77,6 @@ private:
     // again, the buttons coloured and the host told.
     void ApriLink(const QString& sDialogo, void (ucDatiInventariali::*ricontrolla)(long));
     void cmdMostraLink_Click();
-    // The check of a date box on leaving it: the message, "" when the text is accepted.
-    static QString ControllaData(const QString& sTesto);
 
     struct Dati;
     Dati* d;

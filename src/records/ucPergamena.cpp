@@ -67,18 +67,6 @@ QVariant ColonnaSigilli(const QString& sTesto) {
     return QVariant(qlonglong(qRound64(NumeroOZero(sTesto).toDouble())));
 }
 
-// The identifier for its column, never Null: an empty box gives an empty text.
-QVariant Segnatura(const QString& sTesto) {
-    const QString s = TestoODefault(sTesto);
-    return QVariant(s.isNull() ? QStringLiteral("") : s);
-}
-
-// A date of the form dd/mm/yyyy for its column: Null when the text is no date.
-QVariant ColonnaData(const QString& sTesto) {
-    const QVariant numero = NumeroDaData(sTesto);
-    return ENull(numero) ? EditoreRecord::NullNumero() : numero;
-}
-
 // An update of one row that must be there: a row missing is an error of the update.
 void ScriviRiga(const QString& sTabella, const QString& sSql,
                 std::initializer_list<QVariant> valori, long lIdPergamena) {
@@ -377,7 +365,7 @@ ucPergamena::ucPergamena(QWidget* parent)
     for (int n : {26, 27})
         ControllaAllUscita(Testo(n), &ucPergamena::ControllaNumero);
     for (int n : {1, 33})
-        ControllaAllUscita(Testo(n), &ucPergamena::ControllaData);
+        ControllaAllUscita(Testo(n), &EditoreRecord::DataErrata);
 
     connect(d->cmbTraditio, &QComboBox::currentIndexChanged, this,
             [this](int indice) { TraditioCliccato(indice); });
@@ -547,9 +535,9 @@ void ucPergamena::Salva(long IDElem) {
         const auto testo = [this](int n) {
             return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
         };
-        cnn.Esegui(SqlScrivi, {Segnatura(TestoDi(Testo(0))),
-                               ColonnaData(TestoDi(Testo(1))),
-                               ColonnaData(TestoDi(Testo(33))),
+        cnn.Esegui(SqlScrivi, {TestoNonNullo(TestoODefault(TestoDi(Testo(0)))),
+                               ColonnaDataCompleta(TestoDi(Testo(1))),
+                               ColonnaDataCompleta(TestoDi(Testo(33))),
                                testo(2),
                                testo(3),
                                testo(4),
@@ -792,12 +780,5 @@ void ucPergamena::cmdMostraSigilli_Click() {
 QString ucPergamena::ControllaNumero(const QString& sTesto) {
     if (!sTesto.isEmpty() && !IsNumeric(sTesto))
         return QStringLiteral("Numero errato");
-    return QString();
-}
-
-QString ucPergamena::ControllaData(const QString& sTesto) {
-    const QString s = Trim(sTesto);
-    if (!s.isEmpty() && !IsDate(s))
-        return QStringLiteral("Data errata");
     return QString();
 }

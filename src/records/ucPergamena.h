@@ -85,9 +85,8 @@ private:
                     const QVariantMap& argomenti = {});
     void cmdMostraPergamene_Click();
     void cmdMostraSigilli_Click();
-    // The checks on leaving a box: the message, "" when the text is accepted.
+    // The check of a number box on leaving it: the message, "" when the text is accepted.
     static QString ControllaNumero(const QString& sTesto);
-    static QString ControllaData(const QString& sTesto);
 
     struct Dati;
     Dati* d;
