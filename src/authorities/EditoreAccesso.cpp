@@ -115,8 +115,7 @@ void EditoreAccesso::Salva(long ID) {
         colonne << Colonna(tipo.campi.at(i).sColonna) + QStringLiteral(" = ?");
         if (i == 0) {
             // The name is never Null.
-            const QString sNome = TestoODefault(TestoDi(Testo(0)));
-            valori << QVariant(sNome.isNull() ? QStringLiteral("") : sNome);
+            valori << TestoNonNullo(TestoODefault(TestoDi(Testo(0))));
         } else {
             valori << ColonnaTesto(NullSeVuoto(TestoDi(Testo(i))));
         }

@@ -356,17 +356,14 @@ QList<QVariant> EditoreProduttore::ValoriSalva(long lIdSoggettoRiga) const {
         case Genere::Testo:
             if (c.indice == 0) {
                 // The name is never Null.
-                const QString sNome = TestoODefault(Casella(0));
-                valori << QVariant(sNome.isNull() ? QStringLiteral("") : sNome);
+                valori << TestoNonNullo(TestoODefault(Casella(0)));
             } else {
                 valori << ColonnaTesto(NullSeVuoto(Casella(c.indice)));
             }
             break;
-        case Genere::Data: {
-            const QVariant numero = NumeroDaData(Casella(c.indice));
-            valori << (ENull(numero) ? NullNumero() : numero);
+        case Genere::Data:
+            valori << ColonnaDataCompleta(Casella(c.indice));
             break;
-        }
         case Genere::AnnoInizio:
         case Genere::AnnoFine:
             valori << ColonnaIntera(DataDaAnno(Casella(c.indice), c.genere == Genere::AnnoInizio));
