@@ -1,6 +1,7 @@
 #include "DialogoSpunte.h"
 
 #include "ModelloSpunte.h"
+#include "SlotSpunte.h"
 #include "records/EditoreRecord.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
@@ -336,26 +337,17 @@ void DialogoSpunte::ItemCheck(int iPagina, int iRiga) {
         }
         return;
     }
-    QVector<long>& aSel = *collegamento.aSel;
-    const long lId = static_cast<long>(modello.Id(iRiga));
-    if (modello.Spuntata(iRiga)) {
+    const bool bSpuntata = modello.Spuntata(iRiga);
+    if (bSpuntata) {
         ++lNumSel;
-        aSel.append(lId);
-    } else {
-        for (long& slot : aSel) {
-            if (slot == lId) {
-                slot = 0;
-            }
-        }
     }
+    SegnaSpunta(*collegamento.aSel, static_cast<long>(modello.Id(iRiga)), bSpuntata);
     AbilitaCollega();
     RicostruisciScelti(iPagina);
 }
 
 void DialogoSpunte::AbilitaCollega() {
-    const QVector<long>& aSel = *collegamento.aSel;
-    const auto zeri = std::count(aSel.cbegin(), aSel.cend(), 0L);
-    cmdCollega->setEnabled(lNumSel > zeri);
+    cmdCollega->setEnabled(lNumSel > SlotVuoti(*collegamento.aSel));
 }
 
 void DialogoSpunte::RicostruisciScelti(int iPagina) {

@@ -113,26 +113,9 @@ void SelettoreAlbero::NodeCheck(const QModelIndex& nodo, bool bSpuntato) {
         }
         return;
     }
-    const qint64 lId = Modello().Id(nodo);
-    if (bSpuntato) {
-        aScelti.append(lId);
-    } else {
-        for (qint64& lScelto : aScelti) {
-            if (lScelto == lId) {
-                lScelto = 0;
-            }
-        }
-    }
+    SegnaSpunta(aScelti, Modello().Id(nodo), bSpuntato);
     cmdCollega->setEnabled(SceltiPieni() > 0);
     RicostruisciScelti();
-}
-
-int SelettoreAlbero::SceltiPieni() const {
-    int iPieni = 0;
-    for (const qint64 lScelto : aScelti) {
-        iPieni += lScelto != 0 ? 1 : 0;
-    }
-    return iPieni;
 }
 
 void SelettoreAlbero::RicostruisciScelti() {

@@ -13,6 +13,7 @@
 // picker is hosted modally in a dialog (InDialogo), which closes with its outcome; its unload
 // clears bFrmStrutturaINAperto.
 
+#include "SlotSpunte.h"
 #include "structure/FinestraStruttura.h"
 
 #include <QVector>
@@ -51,7 +52,7 @@ public:
     // The chosen ids, one slot for each tick ever made, 0 where the node was unticked.
     const QVector<qint64>& Scelti() const { return aScelti; }
     // The slots that still hold an id.
-    int SceltiPieni() const;
+    int SceltiPieni() const { return static_cast<int>(SlotPieni(aScelti)); }
     // The node whose tick was last undone (its id; 0 none).
     qint64 lIdDaTogliere = 0;
 
