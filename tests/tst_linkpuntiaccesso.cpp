@@ -107,56 +107,6 @@ qlonglong L(qint64 v) {
     return static_cast<qlonglong>(v);
 }
 
-// What one road through viewer, dialog and fresh viewer saw.
-struct Strada {
-    bool bDialogo = false;
-    QStringList voci;          // the dialog's list
-    QStringList primaDopo;     // the fresh viewer's list after the tie
-    QString etichetta;         // the dialog's label of the object
-    bool bFromSigilli = false; // the holders' dialog reached from the seal
-    bool bBloccati = false;    // the names chosen change only through the ticks
-};
-
-// From the viewer up: Nuovo collegamento; in the dialog the entry named is ticked and tied; in
-// the fresh viewer, when a role is given, it is typed and confirmed, then the tie is deleted
-// when bScioglie, and the viewer closes.
-void Percorri(const QString& sVisualizzatore, const QString& sDialogo, const QString& sVoce,
-              const QString& sRuolo, bool bScioglie, Strada& strada) {
-    AlComparire(sVisualizzatore, [=, &strada](QWidget* visualizzatore) {
-        AlComparire(sDialogo, [=, &strada](QWidget* finestra) {
-            auto* d = static_cast<DialogoPuntoAccesso*>(finestra);
-            strada.bDialogo = true;
-            strada.voci = Voci(*d);
-            strada.etichetta = Etichetta(d, "Label1(0)");
-            strada.bBloccati = Controllo<QLineEdit>(d, QStringLiteral("Text1(1)"))->isReadOnly();
-            if (auto* titolari = qobject_cast<frmLinkTitolari*>(d)) {
-                strada.bFromSigilli = titolari->bFromSigilli;
-            }
-            AlComparire(sVisualizzatore, [=, &strada](QWidget* nuovo) {
-                QTreeWidget* lista = Lista(nuovo);
-                strada.primaDopo = Testi(lista);
-                if (!sRuolo.isNull()) {
-                    lista->setCurrentItem(lista->topLevelItem(0));
-                    Comando(nuovo, "cmdModificaRuolo")->click();
-                    QLineEdit* ruolo =
-                        Controllo<QComboBox>(nuovo, QStringLiteral("cmbRuolo"))->lineEdit();
-                    ruolo->clear();
-                    QTest::keyClicks(ruolo, sRuolo);
-                    Comando(nuovo, "cmdConferma")->click();
-                }
-                if (bScioglie) {
-                    lista->setCurrentItem(lista->topLevelItem(0));
-                    Comando(nuovo, "cmdCancella")->click();
-                }
-                static_cast<QDialog*>(nuovo)->reject();
-            });
-            Spunta(*d, static_cast<int>(Voci(*d).indexOf(sVoce)));
-            d->cmdCollega->click();
-        });
-        Comando(visualizzatore, "cmdNuovoCol")->click();
-    });
-}
-
 } // namespace
 
 class TestLinkPuntiAccesso : public QObject {
@@ -454,15 +404,15 @@ void TestLinkPuntiAccesso::unaPersonaSiLegaDallaPergamenaPrendeIlRuoloESiSciogli
     QAbstractButton* pulsante = Comando(&editore, "cmdMostraAntroponimi");
     QVERIFY(!PulsanteAcceso(pulsante));
 
-    Strada strada;
-    Percorri(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("frmLinkAntroponimi"),
-             QStringLiteral("Rolando"), QStringLiteral("Testimone"), false, strada);
+    StradaPuntoAccesso strada;
+    PercorriPuntoAccesso(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("frmLinkAntroponimi"),
+                         QStringLiteral("Rolando"), QStringLiteral("Testimone"), strada, false);
     pulsante->click();
     QVERIFY(strada.bDialogo);
     QCOMPARE(strada.etichetta, QStringLiteral("Pergamena selezionata"));
     QVERIFY(strada.bBloccati);
     QCOMPARE(strada.voci, (QStringList{QStringLiteral("Rolando"), QStringLiteral("Ubaldo")}));
-    QCOMPARE(strada.primaDopo, QStringList{QStringLiteral("Rolando")});
+    QCOMPARE(strada.dopo, QStringList{QStringLiteral("Rolando")});
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi WHERE ID_Pergamena = ? "
                                     "AND ID_Antroponimo = ? AND Ruolo = ?"),
                      {L(o.idPergamena), L(rolando), QStringLiteral("Testimone")}),
@@ -495,14 +445,14 @@ void TestLinkPuntiAccesso::unLuogoSiLegaDallaPergamenaESiScioglie() {
     EditorePronto<ucPergamena> editore(o.pergamena);
     QAbstractButton* pulsante = Comando(&editore, "cmdMostraToponimi");
     QVERIFY(!PulsanteAcceso(pulsante));
-    Strada strada;
+    StradaPuntoAccesso strada;
     a.seam.risposte = {Risposta::Si};
-    Percorri(QStringLiteral("frmMostraLinkTopo"), QStringLiteral("frmLinkToponimi"),
-             QStringLiteral("Lucca"), QString(), false, strada);
+    PercorriPuntoAccesso(QStringLiteral("frmMostraLinkTopo"), QStringLiteral("frmLinkToponimi"),
+                         QStringLiteral("Lucca"), QString(), strada, false);
     pulsante->click();
     QVERIFY(strada.bDialogo);
     QCOMPARE(strada.etichetta, QStringLiteral("Pergamena selezionata"));
-    QCOMPARE(strada.primaDopo, QStringList{QStringLiteral("Lucca")});
+    QCOMPARE(strada.dopo, QStringList{QStringLiteral("Lucca")});
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGToponimi WHERE ID_Pergamena = ? AND "
                                     "ID_Toponimo = ?"),
                      {L(o.idPergamena), L(lucca)}),
@@ -542,13 +492,13 @@ void TestLinkPuntiAccesso::personeELuoghiSiLeganoDallUnitaESiSciolgono() {
     for (const auto& caso : casi) {
         QAbstractButton* pulsante = Comando(&editore, caso.pulsante);
         QVERIFY2(!PulsanteAcceso(pulsante), caso.pulsante);
-        Strada strada;
-        Percorri(QLatin1String(caso.visualizzatore), QLatin1String(caso.dialogo),
-                 QLatin1String(caso.voce), QString(), false, strada);
+        StradaPuntoAccesso strada;
+        PercorriPuntoAccesso(QLatin1String(caso.visualizzatore), QLatin1String(caso.dialogo),
+                             QLatin1String(caso.voce), QString(), strada, false);
         pulsante->click();
         QVERIFY2(strada.bDialogo, caso.dialogo);
         QCOMPARE(strada.etichetta, QLatin1String(caso.etichetta));
-        QCOMPARE(strada.primaDopo, QStringList{QLatin1String(caso.voce)});
+        QCOMPARE(strada.dopo, QStringList{QLatin1String(caso.voce)});
         const QString sql = QStringLiteral("SELECT COUNT(*) FROM %1 WHERE ID_DatoInventariale = "
                                            "? AND %2 = ?")
                                 .arg(QLatin1String(caso.tabella), QLatin1String(caso.colonna));
@@ -577,17 +527,17 @@ void TestLinkPuntiAccesso::unTitolareSiLegaDalSigilloPrendeIlRuoloESiScioglie() 
     QSignalSpy eventi(&editore, &EditoreRecord::EventoStato);
     QAbstractButton* pulsante = Comando(&editore, "cmdMostraTitolari");
     QVERIFY(!PulsanteAcceso(pulsante));
-    Strada strada;
+    StradaPuntoAccesso strada;
     a.seam.risposte = {Risposta::Si};
-    Percorri(QStringLiteral("frmMostraLinkTitolari"), QStringLiteral("frmLinkTitolari"),
-             QStringLiteral("Capitolo"), QStringLiteral("Garante"), true, strada);
+    PercorriPuntoAccesso(QStringLiteral("frmMostraLinkTitolari"), QStringLiteral("frmLinkTitolari"),
+                         QStringLiteral("Capitolo"), QStringLiteral("Garante"), strada, true);
     pulsante->click();
     QVERIFY(strada.bDialogo);
     QCOMPARE(strada.etichetta, QStringLiteral("Sigillo selezionato"));
     // The seal's flag passes through the viewer to the dialog.
     QVERIFY(strada.bFromSigilli);
     QVERIFY(strada.bBloccati);
-    QCOMPARE(strada.primaDopo, QStringList{QStringLiteral("Capitolo")});
+    QCOMPARE(strada.dopo, QStringList{QStringLiteral("Capitolo")});
     // The tie was there with its role before the viewer undid it.
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM SGTitolari WHERE ID_Titolare = ?"),
                      {L(capitolo)}),
@@ -596,9 +546,9 @@ void TestLinkPuntiAccesso::unTitolareSiLegaDalSigilloPrendeIlRuoloESiScioglie() 
     QVERIFY(eventi.size() >= 1);
 
     // Tied again and kept, with its role.
-    Strada seconda;
-    Percorri(QStringLiteral("frmMostraLinkTitolari"), QStringLiteral("frmLinkTitolari"),
-             QStringLiteral("Capitolo"), QStringLiteral("Garante"), false, seconda);
+    StradaPuntoAccesso seconda;
+    PercorriPuntoAccesso(QStringLiteral("frmMostraLinkTitolari"), QStringLiteral("frmLinkTitolari"),
+                         QStringLiteral("Capitolo"), QStringLiteral("Garante"), seconda, false);
     pulsante->click();
     QVERIFY(seconda.bDialogo);
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM SGTitolari WHERE ID_Sigillo = ? AND "
@@ -616,10 +566,10 @@ void TestLinkPuntiAccesso::unRuoloDi33CaratteriVieneRiportatoA32() {
     const Oggetti o = a.NuoviOggetti();
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
     EditorePronto<ucPergamena> editore(o.pergamena);
-    Strada strada;
+    StradaPuntoAccesso strada;
     const QString lungo = QString(32, QLatin1Char('r')) + QLatin1Char('x');
-    Percorri(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("frmLinkAntroponimi"),
-             QStringLiteral("Rolando"), lungo, false, strada);
+    PercorriPuntoAccesso(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("frmLinkAntroponimi"),
+                         QStringLiteral("Rolando"), lungo, strada, false);
     Comando(&editore, "cmdMostraAntroponimi")->click();
     QVERIFY(strada.bDialogo);
     QCOMPARE(a.seam.Messaggi().size(), 1);

@@ -112,63 +112,6 @@ QPointer<FinestraPuntoAccesso> Riapri(const Ambiente& a, QPointer<FinestraPuntoA
     return a.Finestra(sVoce, sNome);
 }
 
-int RigaDelDialogo(const DialogoPuntoAccesso& d, const QString& sVoce) {
-    for (int i = 0; i < d.Modello(0).Righe(); ++i) {
-        if (d.Modello(0).Testo(i) == sVoce) {
-            return i;
-        }
-    }
-    return -1;
-}
-
-// The user's tick on the dialog's row of that name: the row made current, then the space key.
-void SpuntaNelDialogo(DialogoPuntoAccesso& d, const QString& sVoce) {
-    auto* lista = Controllo<QTreeView>(&d, QStringLiteral("lvwDB"));
-    lista->setCurrentIndex(d.Modello(0).index(RigaDelDialogo(d, sVoce)));
-    QTest::keyClick(lista, Qt::Key_Space);
-}
-
-// What a road from a record saw: the dialog, and the fresh viewer's list after the tie.
-struct Strada {
-    bool bDialogo = false;
-    QStringList dopo;
-};
-
-// From the record's viewer: Nuovo collegamento; in the dialog, prima (when given) and the tick
-// on the entry, then Collega; in the fresh viewer the role, when given, typed and confirmed on
-// the entry's item, and the viewer closed.
-void Lega(const QString& sViewer, const QString& sDialogo, const QString& sVoce,
-          const QString& sRuolo, Strada& strada,
-          std::function<void(DialogoPuntoAccesso&)> prima = {}) {
-    AlComparire(sViewer, [=, &strada](QWidget* viewer) {
-        AlComparire(sDialogo, [=, &strada](QWidget* finestra) {
-            auto* d = static_cast<DialogoPuntoAccesso*>(finestra);
-            strada.bDialogo = true;
-            AlComparire(sViewer, [=, &strada](QWidget* nuovo) {
-                QTreeWidget* lista = Lista(nuovo);
-                strada.dopo = Testi(lista);
-                const int iRiga = static_cast<int>(strada.dopo.indexOf(sVoce));
-                if (!sRuolo.isNull() && iRiga >= 0) {
-                    lista->setCurrentItem(lista->topLevelItem(iRiga));
-                    Bottone(nuovo, "cmdModificaRuolo")->click();
-                    QLineEdit* ruolo =
-                        Controllo<QComboBox>(nuovo, QStringLiteral("cmbRuolo"))->lineEdit();
-                    ruolo->clear();
-                    QTest::keyClicks(ruolo, sRuolo);
-                    Bottone(nuovo, "cmdConferma")->click();
-                }
-                static_cast<QDialog*>(nuovo)->reject();
-            });
-            if (prima) {
-                prima(*d);
-            }
-            SpuntaNelDialogo(*d, sVoce);
-            d->cmdCollega->click();
-        });
-        Bottone(viewer, "cmdNuovoCol")->click();
-    });
-}
-
 // What the entry's viewer showed: its title, texts and keys; when bScioglie, the item at that
 // text is deleted after the question before the viewer closes.
 struct Vista {
@@ -265,9 +208,9 @@ void TestStradePuntiAccesso::
 
     // 2. Tied from the parchment, with a role.
     EditorePronto<ucPergamena> pergamena(o.pergamena);
-    Strada strada;
-    Lega(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("frmLinkAntroponimi"), sNome,
-         QStringLiteral("Testimone"), strada);
+    StradaPuntoAccesso strada;
+    PercorriPuntoAccesso(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("frmLinkAntroponimi"),
+                         sNome, QStringLiteral("Testimone"), strada);
     Pulsante(&pergamena, "cmdMostraAntroponimi")->click();
     QVERIFY(strada.bDialogo);
     QCOMPARE(strada.dopo, QStringList{sNome});
@@ -334,16 +277,16 @@ void TestStradePuntiAccesso::
 
     // Tied from the parchment and from the unit.
     EditorePronto<ucPergamena> pergamena(o.pergamena);
-    Strada daPergamena;
-    Lega(QStringLiteral("frmMostraLinkTopo"), QStringLiteral("frmLinkToponimi"), sNome, QString(),
-         daPergamena);
+    StradaPuntoAccesso daPergamena;
+    PercorriPuntoAccesso(QStringLiteral("frmMostraLinkTopo"), QStringLiteral("frmLinkToponimi"),
+                         sNome, QString(), daPergamena);
     Pulsante(&pergamena, "cmdMostraToponimi")->click();
     QVERIFY(daPergamena.bDialogo);
     QCOMPARE(daPergamena.dopo, QStringList{sNome});
     EditorePronto<ucDatiInventariali> unita(o.unita);
-    Strada daUnita;
-    Lega(QStringLiteral("frmMostraLinkTopo"), QStringLiteral("frmLinkToponimi"), sNome, QString(),
-         daUnita);
+    StradaPuntoAccesso daUnita;
+    PercorriPuntoAccesso(QStringLiteral("frmMostraLinkTopo"), QStringLiteral("frmLinkToponimi"),
+                         sNome, QString(), daUnita);
     Pulsante(&unita, "cmdMostraToponimi")->click();
     QVERIFY(daUnita.bDialogo);
     QCOMPARE(daUnita.dopo, QStringList{sNome});
@@ -437,9 +380,9 @@ void TestStradePuntiAccesso::unTitolareLegatoAlSigilloConRuoloSiVedeSiSciogliESi
              sNome);
 
     EditorePronto<ucSigillo> sigillo(o.sigillo);
-    Strada strada;
-    Lega(QStringLiteral("frmMostraLinkTitolari"), QStringLiteral("frmLinkTitolari"), sNome,
-         QStringLiteral("Garante"), strada);
+    StradaPuntoAccesso strada;
+    PercorriPuntoAccesso(QStringLiteral("frmMostraLinkTitolari"), QStringLiteral("frmLinkTitolari"),
+                         sNome, QStringLiteral("Garante"), strada);
     Pulsante(&sigillo, "cmdMostraTitolari")->click();
     QVERIFY(strada.bDialogo);
     QCOMPARE(strada.dopo, QStringList{sNome});
@@ -486,13 +429,13 @@ void TestStradePuntiAccesso::unaPersonaFattaNelDialogoSiVedePoiInPersoneLegata()
     const QString sNome = QStringLiteral("Bàrtolo \"il Giovane\" d'Orso");
 
     EditorePronto<ucPergamena> pergamena(o.pergamena);
-    Strada strada;
-    Lega(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("frmLinkAntroponimi"), sNome, QString(),
-         strada, [&sNome](DialogoPuntoAccesso& d) {
-             d.cmdNuovoSog->click();
-             ScriviTesto(d.Editore(), 0, sNome);
-             d.cmdConferma->click();
-         });
+    StradaPuntoAccesso strada;
+    PercorriPuntoAccesso(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("frmLinkAntroponimi"),
+                         sNome, QString(), strada, false, [&sNome](DialogoPuntoAccesso& d) {
+                             d.cmdNuovoSog->click();
+                             ScriviTesto(d.Editore(), 0, sNome);
+                             d.cmdConferma->click();
+                         });
     Pulsante(&pergamena, "cmdMostraAntroponimi")->click();
     QVERIFY(strada.bDialogo);
     QCOMPARE(strada.dopo, QStringList{sNome});

@@ -1,16 +1,23 @@
 #include "AmbienteLink.h"
 
+#include "links/ModelloSpunte.h"
 #include "links/VisualizzatoriLink.h"
+#include "links/frmLinkPuntiAccesso.h"
 #include "store/Connessione.h"
 
 #include "Modali.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSqlQuery>
 #include <QTabWidget>
+#include <QTest>
+#include <QTreeView>
 #include <QTreeWidget>
 
 AmbienteLink::AmbienteLink(TipoBackend tipo, const QStringList& script)
@@ -163,4 +170,57 @@ qint64 CancellaLaPrimaVoce(PiattaformaScriptata& seam, QWidget* visualizzatore) 
 bool PulsanteAcceso(const QAbstractButton* pulsante) {
     return pulsante->palette().color(QPalette::Button) ==
            QApplication::palette().color(QPalette::Base);
+}
+
+void PercorriPuntoAccesso(const QString& sVisualizzatore, const QString& sDialogo,
+                          const QString& sVoce, const QString& sRuolo, StradaPuntoAccesso& strada,
+                          bool bScioglie, std::function<void(DialogoPuntoAccesso&)> prima) {
+    AlComparire(sVisualizzatore, [=, &strada](QWidget* visualizzatore) {
+        AlComparire(sDialogo, [=, &strada](QWidget* finestra) {
+            auto* d = static_cast<DialogoPuntoAccesso*>(finestra);
+            strada.bDialogo = true;
+            strada.voci.clear();
+            for (int i = 0; i < d->Modello(0).Righe(); ++i) {
+                strada.voci << d->Modello(0).Testo(i);
+            }
+            strada.etichetta = Controllo<QLabel>(d, QStringLiteral("Label1(0)"))->text();
+            strada.bBloccati = Controllo<QLineEdit>(d, QStringLiteral("Text1(1)"))->isReadOnly();
+            if (auto* titolari = qobject_cast<frmLinkTitolari*>(d)) {
+                strada.bFromSigilli = titolari->bFromSigilli;
+            }
+            AlComparire(sVisualizzatore, [=, &strada](QWidget* nuovo) {
+                QTreeWidget* lista = Lista(nuovo);
+                strada.dopo = Testi(lista);
+                const int iRiga = static_cast<int>(strada.dopo.indexOf(sVoce));
+                if (!sRuolo.isNull() && iRiga >= 0) {
+                    lista->setCurrentItem(lista->topLevelItem(iRiga));
+                    Bottone(nuovo, "cmdModificaRuolo")->click();
+                    QLineEdit* ruolo =
+                        Controllo<QComboBox>(nuovo, QStringLiteral("cmbRuolo"))->lineEdit();
+                    ruolo->clear();
+                    QTest::keyClicks(ruolo, sRuolo);
+                    Bottone(nuovo, "cmdConferma")->click();
+                }
+                if (bScioglie && iRiga >= 0) {
+                    lista->setCurrentItem(lista->topLevelItem(iRiga));
+                    Bottone(nuovo, "cmdCancella")->click();
+                }
+                static_cast<QDialog*>(nuovo)->reject();
+            });
+            if (prima) {
+                prima(*d);
+            }
+            // The user's tick on the entry's row as the list stands now: the row made the
+            // current one, then the space key.
+            int iVoce = -1;
+            for (int i = 0; i < d->Modello(0).Righe() && iVoce < 0; ++i) {
+                iVoce = d->Modello(0).Testo(i) == sVoce ? i : -1;
+            }
+            auto* elenco = Controllo<QTreeView>(d, QStringLiteral("lvwDB"));
+            elenco->setCurrentIndex(d->Modello(0).index(iVoce));
+            QTest::keyClick(elenco, Qt::Key_Space);
+            d->cmdCollega->click();
+        });
+        Bottone(visualizzatore, "cmdNuovoCol")->click();
+    });
 }

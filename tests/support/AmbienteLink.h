@@ -11,7 +11,9 @@
 #include <QString>
 #include <QStringList>
 #include <QVariantMap>
+#include <functional>
 
+class DialogoPuntoAccesso;
 class QAbstractButton;
 class QDialog;
 class QPushButton;
@@ -63,3 +65,21 @@ QPushButton* Bottone(const QWidget* visualizzatore, const char* nome);
 qint64 CancellaLaPrimaVoce(PiattaformaScriptata& seam, QWidget* visualizzatore);
 // A record's link button lit: it has links (the window's colour, not the button face).
 bool PulsanteAcceso(const QAbstractButton* pulsante);
+
+// What one road from a record through its viewer, an access point's dialog and a fresh viewer saw.
+struct StradaPuntoAccesso {
+    bool bDialogo = false;
+    QStringList voci;          // the dialog's list
+    QString etichetta;         // the dialog's label of the object
+    bool bFromSigilli = false; // the holders' dialog reached from the seal
+    bool bBloccati = false;    // the names chosen change only through the ticks
+    QStringList dopo;          // the fresh viewer's list after the tie
+};
+// From the record's viewer up: Nuovo collegamento; in the dialog, prima (when given), then the
+// user's tick on the entry named and Collega; in the fresh viewer the role, when given, typed and
+// confirmed on the entry's item, the tie deleted when bScioglie (the question answered as the
+// test scripted it), and the viewer closed.
+void PercorriPuntoAccesso(const QString& sVisualizzatore, const QString& sDialogo,
+                          const QString& sVoce, const QString& sRuolo, StradaPuntoAccesso& strada,
+                          bool bScioglie = false,
+                          std::function<void(DialogoPuntoAccesso&)> prima = {});
