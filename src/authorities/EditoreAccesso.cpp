@@ -61,10 +61,6 @@ EditoreAccesso::EditoreAccesso(Tipo tipoPunto, QWidget* parent)
 
 EditoreAccesso::~EditoreAccesso() = default;
 
-QList<QWidget*> EditoreAccesso::Controls() const {
-    return EditoreRecord::Controls();
-}
-
 void EditoreAccesso::Init() {
     LeggiStato(false, 0);
     BloccaCampi();
@@ -99,14 +95,6 @@ void EditoreAccesso::Mostra(long ID) {
     BloccaCampi();
 }
 
-void EditoreAccesso::Modifica() {
-    SbloccaCampi();
-}
-
-bool EditoreAccesso::CheckMandatoryFields() {
-    return EditoreRecord::CheckMandatoryFields();
-}
-
 void EditoreAccesso::Salva(long ID) {
     const Connessione& cnn = Cnn();
     QStringList colonne;
@@ -134,20 +122,12 @@ void EditoreAccesso::Salva(long ID) {
     BloccaCampi();
 }
 
-void EditoreAccesso::Annulla() {
-    BloccaCampi();
-}
-
 QString EditoreAccesso::LeggiDenominazione() const {
     return TestoDi(Testo(0));
 }
 
 long EditoreAccesso::LeggiID() const {
     return lChiave;
-}
-
-void EditoreAccesso::Pulisci() {
-    EditoreRecord::Pulisci();
 }
 
 QList<const bool*> EditoreAccesso::FlagLegami() const {

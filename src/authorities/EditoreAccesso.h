@@ -20,7 +20,6 @@ class EditoreAccesso : public EditoreRecord {
 public:
     ~EditoreAccesso() override;
 
-    QList<QWidget*> Controls() const override;
     // The key 0, nothing in hand: only a new entry may be made.
     void Init() override;
     // Every box empty, the fields unlocked.
@@ -28,18 +27,15 @@ public:
     // The row of the table's key; the fields empty and every flag but OkNuovo false when it is
     // not there.
     void Mostra(long ID) override;
-    void Modifica() override;
-    bool CheckMandatoryFields() override;
     // Writes the fields into the row of the key (nothing when the row is not there), the name
     // never Null and the other fields Null when empty; then the flags as after Mostra.
     void Salva(long ID) override;
-    void Annulla() override;
     // The name, Text1(0).
     QString LeggiDenominazione() const override;
     // The key of the row in hand (0 when none).
     long LeggiID() const;
     // Every box empty.
-    void Pulisci();
+    using EditoreRecord::Pulisci;
 
     // The flags of the links, one a join table in the order of the kind's description (they
     // enable the buttons of the viewers of links).

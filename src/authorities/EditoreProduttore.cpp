@@ -140,10 +140,6 @@ EditoreProduttore::~EditoreProduttore() = default;
 
 // --- The protocol --------------------------------------------------------------------------
 
-QList<QWidget*> EditoreProduttore::Controls() const {
-    return EditoreRecord::Controls();
-}
-
 void EditoreProduttore::Init() {
     if (cmbProfili != nullptr) {
         cmbProfili->clear();
@@ -214,14 +210,6 @@ void EditoreProduttore::Mostra(long ID_Soggetto) {
     BloccaCampi();
 }
 
-void EditoreProduttore::Modifica() {
-    SbloccaCampi();
-}
-
-bool EditoreProduttore::CheckMandatoryFields() {
-    return EditoreRecord::CheckMandatoryFields();
-}
-
 void EditoreProduttore::Salva(long ID_Soggetto) {
     const Connessione& cnn = Cnn();
     const QVariant id = Id(ID_Soggetto);
@@ -243,10 +231,6 @@ void EditoreProduttore::Salva(long ID_Soggetto) {
                                 {id});
     const bool bTrovata = riga.next();
     LeggiStato(bTrovata, bTrovata ? Lungo(riga.value(0)) : 0, ID_Soggetto);
-    BloccaCampi();
-}
-
-void EditoreProduttore::Annulla() {
     BloccaCampi();
 }
 

@@ -28,14 +28,10 @@ class EditoreProduttore : public EditoreRecord {
 public:
     ~EditoreProduttore() override;
 
-    QList<QWidget*> Controls() const override;
     void Init() override;
     void Nuovo() override;
     void Mostra(long ID_Soggetto) override;
-    void Modifica() override;
-    bool CheckMandatoryFields() override;
     void Salva(long ID_Soggetto) override;
-    void Annulla() override;
     // The name, Text1(0).
     QString LeggiDenominazione() const override;
     // The tail that follows the name in a row of the list of producers.
