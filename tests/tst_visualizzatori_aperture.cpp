@@ -316,6 +316,19 @@ void TestVisualizzatoriAperture::sulleDemoOgniVisualizzatoreMostraIlinkDelDataba
         return QStringLiteral("SELECT %1 FROM %2 WHERE %3 GROUP BY %1 ORDER BY COUNT(*) DESC, %1")
             .arg(QLatin1String(colonna), QLatin1String(tabella), QLatin1String(dove));
     };
+    // The viewers of an entry's links, of one kind (0 the parchments', 1 the units'), and those
+    // of an object's links as its record's button serves them.
+    const auto perSoggetto = [](const QString& sTipo) {
+        return [sTipo](qint64 id) {
+            Sessione::sTipoLink = sTipo;
+            Sessione::lIdSoggetto = static_cast<long>(id);
+            return QVariantMap();
+        };
+    };
+    const auto perElementoLink = [](qint64 id) {
+        Sessione::lIdElementoLink = static_cast<long>(id);
+        return QVariantMap();
+    };
     const QList<Caso> casi = {
         {"frmMostraLinkCS",
          gruppo("CD.ID_Elemento", "ComplessiDocSoggetti L JOIN ComplessiDoc CD ON "
@@ -349,18 +362,10 @@ void TestVisualizzatoriAperture::sulleDemoOgniVisualizzatoreMostraIlinkDelDataba
          },
          QStringLiteral("SELECT ID_Elemento FROM Links WHERE ID_ElementoLink = ?")},
         {"frmMostraLinkSCD", gruppo("ID_Soggetto", "ComplessiDocSoggetti"),
-         [](qint64 id) {
-             Sessione::sTipoLink = QStringLiteral("0");
-             Sessione::lIdSoggetto = static_cast<long>(id);
-             return QVariantMap();
-         },
+         perSoggetto(QStringLiteral("0")),
          QStringLiteral("SELECT ID_ComplessoDoc FROM ComplessiDocSoggetti WHERE ID_Soggetto = ?")},
         {"frmMostraLinkSCD", gruppo("ID_Soggetto", "DatiInventarialiSoggetti"),
-         [](qint64 id) {
-             Sessione::sTipoLink = QStringLiteral("1");
-             Sessione::lIdSoggetto = static_cast<long>(id);
-             return QVariantMap();
-         },
+         perSoggetto(QStringLiteral("1")),
          QStringLiteral("SELECT ID_DatoInventariale FROM DatiInventarialiSoggetti WHERE "
                         "ID_Soggetto = ?")},
         {"frmMostraLinkCD",
@@ -371,17 +376,9 @@ void TestVisualizzatoriAperture::sulleDemoOgniVisualizzatoreMostraIlinkDelDataba
          },
          QStringLiteral("SELECT ID_ElementoLink FROM Links WHERE ID_Elemento = ? AND "
                         "ID_ElementoLink IN (SELECT ID_Elemento FROM Inventari)")},
-        {"frmMostraLinkAnt", gruppo("ID_Pergamena", "PGAntroponimi"),
-         [](qint64 id) {
-             Sessione::lIdElementoLink = static_cast<long>(id);
-             return QVariantMap();
-         },
+        {"frmMostraLinkAnt", gruppo("ID_Pergamena", "PGAntroponimi"), perElementoLink,
          QStringLiteral("SELECT ID_PGAntroponimo FROM PGAntroponimi WHERE ID_Pergamena = ?")},
-        {"frmMostraLinkDIAnt", gruppo("ID_DatoInventariale", "DIAntroponimi"),
-         [](qint64 id) {
-             Sessione::lIdElementoLink = static_cast<long>(id);
-             return QVariantMap();
-         },
+        {"frmMostraLinkDIAnt", gruppo("ID_DatoInventariale", "DIAntroponimi"), perElementoLink,
          QStringLiteral(
              "SELECT ID_DIAntroponimo FROM DIAntroponimi WHERE ID_DatoInventariale = ?")},
         {"frmMostraLinkTopo", gruppo("ID_Pergamena", "PGToponimi"),
@@ -398,11 +395,7 @@ void TestVisualizzatoriAperture::sulleDemoOgniVisualizzatoreMostraIlinkDelDataba
              return QVariantMap();
          },
          QStringLiteral("SELECT ID_Toponimo FROM DIToponimi WHERE ID_DatoInventariale = ?")},
-        {"frmMostraLinkTitolari", gruppo("ID_Sigillo", "SGTitolari"),
-         [](qint64 id) {
-             Sessione::lIdElementoLink = static_cast<long>(id);
-             return QVariantMap();
-         },
+        {"frmMostraLinkTitolari", gruppo("ID_Sigillo", "SGTitolari"), perElementoLink,
          QStringLiteral("SELECT ID_SGTitolare FROM SGTitolari WHERE ID_Sigillo = ?")},
         {"frmMostraLinkTitSG", gruppo("ID_Titolare", "SGTitolari"),
          [](qint64 id) {
@@ -411,32 +404,16 @@ void TestVisualizzatoriAperture::sulleDemoOgniVisualizzatoreMostraIlinkDelDataba
          },
          QStringLiteral("SELECT ID_SGTitolare FROM SGTitolari WHERE ID_Titolare = ?")},
         {"frmMostraLinkTopALL", gruppo("ID_Toponimo", "DIToponimi"),
-         [](qint64 id) {
-             Sessione::sTipoLink = QStringLiteral("1");
-             Sessione::lIdSoggetto = static_cast<long>(id);
-             return QVariantMap();
-         },
+         perSoggetto(QStringLiteral("1")),
          QStringLiteral("SELECT ID_DatoInventariale FROM DIToponimi WHERE ID_Toponimo = ?")},
         {"frmMostraLinkTopALL", gruppo("ID_Toponimo", "PGToponimi"),
-         [](qint64 id) {
-             Sessione::sTipoLink = QStringLiteral("0");
-             Sessione::lIdSoggetto = static_cast<long>(id);
-             return QVariantMap();
-         },
+         perSoggetto(QStringLiteral("0")),
          QStringLiteral("SELECT ID_Pergamena FROM PGToponimi WHERE ID_Toponimo = ?")},
         {"frmMostraLinkAntALL", gruppo("ID_Antroponimo", "DIAntroponimi"),
-         [](qint64 id) {
-             Sessione::sTipoLink = QStringLiteral("1");
-             Sessione::lIdSoggetto = static_cast<long>(id);
-             return QVariantMap();
-         },
+         perSoggetto(QStringLiteral("1")),
          QStringLiteral("SELECT ID_DIAntroponimo FROM DIAntroponimi WHERE ID_Antroponimo = ?")},
         {"frmMostraLinkAntALL", gruppo("ID_Antroponimo", "PGAntroponimi"),
-         [](qint64 id) {
-             Sessione::sTipoLink = QStringLiteral("0");
-             Sessione::lIdSoggetto = static_cast<long>(id);
-             return QVariantMap();
-         },
+         perSoggetto(QStringLiteral("0")),
          QStringLiteral("SELECT ID_PGAntroponimo FROM PGAntroponimi WHERE ID_Antroponimo = ?")},
         {"frmMostraLinkPGS",
          gruppo("ID_ElementoLink", "Links", "ID_Elemento IN (SELECT ID_Elemento FROM Sigilli)"),
