@@ -58,6 +58,30 @@ QString Immagine(const FinestraStruttura& f, qint64 lId) {
     return f.Modello().Immagine(f.Modello().Trova(lId));
 }
 
+// The keys of every list of a viewer, list after list.
+QList<qint64> ChiaviDiOgniLista(const QWidget* viewer) {
+    QList<qint64> chiavi;
+    for (const QTreeWidget* lista : viewer->findChildren<QTreeWidget*>()) {
+        chiavi << Chiavi(lista);
+    }
+    return chiavi;
+}
+
+// The fresh viewer of that name, when it comes up: its keys read, then closed.
+void LeggiEChiudiIlNuovo(const QString& sViewer, QList<qint64>& chiavi) {
+    AlComparire(sViewer, [&chiavi](QWidget* nuovo) {
+        chiavi << ChiaviDiOgniLista(nuovo);
+        static_cast<QDialog*>(nuovo)->reject();
+    });
+}
+
+// The user's tick on the first row of the dialog's page: the row made current, then the space key.
+void SpuntaLaPrima(frmNuovoSoggetto& d, int iPagina) {
+    QTreeView* lista = d.Lista(iPagina);
+    lista->setCurrentIndex(d.Modello(iPagina).index(0));
+    QTest::keyClick(lista, Qt::Key_Space);
+}
+
 // What a road saw on its way: whether the picker came up, its box of chosen names locked, and
 // the keys of the fresh viewer that followed it.
 struct Strada {
@@ -85,9 +109,7 @@ void PerIlSelettore(Strada& strada, const QString& sViewer, const QString& sSele
             strada.bSceltiBloccati = f->casellaScelti->isReadOnly();
             AlComparire(sViewer, [=, &strada](QWidget* nuovo) {
                 strada.bViewerDiNuovo = true;
-                for (const QTreeWidget* lista : nuovo->findChildren<QTreeWidget*>()) {
-                    strada.chiaviDopo << Chiavi(lista);
-                }
+                strada.chiaviDopo << ChiaviDiOgniLista(nuovo);
                 if (nelNuovo) {
                     nelNuovo(nuovo);
                 }
@@ -393,15 +415,8 @@ void TestStradeLink::unProduttoreLegatoAlComplessoCambiaLImmagineDelNodo() {
             bDialogo = true;
             QCOMPARE(d->PaginaCorrente(), 1);
             bBloccati = d->Scelti(1)->isReadOnly();
-            AlComparire(QStringLiteral("frmMostraLinkCS"), [&](QWidget* nuovo) {
-                for (const QTreeWidget* lista : nuovo->findChildren<QTreeWidget*>()) {
-                    chiaviDopo << Chiavi(lista);
-                }
-                static_cast<QDialog*>(nuovo)->reject();
-            });
-            QTreeView* lista = d->Lista(1);
-            lista->setCurrentIndex(d->Modello(1).index(0));
-            QTest::keyClick(lista, Qt::Key_Space);
+            LeggiEChiudiIlNuovo(QStringLiteral("frmMostraLinkCS"), chiaviDopo);
+            SpuntaLaPrima(*d, 1);
             d->cmdCollega->click();
         });
         Bottone(viewer, "cmdNuovoCol")->click();
@@ -427,15 +442,8 @@ void TestStradeLink::unProduttoreLegatoAlComplessoCambiaLImmagineDelNodo() {
         AlComparire(QStringLiteral("frmNuovoSoggetto"), [&](QWidget* finestra) {
             auto* d = static_cast<frmNuovoSoggetto*>(finestra);
             bAbbandonato = true;
-            AlComparire(QStringLiteral("frmMostraLinkCS"), [&](QWidget* nuovo) {
-                for (const QTreeWidget* lista : nuovo->findChildren<QTreeWidget*>()) {
-                    chiaviNuove << Chiavi(lista);
-                }
-                static_cast<QDialog*>(nuovo)->reject();
-            });
-            QTreeView* lista = d->Lista(0);
-            lista->setCurrentIndex(d->Modello(0).index(0));
-            QTest::keyClick(lista, Qt::Key_Space);
+            LeggiEChiudiIlNuovo(QStringLiteral("frmMostraLinkCS"), chiaviNuove);
+            SpuntaLaPrima(*d, 0);
             d->cmdAnnullaCol->click();
         });
         Bottone(viewer, "cmdNuovoCol")->click();
@@ -499,9 +507,7 @@ void TestStradeLink::unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnaliti
             sIntestazione = Controllo<QLineEdit>(d, QStringLiteral("Text2(2)"))->text();
             AlComparire(QStringLiteral("frmMostraLinkCS"),
                         [&](QWidget* nuovo) { static_cast<QDialog*>(nuovo)->reject(); });
-            QTreeView* lista = d->Lista(2);
-            lista->setCurrentIndex(d->Modello(2).index(0));
-            QTest::keyClick(lista, Qt::Key_Space);
+            SpuntaLaPrima(*d, 2);
             d->cmdCollega->click();
         });
         Bottone(viewer, "cmdNuovoCol")->click();
