@@ -148,6 +148,22 @@ bool SelettoreAlbero::ScriviInTransazione(const std::function<void()>& lavoro) {
     }
 }
 
+bool SelettoreAlbero::CollegaScelti(const std::function<bool(long lScelto)>& collega, int& iEsito) {
+    iEsito = 0;
+    bool bAggiunto = false;
+    const bool bScritto = ScriviInTransazione([&] {
+        for (const qint64 lScelto : std::as_const(aScelti)) {
+            if (lScelto != 0 && collega(static_cast<long>(lScelto))) {
+                bAggiunto = true;
+            }
+        }
+    });
+    if (bScritto && bAggiunto) {
+        iEsito = 1;
+    }
+    return bScritto;
+}
+
 void SelettoreAlbero::cmdCollega_Click() {
     if (Collega()) {
         Chiudi(true);

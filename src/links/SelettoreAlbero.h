@@ -88,6 +88,9 @@ protected:
     // The writes of cmdCollega in one transaction, under the box titled "Errore N2": the
     // links go in all together or not at all.
     bool ScriviInTransazione(const std::function<void()>& lavoro);
+    // The links of the slots that hold an id, written by collega (true when it added a link) in
+    // one transaction: iEsito is 0 first, and 1 when they were written and one was added.
+    bool CollegaScelti(const std::function<bool(long lScelto)>& collega, int& iEsito);
 
     void DopoMostra(const TipoNodo& tipo) override;
     void PreparaEditore(const TipoNodo& tipo) override;

@@ -120,20 +120,11 @@ void frmNuovoComplesso::ChkLinks() {
 bool frmNuovoComplesso::Collega() {
     const long lIdInMano = Sessione::lIdInventario;
     if (Sessione::iChiamanteInv < ChiamanteDatoInventariale) {
-        Sessione::iEsitoLinkCD = 0;
-        bool bAggiunto = false;
-        const bool bScritto = ScriviInTransazione([&] {
-            for (const qint64 lScelto : Scelti()) {
-                if (lScelto != 0 && ArchivioElementi::Collega(
-                                        *Sessione::cnn, static_cast<long>(lScelto), lIdInMano)) {
-                    bAggiunto = true;
-                }
-            }
-        });
-        if (bScritto && bAggiunto) {
-            Sessione::iEsitoLinkCD = 1;
-        }
-        return bScritto;
+        return CollegaScelti(
+            [&](long lScelto) {
+                return ArchivioElementi::Collega(*Sessione::cnn, lScelto, lIdInMano);
+            },
+            Sessione::iEsitoLinkCD);
     }
     // A unit has one complesso, held in its own row: only when a single complesso was ever
     // ticked; otherwise nothing is done and nothing is said.

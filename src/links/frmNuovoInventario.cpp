@@ -77,18 +77,7 @@ bool frmNuovoInventario::Collega() {
     // The complesso stands in ID_Elemento and the finding aid in ID_ElementoLink, as from the
     // other side.
     const long lIdInMano = Sessione::lIdComplesso;
-    Sessione::iEsitoLinkInv = 0;
-    bool bAggiunto = false;
-    const bool bScritto = ScriviInTransazione([&] {
-        for (const qint64 lScelto : Scelti()) {
-            if (lScelto != 0 &&
-                ArchivioElementi::Collega(*Sessione::cnn, lIdInMano, static_cast<long>(lScelto))) {
-                bAggiunto = true;
-            }
-        }
-    });
-    if (bScritto && bAggiunto) {
-        Sessione::iEsitoLinkInv = 1;
-    }
-    return bScritto;
+    return CollegaScelti(
+        [&](long lScelto) { return ArchivioElementi::Collega(*Sessione::cnn, lIdInMano, lScelto); },
+        Sessione::iEsitoLinkInv);
 }
