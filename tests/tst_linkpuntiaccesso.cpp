@@ -25,8 +25,6 @@
 #include "Modali.h"
 
 #include <QAbstractButton>
-#include <QApplication>
-#include <QComboBox>
 #include <QFont>
 #include <QLabel>
 #include <QLineEdit>

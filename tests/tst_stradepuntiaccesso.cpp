@@ -24,17 +24,12 @@
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
-#include <QComboBox>
 #include <QDialog>
-#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QSqlQuery>
-#include <QTreeView>
 #include <QTreeWidget>
 #include <QtTest>
-#include <functional>
 #include <memory>
 
 namespace {
