@@ -66,11 +66,6 @@ void EditoreAccesso::Init() {
     BloccaCampi();
 }
 
-void EditoreAccesso::Nuovo() {
-    Pulisci();
-    SbloccaCampi();
-}
-
 void EditoreAccesso::Mostra(long ID) {
     Pulisci();
     QStringList colonne;
@@ -120,10 +115,6 @@ void EditoreAccesso::Salva(long ID) {
     const bool bTrovata = riga.next();
     LeggiStato(bTrovata, bTrovata ? Lungo(riga.value(0)) : 0);
     BloccaCampi();
-}
-
-QString EditoreAccesso::LeggiDenominazione() const {
-    return TestoDi(Testo(0));
 }
 
 long EditoreAccesso::LeggiID() const {

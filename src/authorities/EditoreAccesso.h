@@ -22,16 +22,12 @@ public:
 
     // The key 0, nothing in hand: only a new entry may be made.
     void Init() override;
-    // Every box empty, the fields unlocked.
-    void Nuovo() override;
     // The row of the table's key; the fields empty and every flag but OkNuovo false when it is
     // not there.
     void Mostra(long ID) override;
     // Writes the fields into the row of the key (nothing when the row is not there), the name
     // never Null and the other fields Null when empty; then the flags as after Mostra.
     void Salva(long ID) override;
-    // The name, Text1(0).
-    QString LeggiDenominazione() const override;
     // The key of the row in hand (0 when none).
     long LeggiID() const;
     // Every box empty.

@@ -234,10 +234,6 @@ void EditoreProduttore::Salva(long ID_Soggetto) {
     BloccaCampi();
 }
 
-QString EditoreProduttore::LeggiDenominazione() const {
-    return Casella(0);
-}
-
 long EditoreProduttore::LeggiID() const {
     return lChiave;
 }

@@ -32,8 +32,6 @@ public:
     void Nuovo() override;
     void Mostra(long ID_Soggetto) override;
     void Salva(long ID_Soggetto) override;
-    // The name, Text1(0).
-    QString LeggiDenominazione() const override;
     // The tail that follows the name in a row of the list of producers.
     virtual QString LeggiEstremi() const = 0;
     // The kind's own key of the producer in hand (0 when none).
