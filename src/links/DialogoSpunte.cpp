@@ -3,6 +3,7 @@
 #include "ModelloSpunte.h"
 #include "SlotSpunte.h"
 #include "records/EditoreRecord.h"
+#include "records/FinestraElenco.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
@@ -134,17 +135,7 @@ void DialogoSpunte::AggiungiPagina(const PaginaSpunte& pagina, const QString& sE
 
     auto* modello = new ModelloSpunte(this);
     modello->ImpostaIntestazione(pagina.sIntestazione);
-    auto* lista = new QTreeView(foglio);
-    lista->setObjectName(nome("lvwDB"));
-    lista->setRootIsDecorated(false);
-    lista->setItemsExpandable(false);
-    lista->setUniformRowHeights(true);
-    lista->setSelectionMode(QAbstractItemView::SingleSelection);
-    lista->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lista->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lista->setAllColumnsShowFocus(true);
-    lista->header()->setStretchLastSection(true);
-    lista->setModel(modello);
+    auto* lista = NuovaListaRighe(foglio, nome("lvwDB"), modello);
     connect(lista->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this, iPagina](const QModelIndex& corrente) {
                 if (!bSelezioneInterna && corrente.isValid()) {

@@ -37,6 +37,21 @@ void MostraErrore(const std::exception_ptr& eccezione, const QString& sSorgente,
 
 } // namespace
 
+QTreeView* NuovaListaRighe(QWidget* genitore, const QString& sNome, QAbstractItemModel* modello) {
+    auto* lista = new QTreeView(genitore);
+    lista->setObjectName(sNome);
+    lista->setRootIsDecorated(false);
+    lista->setItemsExpandable(false);
+    lista->setUniformRowHeights(true);
+    lista->setSelectionMode(QAbstractItemView::SingleSelection);
+    lista->setSelectionBehavior(QAbstractItemView::SelectRows);
+    lista->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    lista->setAllColumnsShowFocus(true);
+    lista->header()->setStretchLastSection(true);
+    lista->setModel(modello);
+    return lista;
+}
+
 FinestraElenco::FinestraElenco(const QString& sNome, bool bSchede, QWidget* genitore)
     : QWidget(genitore) {
     setObjectName(sNome);
@@ -94,17 +109,7 @@ void FinestraElenco::AggiungiPagina(const PaginaElenco& pagina) {
 
     auto* modello = new ModelloElenco(this);
     modello->ImpostaIntestazione(pagina.sIntestazione);
-    auto* lista = new QTreeView(this);
-    lista->setObjectName(QStringLiteral("lvwDB(%1)").arg(iPagina));
-    lista->setRootIsDecorated(false);
-    lista->setItemsExpandable(false);
-    lista->setUniformRowHeights(true);
-    lista->setSelectionMode(QAbstractItemView::SingleSelection);
-    lista->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lista->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lista->setAllColumnsShowFocus(true);
-    lista->header()->setStretchLastSection(true);
-    lista->setModel(modello);
+    auto* lista = NuovaListaRighe(this, QStringLiteral("lvwDB(%1)").arg(iPagina), modello);
     connect(lista->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this, iPagina](const QModelIndex& corrente) { CambioSelezione(iPagina, corrente); });
     connect(lista, &QTreeView::clicked, this, [this, iPagina, lista](const QModelIndex& riga) {

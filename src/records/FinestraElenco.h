@@ -20,6 +20,13 @@
 #include <functional>
 #include <utility>
 
+class QAbstractItemModel;
+class QTreeView;
+
+// A list of rows in its window: flat, one row chosen at a time, read-only, the last column
+// stretched, named sNome and showing modello.
+QTreeView* NuovaListaRighe(QWidget* genitore, const QString& sNome, QAbstractItemModel* modello);
+
 class EditoreRecord;
 class LetturaRighe;
 class ModelloElenco;
