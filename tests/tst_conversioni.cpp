@@ -10,6 +10,7 @@
 #include <QLocale>
 #include <QTest>
 #include <QTimeZone>
+#include <limits>
 #include <memory>
 
 namespace {
@@ -300,6 +301,11 @@ void TestConversioni::dataDaNumeroDaLaFormaMostrata_data() {
     QTest::newRow("zero") << qint64(0) << QString();
     QTest::newRow("negativo") << qint64(-20040101) << QString();
     QTest::newRow("una cifra") << qint64(5) << QStringLiteral("5//5");
+    QTest::newRow("tre cifre") << qint64(123) << QStringLiteral("23//123");
+    QTest::newRow("cinque cifre") << qint64(12345) << QStringLiteral("45/5/1234");
+    QTest::newRow("nove cifre") << qint64(120000101) << QStringLiteral("01/00/1200");
+    QTest::newRow("il massimo") << std::numeric_limits<qint64>::max()
+                                << QStringLiteral("07/37/9223");
 }
 
 void TestConversioni::dataDaNumeroDaLaFormaMostrata() {

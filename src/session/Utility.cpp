@@ -11,7 +11,12 @@ namespace {} // namespace
 QString EstremiPersona(const QString& a, const QString& b, const QString& c, const QString& d) {
     if (a.isEmpty() && b.isEmpty() && c.isEmpty() && d.isEmpty())
         return QString();
-    QString estremi = QStringLiteral(", (") + Trim(a);
+    // Built in one string: the producers' lists make one for every person.
+    const QString luogo = Trim(a);
+    QString estremi;
+    estremi.reserve(luogo.size() + b.size() + c.size() + d.size() + 8);
+    estremi += QStringLiteral(", (");
+    estremi += luogo;
     if (!a.isEmpty() && !c.isEmpty())
         estremi += QLatin1Char(' ');
     estremi += c;
@@ -20,7 +25,8 @@ QString EstremiPersona(const QString& a, const QString& b, const QString& c, con
     estremi += b;
     if (!b.isEmpty() && !d.isEmpty())
         estremi += QLatin1Char(' ');
-    estremi += d + QLatin1Char(')');
+    estremi += d;
+    estremi += QLatin1Char(')');
     return estremi;
 }
 
