@@ -489,6 +489,18 @@ QString EditoreRecord::DataErrata(const QString& sTesto) {
     return QString();
 }
 
+QString EditoreRecord::AnnoErrato(const QString& sTesto) {
+    if (!sTesto.isEmpty() && (sTesto.size() < 3 || !IsNumeric(sTesto)))
+        return QStringLiteral("Anno errato");
+    return QString();
+}
+
+QString EditoreRecord::NumeroErrato(const QString& sTesto) {
+    if (!sTesto.isEmpty() && !IsNumeric(sTesto))
+        return QStringLiteral("Numero errato");
+    return QString();
+}
+
 // --- Lock, unlock, clear -----------------------------------------------------------------
 
 void EditoreRecord::BloccaCampi() {

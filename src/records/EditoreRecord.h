@@ -153,6 +153,11 @@ protected:
     // The check of a box of a full date (dd/mm/yyyy) for ControllaAllUscita: "Data errata" when
     // the text, trimmed, is not empty and no date; "" otherwise.
     static QString DataErrata(const QString& sTesto);
+    // The check of a year box: "Anno errato" when the text is not empty and is no number of at
+    // least three digits; "" otherwise.
+    static QString AnnoErrato(const QString& sTesto);
+    // The check of a number box: "Numero errato" when the text is not empty and no number.
+    static QString NumeroErrato(const QString& sTesto);
 
     // The controls in the order of the design.
     void Registra(QWidget* controllo);

@@ -232,7 +232,7 @@ ucInventario::ucInventario(QWidget* parent)
 
     // A year box left with a text that is no year says so and keeps the focus.
     for (int n : {4, 5})
-        ControllaAllUscita(Testo(n), &ucInventario::ControllaAnno);
+        ControllaAllUscita(Testo(n), &EditoreRecord::AnnoErrato);
 
     // A support chosen, by the user or by Mostra, reshapes the form.
     connect(d->cmbTipoInv, &QComboBox::currentIndexChanged, this,
@@ -464,12 +464,6 @@ void ucInventario::TipoInvCliccato(int indice) {
     Etichetta(15)->setVisible(indice == VoceStampa);
     Testo(10)->setVisible(indice == VoceElettronico);
     Etichetta(10)->setVisible(indice == VoceElettronico);
-}
-
-QString ucInventario::ControllaAnno(const QString& sTesto) {
-    if (!sTesto.isEmpty() && (sTesto.size() < 3 || !IsNumeric(sTesto)))
-        return QStringLiteral("Anno errato");
-    return QString();
 }
 
 bool ucInventario::PiuLegami(const StatoRiga& riga) {

@@ -72,8 +72,6 @@ private:
     static long ElementoIstituto(long lIdIstituto);
     // The Click of cmbTipoInv: the form's shape for the support chosen.
     void TipoInvCliccato(int indice);
-    // The check of a year box on leaving it: the message, "" if the text is accepted.
-    static QString ControllaAnno(const QString& sTesto);
 
     struct Dati;
     Dati* d;
