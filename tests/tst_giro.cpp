@@ -1,0 +1,902 @@
+// The tour: logged in on the demo archive, every entry of every menu is clicked in turn, as a
+// person would. Each main child window opens and closes the one before it, each tool of
+// "Strumenti" opens and is closed, each help entry hands its book to the desktop. In each main
+// child window every command button that is visible and enabled is pressed once in browse state,
+// on the nodes or rows that enable it; every window that opens is closed and every box is
+// answered with its default button. A press that does nothing a person can see, or that leaves
+// a box of an error, is reported; at the end the program is still usable.
+
+#include "programma/Registro.h"
+#include "records/EditoreRecord.h"
+#include "session/PrimoMDI.h"
+#include "session/Sessione.h"
+
+#include "BancaDatiProva.h"
+#include "CartellaProva.h"
+#include "Modali.h"
+#include "PiattaformaScriptata.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTabWidget>
+#include <QTextEdit>
+#include <QTimer>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+// The tree or the list by whose nodes or rows a window is driven: the tree tvwDB, the list
+// lvwDB, or the list of one tab, lvwDB(n), not a list of the same name inside a record.
+bool DiNavigazione(const QWidget* w) {
+    if (w->objectName() != QLatin1String("tvwDB") &&
+        !w->objectName().startsWith(QLatin1String("lvwDB"))) {
+        return false;
+    }
+    for (const QObject* o = w->parent(); o != nullptr; o = o->parent()) {
+        if (qobject_cast<const EditoreRecord*>(o) != nullptr) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// The data of a node or row that names it (its key or its id) and that tells its kind (the
+// tree's Tag), where the model gives them.
+constexpr int RuoloIdentita = Qt::UserRole + 1;
+constexpr int RuoloGenere = Qt::UserRole + 2;
+
+// What each entry of the menu bar is expected to do.
+struct AttesaVoce {
+    const char* sVoce;
+    const char* sFinestra; // the main child window it opens, or the modal dialog
+    bool bFiglia;
+};
+const AttesaVoce VociAttese[] = {
+    {"mnuComplessiDoc", "frmStrutturaCD", true}, {"mnuInventari", "frmStrutturaIN", true},
+    {"mnuSoggetti", "frmSoggetti", true},        {"mnuRegistro", "frmRegistroPC", true},
+    {"mnuAntroponimi", "frmAntroponimi", true},  {"mnuToponimi", "frmToponimi", true},
+    {"mnuTitolari", "frmTitolari", true},        {"mnuIndicizzazioneWeb", "frmIdicizWeb", false},
+    {"mnuBackup", "frmBackup", false},           {"mnuExport", "frmScEsporta", false},
+    {"mnuImport", "frmScImporta", false},        {"mnuAggValore", "frmValore", false},
+    {"mnuTabellaID", "frmConfig", false},
+};
+
+// The entries that ask a question, answered No: the version upgrade, and the end of the
+// program, which would end the tour (it is taken with Yes at the very end).
+struct DomandaVoce {
+    const char* sVoce;
+    const char* sTitolo;
+};
+const DomandaVoce DomandeAttese[] = {
+    {"mnuAggiorna", "Aggiorna versione DB"},
+    {"mnuFine", "Uscita"},
+};
+
+// The help entries and the line of Menu.txt that names their book.
+struct GuidaVoce {
+    const char* sVoce;
+    int iLibro;
+};
+const GuidaVoce GuideAttese[] = {
+    {"mnuHlpIST", 1}, {"mnuHlpCD", 2},  {"mnuHlpINV", 3},
+    {"mnuHlpSOG", 4}, {"mnuHlpVER", 5}, {"mnuHlpSTR", 6},
+};
+
+// Entries that cannot be chosen, and why: the help of the access points has no book; an "I"
+// site imports and does not export.
+const char* const VociNonDisponibili[] = {"mnuHlpATT", "mnuExport"};
+
+// Buttons pressed twice, the second press undoing the first: the sliding panel hides the
+// editor, and shows it again.
+const char* const PulsantiAlterni[] = {"cmdSposta"};
+
+// What one press or one entry brought about.
+struct Esito {
+    QStringList dialoghi;      // modal windows that came up, closed by the tour
+    QStringList fuoriSeam;     // boxes and popups that did not go through the platform seam
+    QList<Messaggio> messaggi; // boxes of the seam
+    QStringList altreChiamate; // popups, file and folder choices, help, processes
+    QStringList nuoveFinestre; // windows that came up not modally
+    bool bCambiata = false;    // the window changed in a way a person sees
+    bool bModifica = false;    // the window went editing, and Annulla brought it back
+    bool bChiusa = false;      // the window went
+
+    bool Nulla() const {
+        return dialoghi.isEmpty() && fuoriSeam.isEmpty() && messaggi.isEmpty() &&
+               altreChiamate.isEmpty() && nuoveFinestre.isEmpty() && !bCambiata && !bModifica &&
+               !bChiusa;
+    }
+    QString Descrizione() const {
+        QStringList parti;
+        for (const QString& d : dialoghi) {
+            parti.append(QStringLiteral("dialog ") + d);
+        }
+        for (const Messaggio& m : messaggi) {
+            parti.append(QStringLiteral("box \"%1\": %2").arg(m.sTitolo, m.sTesto.simplified()));
+        }
+        parti += fuoriSeam;
+        parti += altreChiamate;
+        for (const QString& f : nuoveFinestre) {
+            parti.append(QStringLiteral("window ") + f);
+        }
+        if (bModifica) {
+            parti.append(QStringLiteral("editing, given up with Annulla"));
+        } else if (bCambiata) {
+            parti.append(QStringLiteral("changed on screen"));
+        }
+        if (bChiusa) {
+            parti.append(QStringLiteral("window closed"));
+        }
+        return parti.isEmpty() ? QStringLiteral("nothing") : parti.join(QStringLiteral("; "));
+    }
+};
+
+// A box of an error: the critical icon, or a title of the error codes.
+bool DiErrore(const Messaggio& m) {
+    return m.icona == Icona::Critica || m.sTitolo.startsWith(QLatin1String("Errore"));
+}
+
+// Closes every modal window and popup that comes up while it lives, and records them.
+class Chiusore : public QObject {
+public:
+    Chiusore() {
+        orologio.setInterval(10);
+        connect(&orologio, &QTimer::timeout, this, [this] { Guarda(); });
+        orologio.start();
+    }
+    QStringList chiusi;
+    QStringList fuoriSeam;
+
+private:
+    QTimer orologio;
+    QPointer<QWidget> ultimo;
+    int iTentativi = 0;
+
+    void Guarda() {
+        if (QWidget* popup = QApplication::activePopupWidget()) {
+            fuoriSeam.append(QStringLiteral("popup %1 outside the seam")
+                                 .arg(QLatin1String(popup->metaObject()->className())));
+            popup->close();
+            return;
+        }
+        QWidget* modale = QApplication::activeModalWidget();
+        if (modale == nullptr || !modale->isVisible()) {
+            return;
+        }
+        if (modale != ultimo) {
+            ultimo = modale;
+            iTentativi = 0;
+            if (auto* box = qobject_cast<QMessageBox*>(modale)) {
+                fuoriSeam.append(QStringLiteral("box \"%1\" outside the seam: %2")
+                                     .arg(box->windowTitle(), box->text().simplified()));
+            } else {
+                chiusi.append(modale->objectName().isEmpty()
+                                  ? QLatin1String(modale->metaObject()->className())
+                                  : modale->objectName());
+            }
+        }
+        // A window that does not go when asked is hidden, so that the tour goes on.
+        if (++iTentativi > 50) {
+            fuoriSeam.append(QStringLiteral("%1 would not close").arg(modale->objectName()));
+            modale->hide();
+            return;
+        }
+        if (auto* dialogo = qobject_cast<QDialog*>(modale)) {
+            dialogo->reject();
+        } else {
+            modale->close();
+        }
+    }
+};
+
+// A button by the names of its parents inside the window, so that two editors' buttons of the
+// same name stay apart.
+QString NomeDi(const QWidget* finestra, const QObject* oggetto) {
+    QStringList nomi;
+    for (const QObject* o = oggetto; o != nullptr && o != finestra; o = o->parent()) {
+        if (!o->objectName().isEmpty() && !o->objectName().startsWith(QLatin1String("qt_"))) {
+            nomi.prepend(o->objectName());
+        }
+    }
+    if (const auto* pulsante = qobject_cast<const QAbstractButton*>(oggetto);
+        pulsante != nullptr && pulsante->objectName().isEmpty()) {
+        nomi.append(QStringLiteral("\"%1\"").arg(pulsante->text()));
+    }
+    return nomi.join(u'.');
+}
+
+// What a person sees of a window: which controls are there and usable, their texts and
+// states, the first rows of its lists and trees and which one is chosen.
+QStringList Fotografia(const QWidget* finestra) {
+    QStringList foto;
+    const auto figli = finestra->findChildren<QWidget*>();
+    for (const QWidget* w : figli) {
+        if (!w->isVisible()) {
+            continue;
+        }
+        QString voce = NomeDi(finestra, w) + u' ' + QLatin1String(w->metaObject()->className()) +
+                       (w->isEnabled() ? QStringLiteral(" on") : QStringLiteral(" off"));
+        if (const auto* b = qobject_cast<const QAbstractButton*>(w)) {
+            voce += b->text() + (b->isChecked() ? QStringLiteral(" [x]") : QString()) +
+                    b->palette().color(QPalette::Button).name();
+        } else if (const auto* e = qobject_cast<const QLineEdit*>(w)) {
+            voce += e->text() + (e->isReadOnly() ? QStringLiteral(" ro") : QString());
+        } else if (const auto* t = qobject_cast<const QTextEdit*>(w)) {
+            voce += t->toPlainText() + (t->isReadOnly() ? QStringLiteral(" ro") : QString());
+        } else if (const auto* p = qobject_cast<const QPlainTextEdit*>(w)) {
+            voce += p->toPlainText() + (p->isReadOnly() ? QStringLiteral(" ro") : QString());
+        } else if (const auto* c = qobject_cast<const QComboBox*>(w)) {
+            voce += c->currentText();
+        } else if (const auto* l = qobject_cast<const QLabel*>(w)) {
+            voce += l->text();
+        } else if (const auto* tab = qobject_cast<const QTabWidget*>(w)) {
+            voce += QString::number(tab->currentIndex());
+        } else if (const auto* v = qobject_cast<const QAbstractItemView*>(w);
+                   v != nullptr && v->model() != nullptr) {
+            const QAbstractItemModel* m = v->model();
+            voce += QStringLiteral(" rows %1 current %2")
+                        .arg(m->rowCount())
+                        .arg(v->currentIndex().data().toString());
+            for (int r = 0; r < m->rowCount() && r < 20; ++r) {
+                voce += u'|' + m->index(r, 0).data().toString();
+            }
+        }
+        foto.append(voce);
+    }
+    return foto;
+}
+
+// The nodes or rows of a view, the tree walked in depth, with the datum that names each.
+QList<QModelIndex> Nodi(const QAbstractItemModel* modello, const QModelIndex& padre = {}) {
+    QList<QModelIndex> nodi;
+    for (int r = 0; r < modello->rowCount(padre); ++r) {
+        const QModelIndex nodo = modello->index(r, 0, padre);
+        nodi.append(nodo);
+        nodi += Nodi(modello, nodo);
+    }
+    return nodi;
+}
+
+QAbstractItemView* Navigazione(const QWidget* finestra) {
+    const auto viste = finestra->findChildren<QAbstractItemView*>();
+    for (QAbstractItemView* v : viste) {
+        if (DiNavigazione(v) && v->isVisible()) {
+            return v;
+        }
+    }
+    return nullptr;
+}
+
+// The tab widget that holds the window's lists, one a tab (none when the window has one list).
+QTabWidget* SchedeNavigazione(const QWidget* finestra) {
+    const auto schede = finestra->findChildren<QTabWidget*>();
+    for (QTabWidget* s : schede) {
+        const auto viste = s->findChildren<QAbstractItemView*>();
+        for (const QAbstractItemView* v : viste) {
+            if (DiNavigazione(v)) {
+                return s;
+            }
+        }
+    }
+    return nullptr;
+}
+
+// The lists inside a record (the rows of a versamento, ...) with a row chosen, the first one,
+// where they have rows and none is chosen: a command on a row has one to act on.
+void SceglieRigheInterne(QWidget* finestra) {
+    const auto viste = finestra->findChildren<QAbstractItemView*>();
+    for (QAbstractItemView* v : viste) {
+        if (DiNavigazione(v) || !v->isVisible() || !v->isEnabled() || v->model() == nullptr ||
+            v->model()->rowCount() == 0 || v->currentIndex().isValid()) {
+            continue;
+        }
+        const QModelIndex prima = v->model()->index(0, 0);
+        v->scrollTo(prima);
+        QTest::mouseClick(v->viewport(), Qt::LeftButton, {}, v->visualRect(prima).center());
+    }
+}
+
+} // namespace
+
+class TestGiro : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void ilGiroDiMenuEPulsantiSulDemoNonTrovaVicoliCiechiNeErroriInattesi_data();
+    void ilGiroDiMenuEPulsantiSulDemoNonTrovaVicoliCiechiNeErroriInattesi();
+
+private:
+    std::unique_ptr<PiattaformaScriptata> seam;
+    std::unique_ptr<CartellaProva> cartella;
+    std::unique_ptr<BancaDatiProva> banca;
+    std::unique_ptr<PrimoMDI> principale;
+    std::unique_ptr<Chiusore> chiusore;
+
+    // What the tour saw, in order, and what went wrong.
+    QStringList diario;
+    QStringList problemi;
+
+    void PreparaCartella();
+    QStringList FinestreAperte() const;
+    QWidget* FinestraAperta() const;
+    // Runs an action (a click, an entry), then gathers what came of it for that window.
+    Esito Osserva(QWidget* finestra, const std::function<void()>& azione);
+    void VoceFiglia(QAction* voce, const AttesaVoce& attesa);
+    void VoceModale(QAction* voce, const AttesaVoce& attesa);
+    void VoceDomanda(QAction* voce, const DomandaVoce& attesa);
+    void VoceGuida(QAction* voce, const GuidaVoce& attesa);
+    // Every button of the window, at every station (node or row) where a new one is enabled.
+    void GiroPulsanti(QWidget* finestra);
+    void PremiAllaStazione(QWidget* finestra, QAbstractItemView* vista, const QVariant& stazione,
+                           QSet<QString>& premuti);
+    void PremiVisibili(QWidget* finestra, QAbstractItemView* vista, const QVariant& stazione,
+                       QSet<QString>& premuti);
+    bool Scegli(QAbstractItemView* vista, const QVariant& stazione);
+    void Premi(QWidget* finestra, QAbstractButton* pulsante, const QString& sNome);
+    void Segnala(const QString& sProblema);
+};
+
+void TestGiro::initTestCase() {
+    RegistraFinestreProgramma();
+}
+
+void TestGiro::init() {
+    seam = std::make_unique<PiattaformaScriptata>();
+    cartella = std::make_unique<CartellaProva>();
+    diario.clear();
+    problemi.clear();
+}
+
+void TestGiro::cleanup() {
+    chiusore.reset();
+    principale.reset();
+    Sessione::ChiudiConnessione();
+    banca.reset();
+    cartella.reset();
+    seam.reset();
+}
+
+void TestGiro::PreparaCartella() {
+    cartella->ScriviSito(banca->Testa(), banca->Server(), banca->Database(), QStringLiteral("I"));
+    // The program folder as it is delivered: its help list, lookup lists, pictures, exchange
+    // schema files and upgrade script, beside the settings of the test's database.
+    cartella->Rimuovi(QStringLiteral("Menu.txt"));
+    const QDir sito(QStringLiteral(TABELLION_SORGENTI "/site"));
+    QStringList nomi{QStringLiteral("Bitmap"), QStringLiteral("Schemi"),
+                     QStringLiteral("alter.sql")};
+    const QStringList propri{QStringLiteral("Param.txt"), QStringLiteral("Connetti.txt"),
+                             QStringLiteral("Istituto.txt"), QStringLiteral("DbNames.txt")};
+    for (const QString& file : sito.entryList({QStringLiteral("*.txt")}, QDir::Files)) {
+        if (!propri.contains(file)) {
+            nomi.append(file);
+        }
+    }
+    cartella->CopiaDalSito(nomi);
+    // The settings of a delivered site: images, backups, exchange folders and schema files in
+    // the program folder, the database of the test.
+    const QString sCartella = cartella->Percorso();
+    for (const char* sotto : {"Immagini", "Copie", "Scambio"}) {
+        QVERIFY(QDir(sCartella).mkpath(QLatin1String(sotto)));
+    }
+    const QString param = QStringLiteral("\"01=%1/Immagini\"\r\n\"02=%2\"\r\n"
+                                         "\"03= '%1/Copie/copia.db'\"\r\n\"04=%1/Scambio\"\r\n"
+                                         "\"05=%1/Scambio\"\r\n\"06=3.2\"\r\n\"07= 'italian'\"\r\n"
+                                         "\"08=%3\"\r\n\"09=%1/Schemi\"\r\n\"12=/immagini\"\r\n")
+                              .arg(sCartella, banca->Server(), banca->Database());
+    cartella->Scrivi(QStringLiteral("Param.txt"), param.toUtf8());
+}
+
+QStringList TestGiro::FinestreAperte() const {
+    QStringList nomi;
+    const auto finestre = principale->Area()->subWindowList(QMdiArea::CreationOrder);
+    for (const QMdiSubWindow* sotto : finestre) {
+        if (sotto->widget() != nullptr) {
+            nomi.append(sotto->widget()->objectName());
+        }
+    }
+    return nomi;
+}
+
+QWidget* TestGiro::FinestraAperta() const {
+    const auto finestre = principale->Area()->subWindowList(QMdiArea::CreationOrder);
+    return finestre.isEmpty() ? nullptr : finestre.last()->widget();
+}
+
+void TestGiro::Segnala(const QString& sProblema) {
+    problemi.append(sProblema);
+    diario.append(QStringLiteral("  !! ") + sProblema);
+}
+
+Esito TestGiro::Osserva(QWidget* finestra, const std::function<void()>& azione) {
+    QPointer<QWidget> guardata(finestra);
+    const QStringList prima = finestra != nullptr ? Fotografia(finestra) : QStringList();
+    const qsizetype iChiamate = seam->chiamate.size();
+    const qsizetype iChiusi = chiusore->chiusi.size();
+    const qsizetype iFuori = chiusore->fuoriSeam.size();
+    QSet<QWidget*> finestrePrima;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w->isVisible()) {
+            finestrePrima.insert(w);
+        }
+    }
+    QSet<QMdiSubWindow*> figliePrima;
+    for (QMdiSubWindow* s : principale->Area()->subWindowList()) {
+        figliePrima.insert(s);
+    }
+
+    azione();
+    QTest::qWait(20);
+    // A window that opened modally a moment later (a timer of the window's own) is closed too.
+    const bool bModaliChiuse =
+        QTest::qWaitFor([] { return QApplication::activeModalWidget() == nullptr; }, 5000);
+
+    Esito esito;
+    if (!bModaliChiuse) {
+        esito.fuoriSeam.append(QStringLiteral("a modal window stayed up"));
+    }
+    esito.dialoghi = chiusore->chiusi.mid(iChiusi);
+    esito.fuoriSeam = chiusore->fuoriSeam.mid(iFuori);
+    for (qsizetype i = iChiamate; i < seam->chiamate.size(); ++i) {
+        const Chiamata& c = seam->chiamate[i];
+        if (c.sTipo == QLatin1String("messaggio")) {
+            esito.messaggi.append(c.messaggio);
+        } else if (c.sTipo == QLatin1String("menu")) {
+            esito.altreChiamate.append(QStringLiteral("popup [%1]").arg(c.voci.join(u',')));
+        } else if (c.sTipo == QLatin1String("guida")) {
+            esito.altreChiamate.append(QStringLiteral("help ") + c.sPercorso);
+        } else if (c.sTipo == QLatin1String("file")) {
+            esito.altreChiamate.append(
+                QStringLiteral("file choice \"%1\"").arg(c.sceltaFile.sTitolo));
+        } else {
+            esito.altreChiamate.append(c.sTipo + u' ' + c.sPercorso + u' ' + c.sProgramma);
+        }
+    }
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w->isVisible() && !finestrePrima.contains(w)) {
+            esito.nuoveFinestre.append(w->objectName());
+            w->close();
+        }
+    }
+    for (QMdiSubWindow* s : principale->Area()->subWindowList()) {
+        if (!figliePrima.contains(s) && s->widget() != nullptr && s->widget() != guardata.data()) {
+            esito.nuoveFinestre.append(s->widget()->objectName());
+        }
+    }
+    if (finestra != nullptr && guardata.isNull()) {
+        esito.bChiusa = true;
+    } else if (finestra != nullptr) {
+        esito.bCambiata = Fotografia(finestra) != prima;
+    }
+    return esito;
+}
+
+void TestGiro::VoceFiglia(QAction* voce, const AttesaVoce& attesa) {
+    QPointer<QWidget> precedente = FinestraAperta();
+    const Esito esito = Osserva(nullptr, [voce] { voce->trigger(); });
+    diario.append(voce->objectName() + QStringLiteral(": ") + esito.Descrizione() +
+                  QStringLiteral("; open: ") + FinestreAperte().join(u','));
+    const QString sAttesa = QLatin1String(attesa.sFinestra);
+    if (FinestreAperte() != QStringList{sAttesa}) {
+        Segnala(QStringLiteral("%1 left the windows [%2] open, not %3 alone")
+                    .arg(voce->objectName(), FinestreAperte().join(u','), sAttesa));
+        return;
+    }
+    if (!precedente.isNull() && precedente->objectName() != sAttesa) {
+        Segnala(QStringLiteral("%1 did not close %2")
+                    .arg(voce->objectName(), precedente->objectName()));
+    }
+    for (const Messaggio& m : esito.messaggi) {
+        if (DiErrore(m)) {
+            Segnala(QStringLiteral("%1: box \"%2\": %3")
+                        .arg(voce->objectName(), m.sTitolo, m.sTesto.simplified()));
+        }
+    }
+    for (const QString& f : esito.fuoriSeam) {
+        Segnala(voce->objectName() + QStringLiteral(": ") + f);
+    }
+    GiroPulsanti(FinestraAperta());
+}
+
+void TestGiro::VoceModale(QAction* voce, const AttesaVoce& attesa) {
+    QPointer<QWidget> aperta = FinestraAperta();
+    const QStringList prima = aperta ? Fotografia(aperta) : QStringList();
+    const Esito esito = Osserva(nullptr, [voce] { voce->trigger(); });
+    diario.append(voce->objectName() + QStringLiteral(": ") + esito.Descrizione());
+    if (esito.dialoghi != QStringList{QLatin1String(attesa.sFinestra)}) {
+        Segnala(QStringLiteral("%1 opened [%2], not the dialog %3")
+                    .arg(voce->objectName(), esito.dialoghi.join(u','),
+                         QLatin1String(attesa.sFinestra)));
+    }
+    for (const Messaggio& m : esito.messaggi) {
+        if (DiErrore(m)) {
+            Segnala(QStringLiteral("%1: box \"%2\": %3")
+                        .arg(voce->objectName(), m.sTitolo, m.sTesto.simplified()));
+        }
+    }
+    for (const QString& f : esito.fuoriSeam) {
+        Segnala(voce->objectName() + QStringLiteral(": ") + f);
+    }
+    // The window at work stays as it was under the tool.
+    if (aperta.isNull() || Fotografia(aperta) != prima) {
+        Segnala(voce->objectName() + QStringLiteral(" disturbed the window at work"));
+    }
+}
+
+void TestGiro::VoceDomanda(QAction* voce, const DomandaVoce& attesa) {
+    seam->risposte = {Risposta::No};
+    const Esito esito = Osserva(nullptr, [voce] { voce->trigger(); });
+    seam->risposte.clear();
+    diario.append(voce->objectName() + QStringLiteral(": ") + esito.Descrizione());
+    if (esito.messaggi.size() != 1 ||
+        esito.messaggi.value(0).sTitolo != QLatin1String(attesa.sTitolo) ||
+        esito.messaggi.value(0).pulsanti != Pulsanti::SiNo || !esito.dialoghi.isEmpty()) {
+        Segnala(QStringLiteral("%1 did not ask its question \"%2\" alone: %3")
+                    .arg(voce->objectName(), QLatin1String(attesa.sTitolo), esito.Descrizione()));
+    }
+    if (!principale->isVisible() || seam->Terminazioni() > 0) {
+        Segnala(voce->objectName() + QStringLiteral(" answered No ended the program"));
+    }
+}
+
+void TestGiro::VoceGuida(QAction* voce, const GuidaVoce& attesa) {
+    const Esito esito = Osserva(nullptr, [voce] { voce->trigger(); });
+    diario.append(voce->objectName() + QStringLiteral(": ") + esito.Descrizione());
+    const QList<Chiamata> guide = seam->Chiamate(QStringLiteral("guida"));
+    QFile menu(QStringLiteral(TABELLION_SORGENTI "/site/Menu.txt"));
+    QVERIFY(menu.open(QIODevice::ReadOnly));
+    const QStringList libri =
+        QString::fromUtf8(menu.readAll())
+            .split(QRegularExpression(QStringLiteral("[\r\n]+")), Qt::SkipEmptyParts);
+    const QString sAtteso = cartella->File(libri.value(attesa.iLibro - 1) + QStringLiteral(".pdf"));
+    if (esito.altreChiamate != QStringList{QStringLiteral("help ") + sAtteso} || guide.isEmpty() ||
+        guide.last().sPercorso != sAtteso) {
+        Segnala(QStringLiteral("%1 did not hand %2 alone to the desktop: %3")
+                    .arg(voce->objectName(), sAtteso, esito.Descrizione()));
+    }
+}
+
+bool TestGiro::Scegli(QAbstractItemView* vista, const QVariant& stazione) {
+    const QModelIndexList trovati =
+        vista->model()->match(vista->model()->index(0, 0), RuoloIdentita, stazione, 1,
+                              Qt::MatchExactly | Qt::MatchRecursive | Qt::MatchWrap);
+    if (trovati.isEmpty()) {
+        return false;
+    }
+    const QModelIndex nodo = trovati.first();
+    vista->scrollTo(nodo);
+    QCoreApplication::processEvents();
+    const QRect rettangolo = vista->visualRect(nodo);
+    QTest::mouseClick(vista->viewport(), Qt::LeftButton, {}, rettangolo.center());
+    QCoreApplication::processEvents();
+    return vista->currentIndex() == nodo;
+}
+
+void TestGiro::GiroPulsanti(QWidget* finestra) {
+    QPointer<QWidget> guardata(finestra);
+    QSet<QString> premuti;
+    const QString sFinestra = finestra->objectName();
+    diario.append(QStringLiteral(" buttons of ") + sFinestra);
+    QTabWidget* schede = SchedeNavigazione(finestra);
+    const int iSchede = schede != nullptr ? schede->count() : 1;
+    for (int s = 0; s < iSchede && guardata; ++s) {
+        if (schede != nullptr) {
+            schede->setCurrentIndex(s);
+            QCoreApplication::processEvents();
+            diario.append(QStringLiteral("  tab ") + schede->tabText(s));
+        }
+        QAbstractItemView* vista = Navigazione(finestra);
+        if (vista == nullptr || vista->model() == nullptr) {
+            PremiAllaStazione(finestra, nullptr, QVariant(), premuti);
+            continue;
+        }
+        // The stations: the node chosen when the window opened, then the first three nodes of
+        // each kind, in the tree's order.
+        QList<QVariant> stazioni;
+        if (vista->currentIndex().isValid()) {
+            stazioni.append(vista->currentIndex().data(RuoloIdentita));
+        }
+        QHash<QString, int> perGenere;
+        for (const QModelIndex& nodo : Nodi(vista->model())) {
+            const QString sGenere = nodo.data(RuoloGenere).toString();
+            const QVariant identita = nodo.data(RuoloIdentita);
+            if (perGenere[sGenere] < 3 && !stazioni.contains(identita)) {
+                ++perGenere[sGenere];
+                stazioni.append(identita);
+            }
+        }
+        if (stazioni.isEmpty()) {
+            PremiAllaStazione(finestra, nullptr, QVariant(), premuti);
+        }
+        for (const QVariant& stazione : stazioni) {
+            if (!guardata) {
+                break;
+            }
+            vista = Navigazione(finestra);
+            if (!Scegli(vista, stazione)) {
+                Segnala(QStringLiteral("%1: the node %2 cannot be chosen with a click")
+                            .arg(sFinestra, stazione.toString()));
+                continue;
+            }
+            diario.append(QStringLiteral("  at ") + vista->currentIndex().data().toString());
+            PremiAllaStazione(finestra, vista, stazione, premuti);
+        }
+    }
+    if (!guardata) {
+        return;
+    }
+    // Back in browse state, usable.
+    auto* annulla = finestra->findChild<QAbstractButton*>(QStringLiteral("cmdAnnulla"));
+    if (annulla != nullptr && annulla->isVisible() && annulla->isEnabled()) {
+        Segnala(sFinestra + QStringLiteral(" did not come back to browse state"));
+    }
+    QAbstractItemView* vista = Navigazione(finestra);
+    if (vista != nullptr && !vista->isEnabled()) {
+        Segnala(sFinestra + QStringLiteral(": its tree or list is left disabled"));
+    }
+}
+
+void TestGiro::PremiAllaStazione(QWidget* finestra, QAbstractItemView* vista,
+                                 const QVariant& stazione, QSet<QString>& premuti) {
+    QPointer<QWidget> guardata(finestra);
+    PremiVisibili(finestra, vista, stazione, premuti);
+    // The pages of the editors' tabs, each in turn, then the first one again.
+    if (!guardata) {
+        return;
+    }
+    const QTabWidget* navigazione = SchedeNavigazione(finestra);
+    const auto schede = finestra->findChildren<QTabWidget*>();
+    for (QTabWidget* scheda : schede) {
+        if (!guardata) {
+            return;
+        }
+        if (scheda == navigazione || !scheda->isVisible() || !scheda->isEnabled()) {
+            continue;
+        }
+        const int iPrima = scheda->currentIndex();
+        for (int i = 0; i < scheda->count() && guardata; ++i) {
+            if (!scheda->isTabEnabled(i) || i == iPrima) {
+                continue;
+            }
+            scheda->setCurrentIndex(i);
+            QCoreApplication::processEvents();
+            PremiVisibili(finestra, vista, stazione, premuti);
+        }
+        if (guardata) {
+            scheda->setCurrentIndex(iPrima);
+        }
+    }
+}
+
+void TestGiro::PremiVisibili(QWidget* finestra, QAbstractItemView* vista, const QVariant& stazione,
+                             QSet<QString>& premuti) {
+    QPointer<QWidget> guardata(finestra);
+    for (;;) {
+        if (!guardata) {
+            return;
+        }
+        QAbstractButton* prossimo = nullptr;
+        QString sNome;
+        const auto pulsanti = finestra->findChildren<QAbstractButton*>();
+        for (QAbstractButton* p : pulsanti) {
+            if (!p->isVisible() || !p->isEnabled() || p->objectName().startsWith(u"qt_")) {
+                continue;
+            }
+            const QString nome = NomeDi(finestra, p);
+            // A choice already made (an option on) does nothing when chosen again.
+            if (premuti.contains(nome) ||
+                (p->isCheckable() && p->isChecked() && p->autoExclusive())) {
+                continue;
+            }
+            prossimo = p;
+            sNome = nome;
+            break;
+        }
+        if (prossimo == nullptr) {
+            return;
+        }
+        premuti.insert(sNome);
+        // Each press on the node or row of its station, as a person would have it chosen.
+        if (vista != nullptr && stazione.isValid() && vista->isEnabled() &&
+            vista->currentIndex().data(RuoloIdentita) != stazione) {
+            Scegli(vista, stazione);
+        }
+        SceglieRigheInterne(finestra);
+        Premi(finestra, prossimo, sNome);
+    }
+}
+
+void TestGiro::Premi(QWidget* finestra, QAbstractButton* pulsante, const QString& sNome) {
+    const QString sFinestra = finestra->objectName();
+    QPointer<QWidget> guardata(finestra);
+    auto* annulla = finestra->findChild<QAbstractButton*>(QStringLiteral("cmdAnnulla"));
+    const bool bAnnullaPrima = annulla != nullptr && annulla->isVisible() && annulla->isEnabled();
+    // A popup's first entry is taken, so that what it starts is seen too.
+    seam->scelteMenu = {1};
+    QPointer<QAbstractButton> premuto(pulsante);
+    Esito esito = Osserva(finestra, [premuto] {
+        if (premuto) {
+            QTest::mouseClick(premuto, Qt::LeftButton);
+        }
+    });
+    seam->scelteMenu.clear();
+    if (guardata && annulla != nullptr && !bAnnullaPrima && annulla->isVisible() &&
+        annulla->isEnabled()) {
+        const Esito ritorno =
+            Osserva(finestra, [annulla] { QTest::mouseClick(annulla, Qt::LeftButton); });
+        esito.bModifica = true;
+        esito.messaggi += ritorno.messaggi;
+        esito.dialoghi += ritorno.dialoghi;
+        esito.fuoriSeam += ritorno.fuoriSeam;
+    }
+    bool bAlterno = false;
+    for (const char* nome : PulsantiAlterni) {
+        bAlterno = bAlterno || (premuto && premuto->objectName() == QLatin1String(nome));
+    }
+    if (bAlterno && guardata && premuto) {
+        const Esito ritorno =
+            Osserva(finestra, [premuto] { QTest::mouseClick(premuto, Qt::LeftButton); });
+        if (!ritorno.bCambiata) {
+            Segnala(
+                QStringLiteral("%1: %2 pressed again did not undo itself").arg(sFinestra, sNome));
+        }
+    }
+    diario.append(QStringLiteral("   %1: %2").arg(sNome, esito.Descrizione()));
+    if (esito.Nulla()) {
+        Segnala(QStringLiteral("%1: %2 does nothing").arg(sFinestra, sNome));
+    }
+    for (const Messaggio& m : esito.messaggi) {
+        if (DiErrore(m)) {
+            Segnala(QStringLiteral("%1: %2 leaves the box \"%3\": %4")
+                        .arg(sFinestra, sNome, m.sTitolo, m.sTesto.simplified()));
+        }
+    }
+    for (const QString& f : esito.fuoriSeam) {
+        Segnala(QStringLiteral("%1: %2: %3").arg(sFinestra, sNome, f));
+    }
+    if (!esito.nuoveFinestre.isEmpty()) {
+        Segnala(QStringLiteral("%1: %2 opened the windows %3 not modally")
+                    .arg(sFinestra, sNome, esito.nuoveFinestre.join(u',')));
+    }
+    if (esito.bChiusa) {
+        Segnala(QStringLiteral("%1: %2 closed the window").arg(sFinestra, sNome));
+    }
+}
+
+void TestGiro::ilGiroDiMenuEPulsantiSulDemoNonTrovaVicoliCiechiNeErroriInattesi_data() {
+    AggiungiBackend();
+}
+
+void TestGiro::ilGiroDiMenuEPulsantiSulDemoNonTrovaVicoliCiechiNeErroriInattesi() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    banca = std::make_unique<BancaDatiProva>(
+        backend, QStringList{QStringLiteral("riferimenti.sql"), QStringLiteral("demo.sql")});
+    PreparaCartella();
+    principale = std::make_unique<PrimoMDI>();
+    QVERIFY(AvviaSessione(*principale, *banca));
+    QVERIFY2(seam->Messaggi().isEmpty(), "the start showed a box");
+    seam->Svuota();
+    chiusore = std::make_unique<Chiusore>();
+
+    // The menu bar, entry by entry, as it stands.
+    QStringList visti;
+    QList<QAction*> voci;
+    for (QAction* azione : principale->menuBar()->actions()) {
+        if (azione->menu() != nullptr) {
+            for (QAction* voce : azione->menu()->actions()) {
+                if (!voce->isSeparator()) {
+                    voci.append(voce);
+                }
+            }
+        } else {
+            voci.append(azione);
+        }
+    }
+    for (QAction* voce : voci) {
+        const QString sVoce = voce->objectName();
+        visti.append(sVoce);
+        bool bNonDisponibile = false;
+        for (const char* nome : VociNonDisponibili) {
+            bNonDisponibile = bNonDisponibile || sVoce == QLatin1String(nome);
+        }
+        if (bNonDisponibile) {
+            if (voce->isEnabled()) {
+                Segnala(sVoce + QStringLiteral(" can be chosen"));
+            }
+            diario.append(sVoce + QStringLiteral(": unavailable"));
+            continue;
+        }
+        if (!voce->isEnabled()) {
+            Segnala(sVoce + QStringLiteral(" cannot be chosen"));
+            continue;
+        }
+        bool bNota = false;
+        for (const AttesaVoce& attesa : VociAttese) {
+            if (sVoce == QLatin1String(attesa.sVoce)) {
+                bNota = true;
+                if (attesa.bFiglia) {
+                    VoceFiglia(voce, attesa);
+                } else {
+                    VoceModale(voce, attesa);
+                }
+            }
+        }
+        for (const DomandaVoce& attesa : DomandeAttese) {
+            if (sVoce == QLatin1String(attesa.sVoce)) {
+                bNota = true;
+                VoceDomanda(voce, attesa);
+            }
+        }
+        for (const GuidaVoce& attesa : GuideAttese) {
+            if (sVoce == QLatin1String(attesa.sVoce)) {
+                bNota = true;
+                VoceGuida(voce, attesa);
+            }
+        }
+        if (!bNota) {
+            Segnala(sVoce + QStringLiteral(" is an entry the tour does not know"));
+        }
+    }
+
+    // Still usable: the complessi open again, a node is chosen and shown, and the end of the
+    // program taken with Yes closes the main form.
+    QAction* complessi = principale->findChild<QAction*>(QStringLiteral("mnuComplessiDoc"));
+    complessi->trigger();
+    QCOMPARE(FinestreAperte(), QStringList{QStringLiteral("frmStrutturaCD")});
+    QAbstractItemView* albero = Navigazione(FinestraAperta());
+    QVERIFY(albero != nullptr && albero->isEnabled() && albero->model()->rowCount() > 0);
+    const QList<QModelIndex> nodi = Nodi(albero->model());
+    QVERIFY(nodi.size() > 1);
+    QVERIFY(Scegli(albero, nodi.at(1).data(RuoloIdentita)));
+
+    chiusore.reset();
+    const QString sDiario = diario.join(u'\n');
+    if (!problemi.isEmpty() || qEnvironmentVariableIsSet("TABELLION_GIRO_DIARIO")) {
+        qInfo().noquote() << sDiario;
+    }
+    QVERIFY2(problemi.isEmpty(), qPrintable(problemi.join(u'\n')));
+    // Every entry the tour expects was met on the menu bar.
+    for (const AttesaVoce& attesa : VociAttese) {
+        QVERIFY2(visti.contains(QLatin1String(attesa.sVoce)), attesa.sVoce);
+    }
+    for (const DomandaVoce& attesa : DomandeAttese) {
+        QVERIFY2(visti.contains(QLatin1String(attesa.sVoce)), attesa.sVoce);
+    }
+    for (const GuidaVoce& attesa : GuideAttese) {
+        QVERIFY2(visti.contains(QLatin1String(attesa.sVoce)), attesa.sVoce);
+    }
+    for (const char* sVoce : VociNonDisponibili) {
+        QVERIFY2(visti.contains(QLatin1String(sVoce)), sVoce);
+    }
+
+    seam->risposte = {Risposta::Si};
+    principale->findChild<QAction*>(QStringLiteral("mnuFine"))->trigger();
+    QTRY_VERIFY(!principale->isVisible());
+    QVERIFY(!Sessione::cnn);
+}
+
+QTEST_MAIN(TestGiro)
+#include "tst_giro.moc"
