@@ -2,9 +2,11 @@
 // aids (frmNuovoInventario): the ticks that only the chosen kind keeps, the slots counted with
 // their zeros, the names chosen, Collega and its rows of Links (or the unit's one complesso),
 // the pairs already tied, a finding aid made on the spot and tied, the picker left halfway, an
-// element deleted meanwhile by another workstation, and the opening by name; on SQLite and on
-// PostgreSQL.
+// element deleted meanwhile by another workstation, and the opening by name; the single-choice
+// form of the picker (one complesso at most, a second tick unticking the first, the tree opened
+// down to the one chosen); on SQLite and on PostgreSQL.
 
+#include "links/SelettoreComplessi.h"
 #include "links/frmNuovoComplesso.h"
 #include "links/frmNuovoInventario.h"
 #include "programma/Registro.h"
@@ -99,6 +101,23 @@ void ComplessoInMano(long lId, const QString& sNome) {
     Sessione::iEsitoLinkInv = 0;
 }
 
+// A picker of complessi in its single-choice form, without boxes; Collega keeps the id chosen.
+class SelettoreUnico : public SelettoreComplessi {
+public:
+    SelettoreUnico()
+        : SelettoreComplessi(QStringLiteral("SelettoreUnico"), {.scelta = Scelta::Unica},
+                             QStringLiteral("Nuovo compl. doc.")) {
+        Carica();
+    }
+    qint64 lIdCollegato = -1;
+
+protected:
+    bool Collega() override {
+        lIdCollegato = Scelto();
+        return true;
+    }
+};
+
 // The picker in its dialog, shown (not modally, so that the test goes on).
 template <typename Selettore> struct InDialogo {
     Selettore* f = new Selettore;
@@ -154,6 +173,15 @@ private Q_SLOTS:
     void legareDueVolteLoStessoStrumentoAggiungeUnaRiga();
     void unoStrumentoFattoNelSelettoreSiSpuntaESiLega_data() { AggiungiBackend(); }
     void unoStrumentoFattoNelSelettoreSiSpuntaESiLega();
+
+    void nellaSceltaUnicaUnaSecondaSpuntaTogliELaPrima_data() { AggiungiBackend(); }
+    void nellaSceltaUnicaUnaSecondaSpuntaTogliELaPrima();
+    void nellaSceltaUnicaTogliereLaSpuntaLasciaSenzaScelta_data() { AggiungiBackend(); }
+    void nellaSceltaUnicaTogliereLaSpuntaLasciaSenzaScelta();
+    void nellaSceltaUnicaUnIstitutoSpuntatoNonCambiaLaScelta_data() { AggiungiBackend(); }
+    void nellaSceltaUnicaUnIstitutoSpuntatoNonCambiaLaScelta();
+    void unComplessoSceltoDalProgrammaApreLAlberoFinoALui_data() { AggiungiBackend(); }
+    void unComplessoSceltoDalProgrammaApreLAlberoFinoALui();
 
     void apertiPerNomeINomiSceltiCambianoSoloConLeSpunte_data() { AggiungiBackend(); }
     void apertiPerNomeINomiSceltiCambianoSoloConLeSpunte();
@@ -634,6 +662,113 @@ void TestSelettore::unoStrumentoFattoNelSelettoreSiSpuntaESiLega() {
                       {L(lNuovo)})
                  .toString(),
              QStringLiteral("Inventario delle gabelle"));
+}
+
+void TestSelettore::nellaSceltaUnicaUnaSecondaSpuntaTogliELaPrima() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteStruttura a(backend);
+    const Archivio ar(a);
+    InDialogo<SelettoreUnico> d;
+    SelettoreUnico& f = *d.f;
+
+    // No boxes of names, and Collega can be clicked with nothing chosen.
+    QVERIFY(f.casellaScelti == nullptr && f.casellaInMano == nullptr);
+    QVERIFY(f.findChildren<QPlainTextEdit*>(QString(), Qt::FindDirectChildrenOnly).isEmpty());
+    QVERIFY(f.findChildren<QLineEdit*>(QString(), Qt::FindDirectChildrenOnly).isEmpty());
+    QVERIFY(f.cmdCollega->isEnabled());
+    QCOMPARE(f.Scelto(), qint64{0});
+
+    Spunta(f, ar.alfa);
+    QCOMPARE(f.Scelto(), L(ar.alfa));
+    // The node ticked is shown as a click shows it.
+    QCOMPARE(f.lIdCorrente, L(ar.alfa));
+    QCOMPARE(f.tvwDB->currentIndex(), f.Modello().Trova(ar.alfa));
+    QVERIFY(f.fraComplesso->isVisible());
+    QCOMPARE(f.GetDenon(), QStringLiteral("Fondo Alfa"));
+
+    Spunta(f, ar.beta);
+    QVERIFY(!Spuntato(f, ar.alfa));
+    QVERIFY(Spuntato(f, ar.beta));
+    QCOMPARE(f.Modello().NodiSpuntati(), QList<QModelIndex>{f.Modello().Trova(ar.beta)});
+    QCOMPARE(f.Scelto(), L(ar.beta));
+    QCOMPARE(f.lIdCorrente, L(ar.beta));
+    // No slots are kept.
+    QVERIFY(f.Scelti().isEmpty());
+    QVERIFY(f.cmdCollega->isEnabled());
+
+    f.cmdCollega->click();
+    QCOMPARE(f.lIdCollegato, L(ar.beta));
+    QCOMPARE(d.dialogo->result(), int(QDialog::Accepted));
+}
+
+void TestSelettore::nellaSceltaUnicaTogliereLaSpuntaLasciaSenzaScelta() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteStruttura a(backend);
+    const Archivio ar(a);
+    SelettoreUnico f;
+
+    Spunta(f, ar.alfa);
+    Spunta(f, ar.alfa, false);
+    QCOMPARE(f.Scelto(), qint64{0});
+    QVERIFY(f.Modello().NodiSpuntati().isEmpty());
+    QVERIFY(f.cmdCollega->isEnabled());
+    // Ticked again after the untick, nothing else to untick.
+    Spunta(f, ar.beta);
+    QCOMPARE(f.Scelto(), L(ar.beta));
+    QCOMPARE(f.Modello().NodiSpuntati().size(), 1);
+}
+
+void TestSelettore::nellaSceltaUnicaUnIstitutoSpuntatoNonCambiaLaScelta() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteStruttura a(backend);
+    const Archivio ar(a);
+    SelettoreUnico f;
+
+    Spunta(f, ar.alfa);
+    Spunta(f, ar.ist);
+    QVERIFY(!Spuntato(f, ar.ist));
+    QCOMPARE(f.lIdDaTogliere, L(ar.ist));
+    QVERIFY(Spuntato(f, ar.alfa));
+    QCOMPARE(f.Scelto(), L(ar.alfa));
+    Spunta(f, 0);
+    QVERIFY(!Spuntato(f, 0));
+    QCOMPARE(f.Scelto(), L(ar.alfa));
+}
+
+void TestSelettore::unComplessoSceltoDalProgrammaApreLAlberoFinoALui() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteStruttura a(backend);
+    const Archivio ar(a);
+    const long lSerie = a.Crea("02", QStringLiteral("Serie dei rogiti"), ar.alfa);
+    const long lFascicoli = a.Crea("02", QStringLiteral("Fascicoli"), lSerie);
+    InDialogo<SelettoreUnico> d;
+    SelettoreUnico& f = *d.f;
+    QVERIFY(!f.tvwDB->isExpanded(f.Modello().Trova(ar.ist)));
+
+    QVERIFY(f.Scegli(lFascicoli));
+    QVERIFY(Spuntato(f, lFascicoli));
+    QCOMPARE(f.Scelto(), L(lFascicoli));
+    for (const qint64 lPadre : {qint64{0}, qint64{ar.ist}, qint64{ar.alfa}, qint64{lSerie}}) {
+        QVERIFY2(f.tvwDB->isExpanded(f.Modello().Trova(lPadre)),
+                 qPrintable(QString::number(lPadre)));
+    }
+    QCOMPARE(f.tvwDB->currentIndex(), f.Modello().Trova(lFascicoli));
+    QCOMPARE(f.lIdCorrente, L(lFascicoli));
+    QVERIFY(f.fraComplesso->isVisible());
+    QCOMPARE(f.GetDenon(), QStringLiteral("Fascicoli"));
+
+    // Another choice unticks it; an institute or an id not in the tree is not chosen.
+    QVERIFY(f.Scegli(ar.beta));
+    QVERIFY(!Spuntato(f, lFascicoli));
+    QCOMPARE(f.Scelto(), L(ar.beta));
+    QVERIFY(!f.Scegli(ar.ist));
+    QVERIFY(!f.Scegli(987654));
+    QCOMPARE(f.Scelto(), L(ar.beta));
+    QCOMPARE(f.Modello().NodiSpuntati().size(), 1);
 }
 
 void TestSelettore::apertiPerNomeINomiSceltiCambianoSoloConLeSpunte() {

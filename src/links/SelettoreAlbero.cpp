@@ -14,32 +14,38 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 SelettoreAlbero::SelettoreAlbero(const QString& sNome, const QString& sTag, const Caselle& caselle,
                                  QWidget* genitore)
     : FinestraStruttura(sNome, genitore)
-    , sTagScelto(sTag) {
+    , sTagScelto(sTag)
+    , scelta(caselle.scelta) {
     Modello().ImpostaSpuntabile(true);
     connect(&Modello(), &ModelloAlbero::SpuntaCambiata, this,
             [this](const QModelIndex& nodo, bool bSpuntato) { NodeCheck(nodo, bSpuntato); });
 
-    // Above the tree and the editor: the record in hand and the names chosen.
+    // Above the tree and the editor: the record in hand and the names chosen, those named.
     auto* riquadro = new QGridLayout;
-    etichettaInMano = new QLabel(caselle.sDidascaliaInMano, this);
-    etichettaInMano->setObjectName(QLatin1String(caselle.sEtichettaInMano));
-    casellaInMano = new QLineEdit(this);
-    casellaInMano->setObjectName(QLatin1String(caselle.sCasellaInMano));
-    casellaInMano->setEnabled(false);
-    etichettaScelti = new QLabel(caselle.sDidascaliaScelti, this);
-    etichettaScelti->setObjectName(QLatin1String(caselle.sEtichettaScelti));
-    casellaScelti = new QPlainTextEdit(this);
-    casellaScelti->setObjectName(QLatin1String(caselle.sCasellaScelti));
-    casellaScelti->setMaximumHeight(casellaScelti->fontMetrics().lineSpacing() * 4);
-    riquadro->addWidget(etichettaInMano, 0, 0);
-    riquadro->addWidget(casellaInMano, 0, 1);
-    riquadro->addWidget(etichettaScelti, 1, 0, Qt::AlignTop);
-    riquadro->addWidget(casellaScelti, 1, 1);
+    if (caselle.sEtichettaInMano != nullptr) {
+        etichettaInMano = new QLabel(caselle.sDidascaliaInMano, this);
+        etichettaInMano->setObjectName(QLatin1String(caselle.sEtichettaInMano));
+        casellaInMano = new QLineEdit(this);
+        casellaInMano->setObjectName(QLatin1String(caselle.sCasellaInMano));
+        casellaInMano->setEnabled(false);
+        riquadro->addWidget(etichettaInMano, 0, 0);
+        riquadro->addWidget(casellaInMano, 0, 1);
+    }
+    if (caselle.sEtichettaScelti != nullptr) {
+        etichettaScelti = new QLabel(caselle.sDidascaliaScelti, this);
+        etichettaScelti->setObjectName(QLatin1String(caselle.sEtichettaScelti));
+        casellaScelti = new QPlainTextEdit(this);
+        casellaScelti->setObjectName(QLatin1String(caselle.sCasellaScelti));
+        casellaScelti->setMaximumHeight(casellaScelti->fontMetrics().lineSpacing() * 4);
+        riquadro->addWidget(etichettaScelti, 1, 0, Qt::AlignTop);
+        riquadro->addWidget(casellaScelti, 1, 1);
+    }
     if (auto* principale = qobject_cast<QVBoxLayout*>(layout())) {
         principale->insertLayout(0, riquadro);
     }
@@ -49,7 +55,7 @@ SelettoreAlbero::SelettoreAlbero(const QString& sNome, const QString& sTag, cons
     connect(cmdModifica, &QPushButton::clicked, this, [this] { Modifica(); });
 
     cmdCollega = NuovoComando("cmdCollega", QStringLiteral("Collega"));
-    cmdCollega->setEnabled(false);
+    cmdCollega->setEnabled(scelta == Scelta::Unica);
     cmdAnnullaCol = NuovoComando("cmdAnnullaCol", QStringLiteral("Annulla collegamento"));
     connect(cmdCollega, &QPushButton::clicked, this, [this] { cmdCollega_Click(); });
     connect(cmdAnnullaCol, &QPushButton::clicked, this, [this] { Chiudi(false); });
@@ -113,12 +119,57 @@ void SelettoreAlbero::NodeCheck(const QModelIndex& nodo, bool bSpuntato) {
         }
         return;
     }
+    if (scelta == Scelta::Unica) {
+        SegnaScelta(nodo, bSpuntato);
+        if (bSpuntato) {
+            SelezionaNodo(nodo);
+        }
+        return;
+    }
     SegnaSpunta(aScelti, Modello().Id(nodo), bSpuntato);
     cmdCollega->setEnabled(SceltiPieni() > 0);
     RicostruisciScelti();
 }
 
+bool SelettoreAlbero::Scegli(qint64 lId) {
+    const QModelIndex nodo = Modello().Trova(lId);
+    if (!nodo.isValid() || Modello().Tag(nodo) != sTagScelto) {
+        return false;
+    }
+    Modello().ImpostaSpunta(nodo, true);
+    SegnaScelta(nodo, true);
+    ApriFinoA(nodo);
+    return true;
+}
+
+void SelettoreAlbero::SegnaScelta(const QModelIndex& nodo, bool bSpuntato) {
+    // The node chosen before loses its tick.
+    const qint64 lPrima = SegnaSceltaUnica(lIdSceltaUnica, Modello().Id(nodo), bSpuntato);
+    if (lPrima != 0) {
+        Modello().ImpostaSpunta(Modello().Trova(lPrima), false);
+    }
+    RicostruisciScelti();
+}
+
+void SelettoreAlbero::ApriFinoA(const QModelIndex& nodo) {
+    if (!nodo.isValid()) {
+        return;
+    }
+    QList<QModelIndex> padri;
+    for (QModelIndex padre = nodo.parent(); padre.isValid(); padre = padre.parent()) {
+        padri.prepend(padre);
+    }
+    for (const QModelIndex& padre : std::as_const(padri)) {
+        tvwDB->expand(padre);
+    }
+    tvwDB->expand(nodo);
+    SelezionaNodo(nodo);
+}
+
 void SelettoreAlbero::RicostruisciScelti() {
+    if (casellaScelti == nullptr) {
+        return;
+    }
     QStringList nomi;
     for (const QModelIndex& nodo : Modello().NodiSpuntati()) {
         nomi.append(Modello().Testo(nodo).trimmed());
@@ -127,6 +178,9 @@ void SelettoreAlbero::RicostruisciScelti() {
 }
 
 void SelettoreAlbero::BloccaScelti() {
+    if (casellaScelti == nullptr) {
+        return;
+    }
     casellaScelti->setReadOnly(true);
 }
 

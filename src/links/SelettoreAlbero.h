@@ -12,6 +12,10 @@
 // window (cmdModifica and the window's own New commands), and a new node can then be ticked. The
 // picker is hosted modally in a dialog (InDialogo), which closes with its outcome; its unload
 // clears bFrmStrutturaINAperto.
+// In its single-choice form (Scelta::Unica) one node at most is chosen: a tick on a node of the
+// kind unticks the one chosen before and shows the new one as a click does, an untick leaves no
+// choice, no slots are kept, and cmdCollega stays enabled (the picker tells itself what is
+// missing).
 
 #include "SlotSpunte.h"
 #include "structure/FinestraStruttura.h"
@@ -28,15 +32,19 @@ class ucIstituto;
 class SelettoreAlbero : public FinestraStruttura {
     Q_OBJECT
 public:
+    enum class Scelta { Multipla, Unica };
+
     // The names and captions of the two boxes: the record in hand (disabled) and the chosen
-    // names (changed only through the ticks once bLock has been called).
+    // names (changed only through the ticks once bLock has been called); a box without a name
+    // is not made. Then how many nodes can be chosen.
     struct Caselle {
-        const char* sEtichettaInMano;
-        QString sDidascaliaInMano;
-        const char* sCasellaInMano;
-        const char* sEtichettaScelti;
-        QString sDidascaliaScelti;
-        const char* sCasellaScelti;
+        const char* sEtichettaInMano = nullptr;
+        QString sDidascaliaInMano = {};
+        const char* sCasellaInMano = nullptr;
+        const char* sEtichettaScelti = nullptr;
+        QString sDidascaliaScelti = {};
+        const char* sCasellaScelti = nullptr;
+        Scelta scelta = Scelta::Multipla;
     };
 
     // sTagScelto: the Tag of the nodes that can be chosen.
@@ -55,6 +63,14 @@ public:
     int SceltiPieni() const { return static_cast<int>(SlotPieni(aScelti)); }
     // The node whose tick was last undone (its id; 0 none).
     qint64 lIdDaTogliere = 0;
+    // Single choice: the id of the node chosen (0 none).
+    qint64 Scelto() const { return lIdSceltaUnica; }
+    // Single choice: the node of that id ticked as the chosen one, the tree opened down to it
+    // and the node shown; false when the tree has no such node.
+    bool Scegli(qint64 lId);
+    // The node's parents opened from the root down, the node itself opened, selected and shown
+    // as a click does.
+    void ApriFinoA(const QModelIndex& nodo);
 
     QLabel* etichettaInMano = nullptr;
     QLineEdit* casellaInMano = nullptr;
@@ -97,10 +113,13 @@ protected:
 
 private:
     void RicostruisciScelti();
+    void SegnaScelta(const QModelIndex& nodo, bool bSpuntato);
     void cmdCollega_Click();
     void Chiudi(bool bAccetta);
 
     QString sTagScelto;
+    Scelta scelta;
     QVector<qint64> aScelti;
+    qint64 lIdSceltaUnica = 0;
     bool bInNodeCheck = false;
 };

@@ -31,3 +31,13 @@ template <typename Id> qsizetype SlotVuoti(const QVector<Id>& aSlot) {
 template <typename Id> qsizetype SlotPieni(const QVector<Id>& aSlot) {
     return aSlot.size() - SlotVuoti(aSlot);
 }
+
+// The one id chosen in a list or a tree where a single item can be ticked: a tick makes its id
+// the chosen one and gives back the id chosen before it (0 when there was none, or when it is
+// the same), whose tick the caller then undoes; an untick leaves no choice and gives back 0.
+template <typename Id>
+Id SegnaSceltaUnica(Id& lScelto, std::type_identity_t<Id> lId, bool bSpuntato) {
+    const Id lPrima = lScelto;
+    lScelto = bSpuntato ? lId : Id{0};
+    return bSpuntato && lPrima >= 1 && lPrima != lId ? lPrima : Id{0};
+}

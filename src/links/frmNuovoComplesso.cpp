@@ -1,12 +1,9 @@
 #include "frmNuovoComplesso.h"
 
-#include "records/ucIstituto.h"
 #include "session/Errore.h"
-#include "session/Piattaforma.h"
 #include "session/Sessione.h"
 #include "store/ArchivioElementi.h"
 #include "store/Connessione.h"
-#include "structure/frmStrutturaCD.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -16,42 +13,23 @@
 
 namespace {
 
-const QString TagComplesso = QStringLiteral("02");
 // The caller that ties one unit of an analytical inventory to its one complesso.
 constexpr int ChiamanteDatoInventariale = 4;
 
 } // namespace
 
 frmNuovoComplesso::frmNuovoComplesso(QWidget* genitore)
-    : SelettoreAlbero(QStringLiteral("frmNuovoComplesso"), TagComplesso,
-                      {"Label4", EtichettaDelChiamante(Sessione::iChiamanteInv), "TextI",
-                       "Label1(11)", QStringLiteral("Complessi documentari scelti"), "TextC"},
-                      genitore) {
+    : SelettoreComplessi(QStringLiteral("frmNuovoComplesso"),
+                         {"Label4", EtichettaDelChiamante(Sessione::iChiamanteInv), "TextI",
+                          "Label1(11)", QStringLiteral("Complessi documentari scelti"), "TextC"},
+                         QStringLiteral("Nuovo Complesso"), genitore) {
     setWindowTitle(QStringLiteral("Collegamento ai complessi documentari"));
     Label4 = etichettaInMano;
     TextI = casellaInMano;
     TextC = casellaScelti;
     TextI->setText(Sessione::sDenomInventario);
 
-    AggiungiIstituti();
-    fraComplesso = new ucComplesso;
-    AggiungiEditore(fraComplesso, "fraComplesso");
-    cmdNuovoCD = NuovoComando("cmdNuovoCD", QStringLiteral("Nuovo Complesso"));
-
-    RegistraIstituti({{cmdNuovoCD, &fraIstituto->OkNuovoComplesso}});
-    TipoNodo complesso;
-    complesso.sTag = TagComplesso;
-    complesso.sTipo = QStringLiteral("complesso");
-    complesso.editore = fraComplesso;
-    complesso.cmdNuovo = cmdNuovoCD;
-    complesso.sImmagineNuovo = QStringLiteral("nolink");
-    complesso.pulsanti = {{cmdNuovoCD, &fraComplesso->OkNuovoComplesso},
-                          {cmdModifica, &fraComplesso->OkModifica}};
-    RegistraTipo(complesso);
-
-    // Load: the editors, the complesso's without its link buttons, then the tree.
-    fraComplesso->Init(true, this);
-    Avvia(false);
+    Carica();
 }
 
 frmNuovoComplesso::~frmNuovoComplesso() = default;
@@ -69,52 +47,6 @@ QString frmNuovoComplesso::EtichettaDelChiamante(int iChiamante) {
 
 void frmNuovoComplesso::bLockSelCompl() {
     BloccaScelti();
-}
-
-void frmNuovoComplesso::CaricaAlbero(const QString&) {
-    if (!CaricaGruppi(frmStrutturaCD::Gruppi(frmStrutturaCD::OrdineAlfabetico()), false)) {
-        return;
-    }
-    // The producers' images come last, and a failure there has a box of its own: the tree
-    // stands as loaded.
-    try {
-        CaricamentoAlbero::ApplicaSoggetti(Modello(), *Sessione::cnn);
-    } catch (const Errore& errore) {
-        MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica, QStringLiteral("Errore T5"));
-    }
-}
-
-void frmNuovoComplesso::MostraComplesso() {
-    MostraTipo(*TipoDelTag(TagComplesso));
-}
-
-long frmNuovoComplesso::IstitutoDellEditore(const TipoNodo&) const {
-    return fraComplesso->ID_Istituto;
-}
-
-void frmNuovoComplesso::AssegnaIstituto(const TipoNodo&, long lIdIstitutoScelto) {
-    fraComplesso->AssegnaIstituto(lIdIstitutoScelto);
-}
-
-void frmNuovoComplesso::NuovoNellEditore(const TipoNodo& tipo, const QString& sTagPadre) {
-    if (tipo.editore == fraComplesso) {
-        fraComplesso->Nuovo(sTagPadre, static_cast<long>(lIdCorrente));
-    } else {
-        FinestraStruttura::NuovoNellEditore(tipo, sTagPadre);
-    }
-}
-
-QString frmNuovoComplesso::GetDenon() {
-    const QModelIndex nodo = NodoCorrente();
-    return nodo.isValid() ? Modello().Testo(nodo) : QString();
-}
-
-void frmNuovoComplesso::ChkSogg() {
-    FinestraStruttura::ChkSogg();
-}
-
-void frmNuovoComplesso::ChkLinks() {
-    FinestraStruttura::ChkLinks();
 }
 
 bool frmNuovoComplesso::Collega() {

@@ -9,10 +9,9 @@
 // and complessi can be made and edited here; the complesso's editor hides its link buttons.
 // The dialog closes with its outcome in iEsitoLinkCD (1 a link added).
 
-#include "SelettoreAlbero.h"
-#include "records/ucComplesso.h"
+#include "SelettoreComplessi.h"
 
-class frmNuovoComplesso : public SelettoreAlbero, public ChiamanteComplesso {
+class frmNuovoComplesso : public SelettoreComplessi {
     Q_OBJECT
 public:
     explicit frmNuovoComplesso(QWidget* genitore = nullptr);
@@ -23,24 +22,11 @@ public:
 
     // Called by the opener just before showing: TextC changes only through the ticks.
     void bLockSelCompl();
-    // Shows the complesso of the node last clicked.
-    void MostraComplesso();
 
-    // ChiamanteComplesso
-    QString GetDenon() override;
-    void ChkSogg() override;
-    void ChkLinks() override;
-
-    ucComplesso* fraComplesso = nullptr;
-    QPushButton* cmdNuovoCD = nullptr;
     QLabel* Label4 = nullptr;
     QLineEdit* TextI = nullptr;
     QPlainTextEdit* TextC = nullptr;
 
 protected:
     bool Collega() override;
-    void CaricaAlbero(const QString& sOrdine) override;
-    long IstitutoDellEditore(const TipoNodo& tipo) const override;
-    void AssegnaIstituto(const TipoNodo& tipo, long lIdIstitutoScelto) override;
-    void NuovoNellEditore(const TipoNodo& tipo, const QString& sTagPadre) override;
 };
