@@ -12,6 +12,7 @@
 #include "links/frmNuovoComplesso.h"
 #include "links/frmNuovoInventario.h"
 #include "links/frmNuovoSoggetto.h"
+#include "links/frmNuovoVersamento.h"
 #include "session/Dialoghi.h"
 #include "session/PrimoMDI.h"
 #include "session/frmBackup.h"
@@ -122,6 +123,12 @@ void RegistraFinestreProgramma() {
             }
             return finestra.release()->InDialogo(genitore);
         });
+    // The row of a versamento (Sessione::lIdVersamento, lIdRigaVersamento 0 for a new one),
+    // hosted modally.
+    Dialoghi::RegistraPredefinito(QStringLiteral("frmNuovoVersamento"),
+                                  [](QWidget* genitore, const Dialoghi::Argomenti&) -> QDialog* {
+                                      return (new frmNuovoVersamento)->InDialogo(genitore);
+                                  });
     // The analytical inventory of Sessione::lIdInventario, hosted modally: its kind ("sTipo")
     // and the complessi linked to the finding aid ("sComplessoLinked").
     Dialoghi::RegistraPredefinito(
