@@ -650,6 +650,7 @@ void TestVisualizzatori::iSigilliDellaPergamenaRestanoApertiSottoFrmSelInv() {
     Dialoghi::Registra(QStringLiteral("frmSelInv"),
                        [&](QWidget* genitore, const Dialoghi::Argomenti&) -> QDialog* {
                            a.Lega(secondo, pg.elemento);
+                           Sessione::bOkLinkSelInv = true;
                            auto* d = new QDialog(genitore);
                            QTimer::singleShot(0, d, &QDialog::accept);
                            return d;

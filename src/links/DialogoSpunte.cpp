@@ -135,6 +135,7 @@ void DialogoSpunte::AggiungiPagina(const PaginaSpunte& pagina, const QString& sE
 
     auto* modello = new ModelloSpunte(this);
     modello->ImpostaIntestazione(pagina.sIntestazione);
+    modello->ImpostaSceltaUnica(pagina.bSceltaUnica);
     auto* lista = NuovaListaRighe(foglio, nome("lvwDB"), modello);
     connect(lista->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this, iPagina](const QModelIndex& corrente) {
@@ -159,8 +160,12 @@ void DialogoSpunte::AggiungiPagina(const PaginaSpunte& pagina, const QString& sE
     liste.append(lista);
     modelli.append(modello);
     scelti.append(nomiScelti);
+    oggetti.append(oggetto);
     SSTab1->addTab(foglio, pagina.sTitolo);
 
+    if (pagina.editore == nullptr) {
+        return;
+    }
     pagina.editore->setParent(cornice);
     pagina.editore->setObjectName(QLatin1String(pagina.sNomeEditore));
     pagina.editore->setVisible(false);
@@ -197,6 +202,10 @@ QLineEdit* DialogoSpunte::Scelti(int iPagina) const {
     return scelti.value(iPagina);
 }
 
+QLineEdit* DialogoSpunte::Oggetto(int iPagina) const {
+    return oggetti.value(iPagina);
+}
+
 void DialogoSpunte::BloccaScelti(bool bBlocca) {
     for (QLineEdit* testo : scelti) {
         testo->setReadOnly(bBlocca);
@@ -210,6 +219,17 @@ void DialogoSpunte::Avvia(int iScheda) {
     }
     cmdAnnulla->setEnabled(false);
     cmdConferma->setEnabled(false);
+    // Lists only chosen from: no editor's frame, no editor's commands.
+    const bool bEditori = std::any_of(pagine.cbegin(), pagine.cend(),
+                                      [](const PaginaSpunte& p) { return p.editore != nullptr; });
+    for (QWidget* parte : {cornice, static_cast<QWidget*>(cmdNuovoSog),
+                           static_cast<QWidget*>(cmdConferma), static_cast<QWidget*>(cmdAnnulla)}) {
+        parte->setVisible(bEditori);
+    }
+    // A single choice may be written as it stands, also as no choice.
+    if (collegamento.scriviScelta) {
+        cmdCollega->setEnabled(true);
+    }
     bAvviata = true;
     iScheda = std::clamp(iScheda, 0, Pagine() - 1);
     if (SSTab1->currentIndex() != iScheda) {
@@ -251,7 +271,7 @@ void DialogoSpunte::CaricaLista(int iPagina) {
     } catch (...) {
         // The list stays as far as it came.
         modello.Riempi(std::move(ids), std::move(testi), std::move(legate));
-        MostraErrore(std::current_exception(), objectName(), QStringLiteral("Errore U5"));
+        MostraErrore(std::current_exception(), objectName(), pagina.sErroreCarica);
         return;
     }
     modello.Riempi(std::move(ids), std::move(testi), std::move(legate));
@@ -289,7 +309,7 @@ void DialogoSpunte::SelezionaRiga(int iPagina, int iRiga) {
 
 void DialogoSpunte::NascondiAltriEditori(const PaginaSpunte& pagina) {
     for (const PaginaSpunte& altra : pagine) {
-        if (altra.editore != pagina.editore) {
+        if (altra.editore != nullptr && altra.editore != pagina.editore) {
             altra.editore->setVisible(false);
         }
     }
@@ -301,6 +321,9 @@ void DialogoSpunte::Mostra() {
     sStato = StatoMostra;
     sTipo = pagina.sTipo;
     NascondiAltriEditori(pagina);
+    if (pagina.editore == nullptr) {
+        return;
+    }
     try {
         if (aChiave[iPagina].isEmpty()) {
             pagina.pulisci();
@@ -319,6 +342,11 @@ void DialogoSpunte::Mostra() {
 void DialogoSpunte::ItemCheck(int iPagina, int iRiga) {
     ModelloSpunte& modello = Modello(iPagina);
     if (iRiga < 0 || iRiga >= modello.Righe()) {
+        return;
+    }
+    // One choice at most: the model took away the tick there was; the name follows.
+    if (modello.SceltaUnica()) {
+        RicostruisciScelti(iPagina);
         return;
     }
     // A link that exists is undone only from its viewer.
@@ -356,6 +384,17 @@ void DialogoSpunte::RicostruisciScelti(int iPagina) {
 // The commands
 
 void DialogoSpunte::cmdCollega_Click() {
+    if (collegamento.scriviScelta) {
+        try {
+            collegamento.scriviScelta(Modello(PaginaCorrente()).IdSpuntato());
+        } catch (...) {
+            // Nothing written: the dialog stays open.
+            MostraErrore(std::current_exception(), objectName(), collegamento.sErroreScelta);
+            return;
+        }
+        accept();
+        return;
+    }
     *collegamento.iEsito = 0;
     try {
         const Connessione& cnn = Cnn(objectName());
@@ -452,11 +491,12 @@ void DialogoSpunte::Disposizione(bool bNuovo) {
 
 void DialogoSpunte::cmdNuovoSog_Click() {
     const PaginaSpunte& pagina = pagine[PaginaCorrente()];
+    if (pagina.editore == nullptr) {
+        return;
+    }
     sStato = StatoNuovo;
     sTipo = pagina.sTipo;
-    for (const PaginaSpunte& altra : pagine) {
-        altra.editore->setVisible(false);
-    }
+    NascondiAltriEditori(pagina);
     pagina.editore->Nuovo();
     pagina.editore->setVisible(true);
     Disposizione(true);

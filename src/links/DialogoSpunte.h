@@ -17,6 +17,11 @@
 // The dialog that uses it describes its lists (PaginaSpunte) and its links (CollegamentoSpunte).
 // A dialog of one list only (UnaLista) shows it without tabs: lvwDB, the served object in
 // Text1(0) under Label1(0), the names chosen in Text1(1) under Label1(1).
+//
+// A list of a single choice (PaginaSpunte::bSceltaUnica) keeps one tick at most, the item linked
+// at the load ticked as a choice the user may change or take away; cmdCollega is on from the
+// start and hands the item ticked (0 none) to the description's scriviScelta. A list without an
+// editor makes no new items: the dialog then has no editor's frame and no editor's commands.
 
 #include <QDialog>
 #include <QList>
@@ -49,7 +54,12 @@ struct PaginaSpunte {
     QVariantList valori;
     int iColonnaChecked = 2;
     std::function<QString(const LetturaRighe& riga)> testoRiga;
-    // The editor of the tab's items, with its frame's name ("fraPersona").
+    // One item at most ticked (see above).
+    bool bSceltaUnica = false;
+    // The title of the box of a failure while the list loads.
+    QString sErroreCarica = QStringLiteral("Errore U5");
+    // The editor of the tab's items, with its frame's name ("fraPersona"); none for a list whose
+    // items are only chosen.
     EditoreRecord* editore = nullptr;
     const char* sNomeEditore = "";
     // The editor cleared, when the tab has no item to show or a new item is given up.
@@ -83,6 +93,10 @@ struct CollegamentoSpunte {
     // and 1 when a link is added.
     QVector<long>* aSel = nullptr;
     int* iEsito = nullptr;
+    // For a list of a single choice, in place of the rows above: writes the choice, the item's
+    // id or 0 for none (raises Errore), under the box titled sErroreScelta.
+    std::function<void(qint64 lScelto)> scriviScelta;
+    QString sErroreScelta;
 };
 
 class DialogoSpunte : public QDialog {
@@ -99,6 +113,8 @@ public:
     int Pagine() const { return static_cast<int>(pagine.size()); }
     // Text1(n), the names newly ticked in a tab.
     QLineEdit* Scelti(int iPagina) const;
+    // Text2(n), the served object in a tab.
+    QLineEdit* Oggetto(int iPagina) const;
 
     // The tick rule, for a change of the tick of a row of a tab.
     void ItemCheck(int iPagina, int iRiga);
@@ -163,6 +179,7 @@ private:
     QList<QTreeView*> liste;
     QList<ModelloSpunte*> modelli;
     QList<QLineEdit*> scelti;
+    QList<QLineEdit*> oggetti;
     QList<bool> caricate;
     CollegamentoSpunte collegamento;
     QWidget* cornice = nullptr;

@@ -26,6 +26,14 @@ bool ModelloSpunte::setData(const QModelIndex& indice, const QVariant& valore, i
     }
     const int iRiga = indice.row();
     spunte[iRiga] = valore.toInt() == Qt::Checked;
+    if (bSceltaUnica && spunte[iRiga]) {
+        // The tick there was goes away, without telling it: only the new choice is told.
+        for (int i = 0; i < spunte.size(); ++i) {
+            if (i != iRiga && spunte[i]) {
+                ImpostaSpunta(i, false);
+            }
+        }
+    }
     Q_EMIT dataChanged(indice, indice, {Qt::CheckStateRole});
     Q_EMIT SpuntaCambiata(iRiga);
     return true;
@@ -38,6 +46,17 @@ Qt::ItemFlags ModelloSpunte::flags(const QModelIndex& indice) const {
 void ModelloSpunte::Riempi(QList<qint64> idNuovi, QList<QString> testiNuovi,
                            QList<bool> legateNuove) {
     legateNuove.resize(idNuovi.size());
+    if (bSceltaUnica) {
+        // The one linked starts ticked as a choice the user may change; the first only.
+        spunte.fill(false, legateNuove.size());
+        const qsizetype iLegata = legateNuove.indexOf(true);
+        if (iLegata >= 0) {
+            spunte[iLegata] = true;
+        }
+        legate.fill(false, legateNuove.size());
+        ModelloElenco::Riempi(std::move(idNuovi), std::move(testiNuovi));
+        return;
+    }
     legate = std::move(legateNuove);
     spunte = legate;
     ModelloElenco::Riempi(std::move(idNuovi), std::move(testiNuovi));
@@ -56,4 +75,9 @@ void ModelloSpunte::ImpostaSpunta(int iRiga, bool bSpuntata) {
     spunte[iRiga] = bSpuntata;
     const QModelIndex cella = index(iRiga);
     Q_EMIT dataChanged(cella, cella, {Qt::CheckStateRole});
+}
+
+qint64 ModelloSpunte::IdSpuntato() const {
+    const qsizetype iRiga = spunte.indexOf(true);
+    return iRiga >= 0 ? Id(static_cast<int>(iRiga)) : 0;
 }

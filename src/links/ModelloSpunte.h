@@ -5,6 +5,10 @@
 // already when the list was loaded (its Tag 1: shown in bold). A change of a tick, as the view
 // makes it at the user's click or key, is told by SpuntaCambiata after it is stored; what it
 // means is the dialog's rule.
+//
+// A list of a single choice (ImpostaSceltaUnica) keeps one tick at most: a tick takes away the
+// one there was, and the row linked when the list was loaded starts ticked but is an ordinary
+// row (Tag 0, not bold), which the user may untick.
 
 #include "records/ModelloElenco.h"
 
@@ -32,10 +36,17 @@ public:
     // The tick set without telling it (the dialog's own correction).
     void ImpostaSpunta(int iRiga, bool bSpuntata);
 
+    // One tick at most (before Riempi).
+    void ImpostaSceltaUnica(bool bUnica) { bSceltaUnica = bUnica; }
+    bool SceltaUnica() const { return bSceltaUnica; }
+    // The id of the first row ticked; 0 when none is.
+    qint64 IdSpuntato() const;
+
 Q_SIGNALS:
     void SpuntaCambiata(int iRiga);
 
 private:
     QList<bool> spunte;
     QList<bool> legate;
+    bool bSceltaUnica = false;
 };

@@ -90,6 +90,8 @@ protected:
     // The links of the chosen slots (cmdCollega); false, its box shown, when they could not
     // be written: the dialog then stays open.
     virtual bool Collega() = 0;
+    // The Tag of the nodes that can be chosen, for a picker that learns it after being made.
+    void ImpostaTagScelto(const QString& sTag) { sTagScelto = sTag; }
     // A picker whose tree holds institutes: the institute of a record of the window's own kind
     // shown, and the institute given to that kind's editor before a new record (none by
     // default).

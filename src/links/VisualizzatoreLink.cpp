@@ -287,7 +287,8 @@ void VisualizzatoreLink::cmdNuovoCol_Click() {
         return;
     }
     if (descrizione.bProseguiRestando) {
-        if (Dialoghi::Apri(descrizione.sProsegui, this, descrizione.argomentiProsegui)) {
+        if (Dialoghi::Apri(descrizione.sProsegui, this, descrizione.argomentiProsegui) &&
+            (!descrizione.collegato || descrizione.collegato())) {
             Carica();
         }
         return;

@@ -58,8 +58,10 @@ struct DescrizioneLink {
     QString sProsegui;
     // What it is handed, by the names of its members.
     QVariantMap argomentiProsegui;
-    // The dialog opens over the viewer, which stays open and loads its list again afterwards.
+    // The dialog opens over the viewer, which stays open and loads its list again afterwards:
+    // always, or only when collegato, asked then, answers that the dialog made a link.
     bool bProseguiRestando = false;
+    std::function<bool()> collegato;
     // Asked before going on, given the viewer: false stops there (it has said why).
     std::function<bool(const VisualizzatoreLink&)> puoProseguire;
     // The role of a link: the file of roles of the program folder ("RuoliPGANT.txt"), the table

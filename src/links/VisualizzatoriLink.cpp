@@ -508,8 +508,18 @@ DescrizioneLink MostraLinkPGS(const QVariantMap& argomenti) {
             {QStringLiteral("ID_Elemento"), QStringLiteral("ID_ElementoLink")},
             {Id(bDaSigillo ? lIdSigillo : lId), Id(bDaSigillo ? lId : lIdPergamena)});
     };
+    // On to the choice of the finding aid, for the parchment in hand (mode 0) or the seal (1);
+    // the list is read again once a link has been made.
     d.sProsegui = QStringLiteral("frmSelInv");
+    d.argomentiProsegui = {
+        {QStringLiteral("iMode"), bDaSigillo ? 1 : 0},
+        {QStringLiteral("lIdEleLink"), bDaSigillo ? lIdSigillo : lIdPergamena},
+        {QStringLiteral("sDescLink"), d.sDenominazione},
+    };
     d.bProseguiRestando = true;
+    d.collegato = [] {
+        return Sessione::bOkLinkSelInv;
+    };
     return d;
 }
 

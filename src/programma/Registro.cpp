@@ -8,11 +8,13 @@
 #include "exchange/frmScEsporta.h"
 #include "exchange/frmScImporta.h"
 #include "links/VisualizzatoriLink.h"
+#include "links/frmCollegaPergamene.h"
 #include "links/frmLinkPuntiAccesso.h"
 #include "links/frmNuovoComplesso.h"
 #include "links/frmNuovoInventario.h"
 #include "links/frmNuovoSoggetto.h"
 #include "links/frmNuovoVersamento.h"
+#include "links/frmSelInv.h"
 #include "session/Dialoghi.h"
 #include "session/PrimoMDI.h"
 #include "session/frmBackup.h"
@@ -138,5 +140,33 @@ void RegistraFinestreProgramma() {
             finestra->Init(argomenti.value(QStringLiteral("sTipo")).toString(),
                            argomenti.value(QStringLiteral("sComplessoLinked")).toString());
             return finestra.release()->InDialogo(genitore);
+        });
+    // The choice of the finding aid in which to tie the parchment ("iMode" 0) or the seal (1) in
+    // hand ("lIdEleLink", its element; "sDescLink"): nothing opens when there is nothing to choose.
+    Dialoghi::RegistraPredefinito(
+        QStringLiteral("frmSelInv"),
+        [](QWidget* genitore, const Dialoghi::Argomenti& argomenti) -> QDialog* {
+            auto scelta = std::make_unique<frmSelInv>(genitore);
+            if (!scelta->bInit(
+                    argomenti.value(QStringLiteral("iMode")).toInt(),
+                    static_cast<long>(argomenti.value(QStringLiteral("lIdEleLink")).toLongLong()),
+                    argomenti.value(QStringLiteral("sDescLink")).toString())) {
+                return nullptr;
+            }
+            return scelta.release();
+        });
+    // The original of the parchment in Sessione::lIdPergamena; given "lIdElemento" (and
+    // "sDenominazione") the copies of that original, to read.
+    Dialoghi::RegistraPredefinito(
+        QStringLiteral("frmCollegaPergamene"),
+        [](QWidget* genitore, const Dialoghi::Argomenti& argomenti) -> QDialog* {
+            auto* collegamento = new frmCollegaPergamene(genitore);
+            if (argomenti.contains(QStringLiteral("lIdElemento"))) {
+                collegamento->Init(
+                    static_cast<long>(argomenti.value(QStringLiteral("lIdElemento")).toLongLong()),
+                    argomenti.value(QStringLiteral("sDenominazione")).toString());
+            }
+            collegamento->Carica();
+            return collegamento;
         });
 }

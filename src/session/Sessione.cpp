@@ -67,6 +67,7 @@ void Azzera() {
     iEsitoLinkSogg = 0;
     iEsitoLinkCD = 0;
     iEsitoLinkInv = 0;
+    bOkLinkSelInv = false;
     iChiamanteInv = 0;
     iChiamanteAntroponimi = 0;
     iChiamanteToponimi = 0;

@@ -53,6 +53,7 @@ inline QVector<long> aSelTitolari;
 inline int iEsitoLinkSogg = 0;
 inline int iEsitoLinkCD = 0;
 inline int iEsitoLinkInv = 0;
+inline bool bOkLinkSelInv = false; // frmSelInv tied a seal and a parchment
 inline int iChiamanteInv = 0;
 inline int iChiamanteAntroponimi = 0;
 inline int iChiamanteToponimi = 0;
