@@ -82,7 +82,7 @@ bool Spuntato(const FinestraStruttura& f, qint64 lId) {
 }
 
 QLineEdit* Campo(const frmNuovoVersamento& f, int n) {
-    return f.fraVersamento->findChild<QLineEdit*>(QStringLiteral("Text1(%1)").arg(n));
+    return Riga(f.fraVersamento, n);
 }
 
 // The row's mandatory fields, with that name.
