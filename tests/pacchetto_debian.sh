@@ -77,11 +77,12 @@ for file in Menu.txt alter.sql TipologiaCD.txt RuoliPGANT.txt Bitmap/mostra.bmp 
     sql/sqlite/schema.sql sql/postgresql/schema.sql sql/riferimenti.sql; do
     [ -f "$programma/$file" ] || fallito "manca $programma/$file"
 done
-# The help books that the sources hold.
-for guida in "$sorgenti"/site/*.pdf; do
-    [ -e "$guida" ] || continue
-    [ -f "$programma/$(basename "$guida")" ] || fallito "manca la guida $programma/$(basename "$guida")"
-done
+# The help books that Menu.txt names, each a PDF beside it, where the "?" menu looks for it.
+while IFS= read -r guida || [ -n "$guida" ]; do
+    guida=${guida%$'\r'}
+    [ -n "$guida" ] || continue
+    [ -s "$programma/$guida.pdf" ] || fallito "manca la guida $programma/$guida.pdf"
+done <"$programma/Menu.txt"
 conffiles=$(dpkg-query -W -f='${Conffiles}' tabellion)
 for file in "${impostazioni_sito[@]}"; do
     [ -f "$impostazioni/$file" ] || fallito "manca $impostazioni/$file"
