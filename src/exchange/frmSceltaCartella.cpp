@@ -4,6 +4,7 @@
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
+#include "session/Utility.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -16,9 +17,6 @@
 
 namespace {
 
-// The platform's number for a folder that is there but can't be read.
-constexpr long AccessoNegato = 75;
-
 void MostraErrore(const Errore& errore, const QString& sTitolo) {
     MsgBox(errore.testo(), Pulsanti::Ok, Icona::Critica, sTitolo);
 }
@@ -30,15 +28,7 @@ QString Pulito(const QString& sPercorso) {
 } // namespace
 
 void ControllaCartellaScambio(const QString& sCartella, const QString& sSorgente) {
-    // An empty path names no folder: the working folder is not the site's.
-    const QFileInfo info(sCartella);
-    if (sCartella.isEmpty() || !info.isDir())
-        throw Errore(sSorgente, QStringLiteral("Impossibile trovare il percorso"),
-                     ErroriPiattaforma::PercorsoNonTrovato);
-    // Listing a folder needs both reading it and passing through it.
-    if (!info.isReadable() || !info.isExecutable())
-        throw Errore(sSorgente, QStringLiteral("Errore di accesso al percorso/file"),
-                     AccessoNegato);
+    ControllaCartella(sCartella, sSorgente);
 }
 
 frmSceltaCartella::frmSceltaCartella(Impostazioni impostazioniDate, QWidget* parent)

@@ -13,6 +13,7 @@
 #include <QSqlQuery>
 #include <QXmlStreamReader>
 #include <exception>
+#include <limits>
 
 namespace {
 
@@ -80,12 +81,28 @@ bool LeggiPagine(const QString& sFileXml, QList<Voce>& voci) {
     return true;
 }
 
-void Aggiungi(QComboBox* combo, const QList<Voce>& voci, qsizetype da) {
-    for (qsizetype i = da; i < voci.size(); ++i) {
-        bool bOk = false;
-        const qlonglong numero = voci.at(i).sSequenza.trimmed().toLongLong(&bOk);
-        combo->addItem(voci.at(i).sNomenclature, bOk ? numero : 0);
-    }
+// The platform's number and words of a whole number too large for a page.
+constexpr long Overflow = 6;
+
+// A page's sequence_number as a whole number of 16 bits; anything else raises, under the
+// module's name, the platform's error of a text that is not such a number.
+qint16 NumeroPagina(const QString& sSequenza, const QString& sSorgente) {
+    bool bOk = false;
+    const qlonglong numero = sSequenza.trimmed().toLongLong(&bOk);
+    if (!bOk)
+        throw Errore(sSorgente, QStringLiteral("Tipo non corrispondente"),
+                     ErroriPiattaforma::TipoNonCorrispondente);
+    if (numero < std::numeric_limits<qint16>::min() || numero > std::numeric_limits<qint16>::max())
+        throw Errore(sSorgente, QStringLiteral("Overflow"), Overflow);
+    return static_cast<qint16>(numero);
+}
+
+// The pages from the one at da on, in order; a page whose number fails stops the list there,
+// the pages before it staying in the combo box.
+void Aggiungi(QComboBox* combo, const QList<Voce>& voci, qsizetype da, const QString& sSorgente) {
+    for (qsizetype i = da; i < voci.size(); ++i)
+        combo->addItem(voci.at(i).sNomenclature,
+                       int(NumeroPagina(voci.at(i).sSequenza, sSorgente)));
 }
 
 } // namespace
@@ -185,7 +202,7 @@ void Carica(const QString& sFileXml, QComboBox* combo) {
     QList<Voce> voci;
     if (combo == nullptr || !LeggiPagine(sFileXml, voci))
         return;
-    Aggiungi(combo, voci, 0);
+    Aggiungi(combo, voci, 0, QStringLiteral("DaImag"));
 }
 
 } // namespace DaImag
@@ -198,7 +215,7 @@ void Carica(const QString& sFileXml, QComboBox* combo, const QString& sPaginaImg
         return;
     for (qsizetype i = 0; i < voci.size(); ++i) {
         if (voci.at(i).sNomenclature == sPaginaImg) {
-            Aggiungi(combo, voci, i + 1);
+            Aggiungi(combo, voci, i + 1, QStringLiteral("AImag"));
             return;
         }
     }

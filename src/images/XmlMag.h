@@ -3,8 +3,9 @@
 // Module XmlMag: links a record to a MAG document. The images that the document lists are
 // copied into the image repository (basGestImgMag), and the outcome is written to the
 // record's row of Elementi and to MD5Location. Modules DaImag and AImag read the page list of
-// a document for the page pickers. Nothing here raises: a failure comes back as an error text
-// that begins with "XmlMag." and the routine's name (or the repository's own text).
+// a document for the page pickers. XmlMag does not raise: a failure comes back as an error text
+// that begins with "XmlMag." and the routine's name (or the repository's own text). DaImag and
+// AImag raise Errore for a page whose number is not a whole number, for their caller's handler.
 
 #include <QString>
 
@@ -27,12 +28,14 @@ void DeleteXmlMag(long lIdElemento, const QString& sMd5, QString& sErrore);
 
 namespace DaImag {
 // For each /metadigit/img of the document, in order, an item with the text of nomenclature
-// and, as its data, sequence_number as a whole number. A document that can't be loaded
-// leaves the combo box as it was.
+// and, as its data, sequence_number as a whole number (of 16 bits). A document that can't be
+// loaded leaves the combo box as it was. A sequence_number that is not such a number raises
+// Errore (source "DaImag"), the pages before it staying in the combo box.
 void Carica(const QString& sFileXml, QComboBox* combo);
 } // namespace DaImag
 
 namespace AImag {
-// As DaImag, but only the img that follow the one whose nomenclature equals sPaginaImg.
+// As DaImag, but only the img that follow the one whose nomenclature equals sPaginaImg (source
+// "AImag" of a failure).
 void Carica(const QString& sFileXml, QComboBox* combo, const QString& sPaginaImg);
 } // namespace AImag

@@ -7,6 +7,7 @@
 #include "authorities/frmToponimi.h"
 #include "exchange/frmScEsporta.h"
 #include "exchange/frmScImporta.h"
+#include "images/frmCollegaImmagini.h"
 #include "links/VisualizzatoriLink.h"
 #include "links/frmCollegaPergamene.h"
 #include "links/frmLinkPuntiAccesso.h"
@@ -60,6 +61,9 @@ void RegistraFinestreProgramma() {
 
     // The dialogs that records and windows open by name.
     dialogo("frmAltreDenominazioni", [](QWidget* g) { return new frmAltreDenominazioni(g); });
+    // The page link of the element in Sessione::lIdElementoImg, opened from a record's image
+    // button.
+    dialogo("frmCollegaImmagini", [](QWidget* g) { return new frmCollegaImmagini(g); });
     // The twelve viewers of links, each reading its opener's session values and arguments.
     for (const QString& sNome : VisualizzatoriLink::Nomi()) {
         Dialoghi::RegistraPredefinito(

@@ -35,6 +35,7 @@ inline constexpr long TipoNonCorrispondente = 13;
 inline constexpr long ErroreInterno = 51;
 inline constexpr long FileNonTrovato = 53;
 inline constexpr long ErroreIO = 57;
+inline constexpr long AccessoNegato = 75;
 inline constexpr long PercorsoNonTrovato = 76;
 } // namespace ErroriPiattaforma
 

@@ -75,6 +75,12 @@ void Azzera() {
     lIdElemLinkInv = 0;
     sCartellaExport.clear();
     sCartellaImport.clear();
+    lIdElementoImg = 0;
+    sCartellaImg.clear();
+    sPaginaImg.clear();
+    iDaPagina = 0;
+    iAPagina = 0;
+    iEsitoCollegaImmagini = 0;
     bFrmStrutturaCDAperto = false;
     bFrmStrutturaINAperto = false;
     bFrmSoggettiAperto = false;

@@ -60,6 +60,16 @@ inline int iChiamanteToponimi = 0;
 inline unsigned char iTipoSogg = 0;
 inline long lIdElemLinkInv = 0;
 inline QString sCartellaExport;
+// The page link of an element to a MAG document of the image repository (frmCollegaImmagini):
+// the element, the chosen document (below sParam01 when it lies there), the name of the first
+// page chosen and the first and last page as sequence numbers (both 0: no link yet); the
+// outcome is 1 when the dialog closed on Conferma, else 0.
+inline long lIdElementoImg = 0;
+inline QString sCartellaImg;
+inline QString sPaginaImg;
+inline qint16 iDaPagina = 0;
+inline qint16 iAPagina = 0;
+inline int iEsitoCollegaImmagini = 0;
 inline QString sCartellaImport;
 
 inline bool bFrmStrutturaCDAperto = false;

@@ -1,6 +1,9 @@
 #include "Utility.h"
 
 #include "Conversioni.h"
+#include "Errore.h"
+
+#include <QFileInfo>
 
 namespace {} // namespace
 
@@ -87,4 +90,16 @@ QString RigheMessaggio(const QStringList& righe) {
     for (const QString& sRiga : righe)
         sTesto += sRiga + QStringLiteral("\r\n");
     return sTesto;
+}
+
+void ControllaCartella(const QString& sCartella, const QString& sSorgente) {
+    // An empty path names no folder: the working folder is not the one meant.
+    const QFileInfo info(sCartella);
+    if (sCartella.isEmpty() || !info.isDir())
+        throw Errore(sSorgente, QStringLiteral("Impossibile trovare il percorso"),
+                     ErroriPiattaforma::PercorsoNonTrovato);
+    // Listing a folder needs both reading it and passing through it.
+    if (!info.isReadable() || !info.isExecutable())
+        throw Errore(sSorgente, QStringLiteral("Errore di accesso al percorso/file"),
+                     ErroriPiattaforma::AccessoNegato);
 }

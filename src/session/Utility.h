@@ -21,3 +21,8 @@ QString RigheMessaggio(const QStringList& righe);
 void BloccaControlli(const QList<QWidget*>& controlli);
 // Undoes BloccaControlli: multi-line text boxes writable again, the others enabled.
 void SbloccaControlli(const QList<QWidget*>& controlli);
+
+// A folder that is about to be listed: raises the platform's error under the source given when
+// it can't be, 76 "Impossibile trovare il percorso" when it is not there or is not a folder (an
+// empty path names none), 75 "Errore di accesso al percorso/file" when it can't be read.
+void ControllaCartella(const QString& sCartella, const QString& sSorgente);
