@@ -49,12 +49,7 @@ qlonglong L(qint64 valore) {
 struct Ambiente : AmbienteStruttura {
     explicit Ambiente(TipoBackend tipo)
         : AmbienteStruttura(tipo) {
-        cartella.CopiaDalSito({QStringLiteral("LivelliDI.txt"), QStringLiteral("TraditioPG.txt"),
-                               QStringLiteral("TipologiaIcoSG.txt"), QStringLiteral("FormaSG.txt"),
-                               QStringLiteral("MateriaSG.txt"), QStringLiteral("TipologiaSG.txt"),
-                               QStringLiteral("ApposizioneSG.txt"),
-                               QStringLiteral("RapportoDocSG.txt"),
-                               QStringLiteral("TipologiaDGSG.txt")});
+        ListeInventarioAnalitico();
     }
     // The three counters of a finding aid, "units parchments seals".
     QString Contatori(long inventario) const {
@@ -83,26 +78,6 @@ struct Ambiente : AmbienteStruttura {
     }
 };
 
-// An institute with a fondo and a finding aid linked to it; the key of its row of Inventari.
-struct Strumento {
-    long ist = 0;
-    long fondo = 0;
-    long inv = 0;
-    long idInv = 0;
-};
-
-Strumento CreaStrumento(const Ambiente& a, const QString& sNome = QStringLiteral("Carte Guinigi")) {
-    Strumento s;
-    s.ist = a.Crea("01", QStringLiteral("Archivio di Stato di Lucca"));
-    s.fondo = a.Crea("02", QStringLiteral("Fondo Guinigi"), s.ist);
-    s.inv = a.Crea("03", sNome, s.ist);
-    a.Lega(s.fondo, s.inv);
-    s.idInv = a.Valore(QStringLiteral("SELECT ID_Inventario FROM Inventari WHERE ID_Elemento = ?"),
-                       {L(s.inv)})
-                  .toInt();
-    return s;
-}
-
 // The window over that finding aid, made ready as its opener does.
 std::unique_ptr<frmStrutturaDI> Apri(long inventario,
                                      const QString& sComplesso = QStringLiteral("Fondo Guinigi")) {
@@ -110,20 +85,6 @@ std::unique_ptr<frmStrutturaDI> Apri(long inventario,
     auto f = std::make_unique<frmStrutturaDI>();
     f->Init(QStringLiteral("01"), sComplesso);
     return f;
-}
-
-// The tree, one node a line, indented by depth: "text tag image".
-QString Albero(const ModelloAlbero& modello, const QModelIndex& nodo = QModelIndex(),
-               int iLivello = 0) {
-    QString s;
-    if (nodo.isValid()) {
-        s += QString(iLivello * 2, u' ') + modello.Testo(nodo) + u' ' + modello.Tag(nodo) + u' ' +
-             modello.Immagine(nodo) + u'\n';
-    }
-    for (int riga = 0; riga < modello.rowCount(nodo); ++riga) {
-        s += Albero(modello, modello.index(riga, 0, nodo), nodo.isValid() ? iLivello + 1 : 0);
-    }
-    return s;
 }
 
 // The commands "NuovoDI Modifica Cancella MostraLinks" as 0/1.

@@ -25,6 +25,7 @@
 #include "structure/frmStrutturaCD.h"
 #include "structure/frmStrutturaDI.h"
 #include "structure/frmStrutturaIN.h"
+#include "structure/frmStrutturaPG.h"
 
 #include <QDialog>
 
@@ -173,4 +174,10 @@ void RegistraFinestreProgramma() {
             collegamento->Carica();
             return collegamento;
         });
+    // The parchments and seals of Sessione::lIdInventario, hosted modally, in the mode of
+    // Sessione::lModoStrutturaPG.
+    Dialoghi::RegistraPredefinito(QStringLiteral("frmStrutturaPG"),
+                                  [](QWidget* genitore, const Dialoghi::Argomenti&) -> QDialog* {
+                                      return (new frmStrutturaPG)->InDialogo(genitore);
+                                  });
 }

@@ -836,13 +836,18 @@ QImage Pannello(const QString& sNomeFile) {
 // The loading
 
 QString GruppoAlbero::Testo() const {
-    if (tipi.isEmpty()) {
-        return sColonnaTesto;
-    }
-    // The kinds are the window's fixed texts.
+    // The kinds are the window's fixed texts; a kind without a column of its own shows the
+    // group's, and when none has one the column is read bare.
     QString sTesto = QStringLiteral("CASE ELEM_Tipologia");
+    bool bColonneProprie = false;
     for (const Tipo& tipo : tipi) {
-        sTesto += QStringLiteral(" WHEN '%1' THEN %2").arg(tipo.sTag, tipo.sColonnaTesto);
+        if (!tipo.sColonnaTesto.isEmpty()) {
+            sTesto += QStringLiteral(" WHEN '%1' THEN %2").arg(tipo.sTag, tipo.sColonnaTesto);
+            bColonneProprie = true;
+        }
+    }
+    if (!bColonneProprie) {
+        return sColonnaTesto;
     }
     return sTesto + QStringLiteral(" ELSE ") + sColonnaTesto + QStringLiteral(" END");
 }

@@ -209,7 +209,8 @@ struct GruppoAlbero {
     // What the node shows: a column of the view or an expression on its columns.
     QString sColonnaTesto = QStringLiteral("ELEM_Denominazione");
     // A group of several kinds whose nodes show, each by its ELEM_Tipologia, a column of its
-    // own and an image of its own (a kind not listed: sColonnaTesto and sImmagine).
+    // own and an image of its own (a kind not listed, or listed without a column:
+    // sColonnaTesto; not listed: sImmagine).
     struct Tipo {
         QString sTag;
         QString sColonnaTesto;

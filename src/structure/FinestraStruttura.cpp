@@ -4,6 +4,7 @@
 #include "session/Dialoghi.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
+#include "session/PrimoMDI.h"
 #include "session/Sessione.h"
 #include "store/ArchivioElementi.h"
 #include "store/Connessione.h"
@@ -20,6 +21,7 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QPixmap>
@@ -57,6 +59,23 @@ const QString StatoModifica = QStringLiteral("modifica");
 
 } // namespace
 
+TipoNodo TipoDelloStrumento(const QString& sTag, const char* sTipo, EditoreRecord* editore,
+                            const char* sImmagineNuovo, const char* sTabella, const char* sDomanda,
+                            const char* sTitolo, QPushButton* cmdCancella,
+                            QPushButton* cmdModifica) {
+    TipoNodo tipo;
+    tipo.sTag = sTag;
+    tipo.sTipo = QLatin1String(sTipo);
+    tipo.editore = editore;
+    tipo.sImmagineNuovo = QLatin1String(sImmagineNuovo);
+    tipo.sTabella = QLatin1String(sTabella);
+    tipo.sDomandaCancella = QString::fromUtf8(sDomanda);
+    tipo.sTitoloCancella = QString::fromUtf8(sTitolo);
+    tipo.sTitoloErroreCancella = QStringLiteral("Errore U4");
+    tipo.pulsanti = {{cmdCancella, &editore->OkCancella}, {cmdModifica, &editore->OkModifica}};
+    return tipo;
+}
+
 FinestraStruttura::FinestraStruttura(const QString& sNome, QWidget* genitore)
     : QWidget(genitore) {
     setObjectName(sNome);
@@ -85,6 +104,9 @@ FinestraStruttura::FinestraStruttura(const QString& sNome, QWidget* genitore)
     tvwDB->setModel(pModello);
     connect(tvwDB->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& corrente) { CambioSelezione(corrente); });
+    tvwDB->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(tvwDB, &QTreeView::customContextMenuRequested, this,
+            [this](const QPoint& posizione) { MenuDelNodo(posizione); });
     connect(tvwDB, &QTreeView::clicked, this, [this](const QModelIndex& nodo) {
         // A click on the node already chosen shows it again.
         if (nodo == tvwDB->currentIndex() && !bSelezioneInterna) {
@@ -314,6 +336,40 @@ void FinestraStruttura::MenuNuovo(const QPushButton* comando) {
     }
 }
 
+void FinestraStruttura::RegistraMenuNodo(const QStringList& tagNodi, const QStringList& voci,
+                                         std::function<void(int)> azione) {
+    menuNodi.append({tagNodi, voci, std::move(azione)});
+}
+
+void FinestraStruttura::MenuDelNodo(const QPoint& posizione) {
+    const QModelIndex nodo = tvwDB->indexAt(posizione);
+    if (!nodo.isValid() || !tvwDB->isEnabled()) {
+        return;
+    }
+    const QString sTag = pModello->Tag(nodo);
+    for (const MenuNodo& menu : menuNodi) {
+        if (!menu.tagNodi.contains(sTag)) {
+            continue;
+        }
+        if (nodo == tvwDB->currentIndex()) {
+            NodoCliccato(nodo);
+        } else {
+            tvwDB->setCurrentIndex(nodo);
+        }
+        const int iScelta =
+            piattaforma().SceltaMenu(menu.voci, tvwDB->viewport()->mapToGlobal(posizione));
+        if (iScelta >= 1 && iScelta <= menu.voci.size()) {
+            menu.azione(iScelta);
+        }
+        return;
+    }
+}
+
+void FinestraStruttura::TieniNascosto(QPushButton* comando) {
+    comandiNascosti.append(comando);
+    comando->hide();
+}
+
 void FinestraStruttura::AggiungiEditore(EditoreRecord* editore, const char* sNome) {
     auto* pannello = qobject_cast<QVBoxLayout*>(Frame1->layout());
     if (pannello == nullptr) {
@@ -339,13 +395,58 @@ void FinestraStruttura::BloccaComandi() {
 
 void FinestraStruttura::SbloccaComandi() {
     for (QPushButton* comando : comandi) {
-        comando->show();
+        comando->setVisible(!comandiNascosti.contains(comando));
     }
     cmdSposta->show();
     picSposta->show();
     tvwDB->setEnabled(true);
     cmdConferma->hide();
     cmdAnnulla->hide();
+}
+
+// ---------------------------------------------------------------------------------------------
+// A window over one finding aid
+
+void FinestraStruttura::DimensioniDalPrincipale() {
+    if (const PrimoMDI* principale = PrimoMDI::Istanza()) {
+        resize(principale->Area()->size() +
+               QSize(650 / PrimoMDI::TwipPerPixel, 100 / PrimoMDI::TwipPerPixel));
+    }
+}
+
+bool FinestraStruttura::LeggiStrumentoRadice(const QString& sSql, qint64 lIdElemento,
+                                             long& lIdInventarioRecord, QString& sDenominazione) {
+    try {
+        if (!Sessione::cnn) {
+            throw Errore(objectName(), QStringLiteral("La connessione al database è chiusa."));
+        }
+        QSqlQuery riga = Sessione::cnn->Esegui(sSql, {lIdElemento}, objectName());
+        if (!riga.next() || riga.value(0).isNull()) {
+            throw Errore(objectName(),
+                         QStringLiteral("Lo strumento di ricerca (elemento %1) non è nel database.")
+                             .arg(lIdElemento));
+        }
+        lIdInventarioRecord = EditoreRecord::Lungo(riga.value(0));
+        sDenominazione = riga.value(1).toString();
+        return true;
+    } catch (...) {
+        MsgBox(ErroreDi(std::current_exception(), objectName()).descrizione(), Pulsanti::Ok,
+               Icona::Critica, QStringLiteral("Errore U5"));
+        SenzaAlbero();
+        return false;
+    }
+}
+
+void FinestraStruttura::SenzaAlbero() {
+    pModello->Svuota();
+    sTagCorrente.clear();
+    lIdCorrente = 0;
+    for (QPushButton* comando : comandi) {
+        comando->setEnabled(false);
+    }
+    for (const TipoNodo& tipo : tipi) {
+        tipo.editore->setVisible(false);
+    }
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -17,6 +17,7 @@
 #include <QVariantMap>
 #include <QWidget>
 
+#include <functional>
 #include <utility>
 
 class EditoreRecord;
@@ -26,6 +27,7 @@ class QScrollArea;
 class QGroupBox;
 class QHBoxLayout;
 class QLabel;
+class QPoint;
 class QPushButton;
 class QRadioButton;
 class QTreeView;
@@ -60,6 +62,13 @@ struct TipoNodo {
     QList<std::pair<QPushButton*, const bool*>> pulsanti;
     static constexpr bool Sempre = true;
 };
+
+// A kind of a window over one finding aid: its texts, the delete's failure titled "Errore U4",
+// and its Cancella and Modifica enabled by the editor's OkCancella and OkModifica.
+TipoNodo TipoDelloStrumento(const QString& sTag, const char* sTipo, EditoreRecord* editore,
+                            const char* sImmagineNuovo, const char* sTabella, const char* sDomanda,
+                            const char* sTitolo, QPushButton* cmdCancella,
+                            QPushButton* cmdModifica);
 
 // An entry of the popup of a command that makes a new element of one of several kinds: its
 // text as the popup shows it and the Tag of the kind it makes.
@@ -190,11 +199,29 @@ protected:
     // Tag, does nothing. A window may give several popups to one command, for different Tags.
     void RegistraMenuNuovo(QPushButton* comando, const QStringList& tagPadri,
                            const QList<VoceNuovo>& voci);
+    // A popup on the right click on a node whose Tag is one of tagNodi: the node is chosen and
+    // shown, then the entries are offered through the platform at the cursor, and the number
+    // of the entry chosen (1 for the first) goes to the action; no entry chosen does nothing.
+    void RegistraMenuNodo(const QStringList& tagNodi, const QStringList& voci,
+                          std::function<void(int)> azione);
+    // A command of the window that stays hidden, also when an edit ends.
+    void TieniNascosto(QPushButton* comando);
     // An editor of the window in Frame1, with its name; of the editors only the first is
     // visible until a record is shown.
     void AggiungiEditore(EditoreRecord* editore, const char* sNome);
     // The row of the command buttons, where the window puts its own ones.
     QHBoxLayout* BarraComandi() const { return barraComandi; }
+
+    // A window over one element, hosted modally: the main form's inner size and a little more
+    // (650 and 100 twips).
+    void DimensioniDalPrincipale();
+    // The finding aid at the root of a window over one of them: the first row of the statement
+    // (its "?" the element) gives the key of its row of Inventari and its name. False, after
+    // the box "Errore U5", when it cannot be read or is no finding aid: the window is emptied.
+    bool LeggiStrumentoRadice(const QString& sSql, qint64 lIdElemento, long& lIdInventarioRecord,
+                              QString& sDenominazione);
+    // Nothing to show: the tree empty, the commands off, the editors hidden.
+    void SenzaAlbero();
 
     // The temporary node of a new element: key 9999999 ID, 10 blanks, under the node last
     // clicked, selected (without its click).
@@ -232,6 +259,7 @@ private:
     void ImpostaPulsanteSposta(const QString& sBitmap, const QString& sIcona);
     void NascondiAltriEditori(const TipoNodo& tipo);
     void MenuNuovo(const QPushButton* comando);
+    void MenuDelNodo(const QPoint& posizione);
 
     struct MenuDelComando {
         const QPushButton* comando;
@@ -239,6 +267,13 @@ private:
         QList<VoceNuovo> voci;
     };
     QList<MenuDelComando> menuNuovo;
+    struct MenuNodo {
+        QStringList tagNodi;
+        QStringList voci;
+        std::function<void(int)> azione;
+    };
+    QList<MenuNodo> menuNodi;
+    QList<QPushButton*> comandiNascosti;
 
     ModelloAlbero* pModello = nullptr;
     QHBoxLayout* barraComandi = nullptr;

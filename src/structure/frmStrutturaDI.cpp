@@ -6,11 +6,9 @@
 #include "records/ucSigillo.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
-#include "session/PrimoMDI.h"
 #include "session/Sessione.h"
 #include "store/Connessione.h"
 
-#include <QMdiArea>
 #include <QPushButton>
 #include <QSqlQuery>
 #include <QTreeView>
@@ -22,10 +20,6 @@ const QString TagPergamena = QStringLiteral("05");
 const QString TagSigillo = QStringLiteral("06");
 const QString TagDatoInventariale = QStringLiteral("07");
 const QString Sorgente = QStringLiteral("frmStrutturaDI");
-const QString ErroreCaricamento = QStringLiteral("Errore U5");
-const QString ErroreCancella = QStringLiteral("Errore U4");
-// The window is the main form's inner size and a little more (650 and 100 twips).
-const QSize Margine(650 / PrimoMDI::TwipPerPixel, 100 / PrimoMDI::TwipPerPixel);
 
 qlonglong Chiave(long valore) {
     return static_cast<qlonglong>(valore);
@@ -55,7 +49,7 @@ frmStrutturaDI::frmStrutturaDI(QWidget* genitore)
         Cancella();
         // The finding aid itself deleted: nothing is left to show.
         if (!Modello().Radice().isValid()) {
-            SenzaInventario();
+            SenzaAlbero();
         }
     });
     connect(cmdMostraLinks, &QPushButton::clicked, this, [this] { cmdMostraLinks_Click(); });
@@ -72,17 +66,8 @@ frmStrutturaDI::frmStrutturaDI(QWidget* genitore)
     const auto tipo = [this](const QString& sTag, const char* sTipoRecord, EditoreRecord* editore,
                              const char* sImmagine, const char* sTabella, const char* sDomanda,
                              const char* sTitolo) {
-        TipoNodo t;
-        t.sTag = sTag;
-        t.sTipo = QLatin1String(sTipoRecord);
-        t.editore = editore;
-        t.sImmagineNuovo = QLatin1String(sImmagine);
-        t.sTabella = QLatin1String(sTabella);
-        t.sDomandaCancella = QString::fromUtf8(sDomanda);
-        t.sTitoloCancella = QString::fromUtf8(sTitolo);
-        t.sTitoloErroreCancella = ErroreCancella;
-        t.pulsanti = {{cmdCancella, &editore->OkCancella}, {cmdModifica, &editore->OkModifica}};
-        return t;
+        return TipoDelloStrumento(sTag, sTipoRecord, editore, sImmagine, sTabella, sDomanda,
+                                  sTitolo, cmdCancella, cmdModifica);
     };
     TipoNodo inventario =
         tipo(TagInventario, "inventario", fraInventario, "nolink", "Inventari",
@@ -129,9 +114,7 @@ void frmStrutturaDI::Init(const QString& sTipoInv, const QString& sComplessoLink
     fraDatiInventariali->Init();
     fraPergamena->Init();
     fraSigillo->Init();
-    if (const PrimoMDI* principale = PrimoMDI::Istanza()) {
-        resize(principale->Area()->size() + Margine);
-    }
+    DimensioniDalPrincipale();
     Avvia(true);
 }
 
@@ -175,52 +158,24 @@ void frmStrutturaDI::CaricaAlbero(const QString& sOrdine) {
     // The tail comes from the two options' fixed texts only.
     const QString sCoda = sOrdine == OrdineAlfabetico() ? OrdineAlfabetico() : OrdineArchivistico();
     lIdInventarioCorrente = Sessione::lIdInventario;
+    QString sDenominazione;
+    if (!LeggiStrumentoRadice(QStringLiteral("SELECT INV_ID_Inventario, INV_Denominazione FROM "
+                                             "AlberoDatiInventariali WHERE ELEM_Tipologia='03' AND "
+                                             "ELEM_ID_Elemento = ?"),
+                              lIdInventarioCorrente, lIdInventarioRecord, sDenominazione)) {
+        return;
+    }
     RadiceAlbero radice;
     radice.lId = lIdInventarioCorrente;
     radice.sImmagine = QStringLiteral("nolink");
     radice.sTag = TagInventario;
-    try {
-        if (!Sessione::cnn) {
-            throw Errore(Sorgente, QStringLiteral("La connessione al database è chiusa."));
-        }
-        QSqlQuery riga = Sessione::cnn->Esegui(
-            QStringLiteral("SELECT INV_ID_Inventario, INV_Denominazione FROM "
-                           "AlberoDatiInventariali WHERE ELEM_Tipologia='03' AND "
-                           "ELEM_ID_Elemento = ?"),
-            {Chiave(lIdInventarioCorrente)}, Sorgente);
-        if (!riga.next() || riga.value(0).isNull()) {
-            throw Errore(Sorgente, QStringLiteral("Lo strumento di ricerca (elemento %1) non è "
-                                                  "nel database: non ha un inventario analitico.")
-                                       .arg(lIdInventarioCorrente));
-        }
-        lIdInventarioRecord = EditoreRecord::Lungo(riga.value(0));
-        const QString sDenominazione = riga.value(1).toString();
-        radice.sTesto =
-            sComplesso.isEmpty() ? sDenominazione : QStringLiteral("Inventario: ") + sDenominazione;
-    } catch (...) {
-        MsgBox(ErroreDi(std::current_exception(), Sorgente).descrizione(), Pulsanti::Ok,
-               Icona::Critica, ErroreCaricamento);
-        SenzaInventario();
-        return;
-    }
+    radice.sTesto =
+        sComplesso.isEmpty() ? sDenominazione : QStringLiteral("Inventario: ") + sDenominazione;
     if (CaricaGruppi({Gruppo(lIdInventarioRecord, sCoda)}, false, radice)) {
         fraDatiInventariali->setVisible(false);
         fraPergamena->setVisible(false);
         fraSigillo->setVisible(false);
     }
-}
-
-void frmStrutturaDI::SenzaInventario() {
-    Modello().Svuota();
-    sTagCorrente.clear();
-    lIdCorrente = 0;
-    for (QPushButton* comando : {cmdNuovoDI, cmdModifica, cmdCancella, cmdMostraLinks}) {
-        comando->setEnabled(false);
-    }
-    fraInventario->setVisible(false);
-    fraDatiInventariali->setVisible(false);
-    fraPergamena->setVisible(false);
-    fraSigillo->setVisible(false);
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -84,6 +84,4 @@ private:
     // the parent of the seal shown (bDelSigillo) or of the node under which a new one is made;
     // then the seal's editor made ready for it. False, after the box, when it cannot be read.
     bool ModoSigillo(bool bDelSigillo);
-    // No finding aid to show: the tree empty, the commands off.
-    void SenzaInventario();
 };

@@ -73,6 +73,7 @@ frmStrutturaIN::frmStrutturaIN(QWidget* genitore)
                            {cmdMostraLinks, &TipoNodo::Sempre},
                            {cmdAltreDen, &TipoNodo::Sempre}};
     RegistraTipo(inventario);
+    RegistraMenuNodo({TagInventario}, VociStrumento(), [this](int iVoce) { MenuStrumento(iVoce); });
 
     // Load: the editors, then the tree, in its one order.
     fraIstituto->Init();
@@ -188,6 +189,30 @@ void frmStrutturaIN::cmdInvAnalitico_Click() {
         cmdInvAnalitico->setProperty(Tag, TipoInventarioBase);
         fraInventario->InventariAnalitici = 1;
     }
+}
+
+const QStringList& frmStrutturaIN::VociStrumento() {
+    static const QStringList voci = {QStringLiteral("Inventario base"),
+                                     QStringLiteral("Pergamene        "),
+                                     QStringLiteral("Sigilli staccati ")};
+    return voci;
+}
+
+void frmStrutturaIN::MenuStrumento(int iVoce) {
+    if (iVoce == 1) {
+        if (cmdInvAnalitico->isEnabled()) {
+            cmdInvAnalitico_Click();
+        }
+    } else if (iVoce == 2 || iVoce == 3) {
+        ApriPergameneESigilli(iVoce - 2);
+    }
+}
+
+void frmStrutturaIN::ApriPergameneESigilli(long lModo) {
+    Sessione::lModoStrutturaPG = lModo;
+    Sessione::lIdInventario = static_cast<long>(lIdCorrente);
+    Dialoghi::Apri(QStringLiteral("frmStrutturaPG"), this);
+    MostraInventario();
 }
 
 bool frmStrutturaIN::ScriviTipoInv(const QString& sTipoInv) {

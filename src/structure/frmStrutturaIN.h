@@ -6,7 +6,8 @@
 // described to the structure window, which runs New, Edit, Conferma, Annulla and Delete; it
 // adds the other names of a finding aid (cmdAltreDen), the complessi linked to it
 // (cmdMostraLinks) and its analytical inventory (cmdInvAnalitico), whose kind the first click
-// fixes in Inventari.TipoInv.
+// fixes in Inventari.TipoInv. A right click on a finding aid offers in a popup its analytical
+// inventory, its parchments and its detached seals.
 
 #include "FinestraStruttura.h"
 
@@ -53,6 +54,15 @@ public:
     void cmdAltreDen_Click();
     void cmdMostraLinks_Click();
     void cmdInvAnalitico_Click();
+
+    // The popup of a right click on a finding aid's node: its analytical inventory (as
+    // cmdInvAnalitico), its parchments, its detached seals.
+    static const QStringList& VociStrumento();
+    // The entry chosen in that popup (1 for the first).
+    void MenuStrumento(int iVoce);
+    // The parchments and seals of the finding aid shown, in their window in that mode (0 the
+    // parchments, 1 the detached seals), modally; back here the finding aid is shown again.
+    void ApriPergameneESigilli(long lModo);
 
 protected:
     void CaricaAlbero(const QString& sOrdine) override;

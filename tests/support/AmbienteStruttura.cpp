@@ -104,6 +104,30 @@ QStringList TestiFigli(const ModelloAlbero& modello, const QModelIndex& padre) {
     return testi;
 }
 
+QString Albero(const ModelloAlbero& modello, const QModelIndex& nodo, int iLivello) {
+    QString s;
+    if (nodo.isValid()) {
+        s += QString(iLivello * 2, u' ') + modello.Testo(nodo) + u' ' + modello.Tag(nodo) + u' ' +
+             modello.Immagine(nodo) + u'\n';
+    }
+    for (int riga = 0; riga < modello.rowCount(nodo); ++riga) {
+        s += Albero(modello, modello.index(riga, 0, nodo), nodo.isValid() ? iLivello + 1 : 0);
+    }
+    return s;
+}
+
+Strumento CreaStrumento(const AmbienteStruttura& a, const QString& sNome) {
+    Strumento s;
+    s.ist = a.Crea("01", QStringLiteral("Archivio di Stato di Lucca"));
+    s.fondo = a.Crea("02", QStringLiteral("Fondo Guinigi"), s.ist);
+    s.inv = a.Crea("03", sNome, s.ist);
+    a.Lega(s.fondo, s.inv);
+    s.idInv = a.Valore(QStringLiteral("SELECT ID_Inventario FROM Inventari WHERE ID_Elemento = ?"),
+                       {static_cast<qlonglong>(s.inv)})
+                  .toInt();
+    return s;
+}
+
 QList<Messaggio> MessaggiCon(const PiattaformaScriptata& piattaforma, const QString& sTitolo) {
     QList<Messaggio> trovati;
     for (const Messaggio& messaggio : piattaforma.Messaggi()) {

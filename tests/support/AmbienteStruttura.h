@@ -56,6 +56,20 @@ struct AmbienteStruttura {
 
 // The texts of the sons of a node, in the tree's order.
 QStringList TestiFigli(const ModelloAlbero& modello, const QModelIndex& padre);
+// The tree below that node (all of it by default), one node a line, indented by depth:
+// "text tag image".
+QString Albero(const ModelloAlbero& modello, const QModelIndex& nodo = QModelIndex(),
+               int iLivello = 0);
+
+// An institute with a fondo and a finding aid linked to it; the key of its row of Inventari.
+struct Strumento {
+    long ist = 0;
+    long fondo = 0;
+    long inv = 0;
+    long idInv = 0;
+};
+Strumento CreaStrumento(const AmbienteStruttura& a,
+                        const QString& sNome = QStringLiteral("Carte Guinigi"));
 // The boxes shown with that title.
 QList<Messaggio> MessaggiCon(const PiattaformaScriptata& piattaforma, const QString& sTitolo);
 // The mandatory fields of an institute, with that name.
