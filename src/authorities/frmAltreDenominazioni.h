@@ -6,65 +6,18 @@
 // its table (for a producer the key of its kind, not ID_Soggetto). Run modally; the opener
 // looks at the names again after it closes.
 
-#include <QDialog>
+#include "records/ElencoTesti.h"
+
 #include <QString>
 
-class QGroupBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
-class QTreeWidget;
-class QTreeWidgetItem;
-
-class frmAltreDenominazioni : public QDialog {
+class frmAltreDenominazioni : public ElencoTesti {
     Q_OBJECT
 public:
     explicit frmAltreDenominazioni(QWidget* parent = nullptr);
 
-    // The table of a mode and the column that holds the record's key; both empty for a mode
-    // that is none of the five.
-    struct Tabella {
-        QString sNome;
-        QString sChiaveEsterna;
-    };
+    // Where the names of a mode lie; all empty for a mode that is none of the five.
     static Tabella TabellaDelModo(const QString& sTipo);
 
-    // Fills the list again from the table of the mode and shows the first name.
-    void Carica();
-
-    // "Nuova", "Modifica" or empty.
-    const QString& Azione() const { return sAzione; }
-    // The key of the row last clicked: "ID" followed by its ID_Denominazione.
-    const QString& Chiave() const { return sChiave; }
-
-public Q_SLOTS:
-    void lvwDB_ItemClick(QTreeWidgetItem* riga);
-    void cmdNuovaDenom_Click();
-    void cmdModifica_Click();
-    void cmdCancella_Click();
-    void cmdConferma_Click();
-    void cmdAnnulla_Click();
-
 private:
-    // Browse: the list usable, the text box closed and empty, only cmdNuovaDenom to press.
-    void Consultazione();
-    // Entry: the text box open, the list closed, only cmdConferma and cmdAnnulla to press.
-    void Inserimento();
-    QTreeWidgetItem* AggiungiRiga(const QString& sTesto, qint64 lId);
-    QTreeWidgetItem* RigaDellaChiave() const;
-    qint64 IdDellaChiave() const;
-
-    QString sAzione;
-    QString sChiave;
-    bool bInterno = false; // the list is being changed by the program, not by a click
-
-    QGroupBox* Frame1;
-    QTreeWidget* lvwDB;
-    QLabel* lblAltraDenominazione;
-    QLineEdit* Text1;
-    QPushButton* cmdNuovaDenom;
-    QPushButton* cmdModifica;
-    QPushButton* cmdCancella;
-    QPushButton* cmdConferma;
-    QPushButton* cmdAnnulla;
+    static Descrizione DescrizioneDialogo();
 };
