@@ -213,8 +213,8 @@ void FinestraElenco::CaricaLista(int iPagina) {
         if (!Sessione::cnn) {
             throw Errore(objectName(), QStringLiteral("La connessione al database è chiusa."));
         }
-        const auto righe = Sessione::cnn->backend().ApriLetturaRighe(Sessione::cnn->Db(),
-                                                                     pagina.sSql, {}, objectName());
+        const auto righe = Sessione::cnn->backend().ApriLetturaRighe(
+            Sessione::cnn->Db(), pagina.sSql, pagina.valori, objectName());
         while (righe->Prossima()) {
             ids.append(righe->Intero(0));
             testi.append(pagina.testoRiga(*righe));

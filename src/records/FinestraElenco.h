@@ -16,6 +16,7 @@
 
 #include <QList>
 #include <QString>
+#include <QVariantList>
 #include <QWidget>
 #include <functional>
 #include <utility>
@@ -46,8 +47,9 @@ struct PaginaElenco {
     // The list's one column header.
     QString sIntestazione;
     // The statement that fills the list, in the list's order, the record's id in its first
-    // column; the text of a row from the row read.
+    // column, and the values bound to it; the text of a row from the row read.
     QString sSql;
+    QVariantList valori;
     std::function<QString(const LetturaRighe& riga)> testoRiga;
     // The editor beside the list, with its name ("fraPersona").
     EditoreRecord* editore = nullptr;

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QPointer>
 #include <QScopeGuard>
+#include <QVBoxLayout>
 
 namespace Dialoghi {
 
@@ -86,6 +87,24 @@ bool Apri(const QString& sNome, QWidget* genitore, const Argomenti& argomenti) {
         }
     }
     return bMostrato;
+}
+
+QDialog* Ospita(QWidget* finestra, QWidget* genitore) {
+    auto* dialogo = new QDialog(genitore);
+    dialogo->setObjectName(finestra->objectName() + QStringLiteral("Dialogo"));
+    dialogo->setWindowTitle(finestra->windowTitle());
+    dialogo->setModal(true);
+    auto* disposizione = new QVBoxLayout(dialogo);
+    disposizione->setContentsMargins(0, 0, 0, 0);
+    const bool bDimensionata = finestra->testAttribute(Qt::WA_Resized);
+    const QSize dimensione = finestra->size();
+    finestra->setParent(dialogo);
+    disposizione->addWidget(finestra);
+    finestra->show();
+    if (bDimensionata) {
+        dialogo->resize(dimensione);
+    }
+    return dialogo;
 }
 
 } // namespace Dialoghi

@@ -42,6 +42,11 @@ bool Registrato(const QString& sNome);
 // gone on to that has no maker ends the road there, with nothing visible.
 bool Apri(const QString& sNome, QWidget* genitore, const Argomenti& argomenti = {});
 
+// Hosts a window in a modal dialog, child of genitore, which closes with it and takes its
+// caption; the dialog is named after the window followed by "Dialogo" and returned for its
+// exec(). A window given a size of its own gives it to the dialog.
+QDialog* Ospita(QWidget* finestra, QWidget* genitore);
+
 // The names of the two dynamic properties of going on.
 inline constexpr const char* ProprietaProsegui = "Prosegui";
 inline constexpr const char* ProprietaArgomentiProsegui = "ArgomentiProsegui";

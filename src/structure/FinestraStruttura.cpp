@@ -560,21 +560,7 @@ void FinestraStruttura::showEvent(QShowEvent* evento) {
 }
 
 QDialog* FinestraStruttura::InDialogo(QWidget* genitore) {
-    auto* dialogo = new QDialog(genitore);
-    dialogo->setObjectName(objectName() + QStringLiteral("Dialogo"));
-    dialogo->setWindowTitle(windowTitle());
-    dialogo->setModal(true);
-    auto* disposizione = new QVBoxLayout(dialogo);
-    disposizione->setContentsMargins(0, 0, 0, 0);
-    const bool bDimensionata = testAttribute(Qt::WA_Resized);
-    const QSize dimensione = size();
-    setParent(dialogo);
-    disposizione->addWidget(this);
-    show();
-    if (bDimensionata) {
-        dialogo->resize(dimensione);
-    }
-    return dialogo;
+    return Dialoghi::Ospita(this, genitore);
 }
 
 // ---------------------------------------------------------------------------------------------
