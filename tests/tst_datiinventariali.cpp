@@ -262,6 +262,7 @@ void TestDatiInventariali::iCampiHannoEtichetteLimitiETagEIlLivelloDalFile() {
     QCOMPARE(Pulsante(&editore, "cmdMostraSoggetti")->text(), QStringLiteral("Produttori"));
     QCOMPARE(Pulsante(&editore, "cmdMostraToponimi")->text(), QStringLiteral("Toponimi"));
     QCOMPARE(Pulsante(&editore, "cmdMostraLink")->text(), QString());
+    QCOMPARE(Pulsante(&editore, "cmdCoseNotevoli")->text(), QStringLiteral("Cose notevoli"));
     QCOMPARE(Pulsante(&editore, "cmdImmagine")->text(), QStringLiteral("Immagine"));
 
     // The levels of the program folder's list, in the order of its file.
@@ -817,10 +818,12 @@ void TestDatiInventariali::iFlagDeiCollegamentiSiLeggonoConLUnitaEColoranoIPulsa
     const long altra = ambiente.Crea("07", QStringLiteral("Altra"), albero.inventario);
     const long idDato = ambiente.IdDato(albero.unita);
     EditorePronto<ucDatiInventariali> editore(albero.unita);
-    QVERIFY(!editore.Soggetti && !editore.Antroponimi && !editore.Toponimi);
+    QVERIFY(!editore.Soggetti && !editore.Antroponimi && !editore.Toponimi &&
+            !editore.CoseNotevoli);
     const QColor faccia = QApplication::palette().color(QPalette::Button);
     const QColor finestra = QApplication::palette().color(QPalette::Base);
-    for (const char* p : {"cmdMostraSoggetti", "cmdMostraAntroponimi", "cmdMostraToponimi"})
+    for (const char* p :
+         {"cmdMostraSoggetti", "cmdMostraAntroponimi", "cmdMostraToponimi", "cmdCoseNotevoli"})
         QCOMPARE(Pulsante(&editore, p)->palette().color(QPalette::Button), faccia);
 
     ambiente.Cnn().Esegui(QStringLiteral("INSERT INTO Soggetti (ID_Soggetto, Denominazione, "
@@ -834,13 +837,20 @@ void TestDatiInventariali::iFlagDeiCollegamentiSiLeggonoConLUnitaEColoranoIPulsa
     ambiente.Cnn().Esegui(QStringLiteral("INSERT INTO DIToponimi (ID_DatoInventariale, "
                                          "ID_Toponimo) VALUES (?, 7)"),
                           {Id(idDato)});
+    ambiente.Cnn().Esegui(
+        QStringLiteral("INSERT INTO DICoseNotevoli (ID_DICosaNotevole, "
+                       "ID_DatoInventariale, Descrizione) VALUES (8, ?, 'Sigillo')"),
+        {Id(idDato)});
     editore.Mostra(albero.unita);
-    QVERIFY(editore.Soggetti && editore.Antroponimi && editore.Toponimi);
-    for (const char* p : {"cmdMostraSoggetti", "cmdMostraAntroponimi", "cmdMostraToponimi"})
+    QVERIFY(editore.Soggetti && editore.Antroponimi && editore.Toponimi && editore.CoseNotevoli);
+    for (const char* p :
+         {"cmdMostraSoggetti", "cmdMostraAntroponimi", "cmdMostraToponimi", "cmdCoseNotevoli"})
         QCOMPARE(Pulsante(&editore, p)->palette().color(QPalette::Button), finestra);
     // The links of one unit are not another's.
     editore.Mostra(altra);
-    QVERIFY(!editore.Soggetti && !editore.Antroponimi && !editore.Toponimi);
+    QVERIFY(!editore.Soggetti && !editore.Antroponimi && !editore.Toponimi &&
+            !editore.CoseNotevoli);
+    QCOMPARE(Pulsante(&editore, "cmdCoseNotevoli")->palette().color(QPalette::Button), faccia);
     // Each routine reads its own list for the element it is given.
     editore.CheckSoggetti(albero.unita);
     editore.CheckToponimi(albero.unita);
@@ -857,11 +867,11 @@ void TestDatiInventariali::senzaIVisualizzatoriRegistratiIPulsantiNonFannoNulla(
     const long id = ambiente.CreaUnita().unita;
     EditorePronto<ucDatiInventariali> editore(id);
     QSignalSpy evento(&editore, &ucDatiInventariali::EventoStato);
-    for (const char* nome :
-         {"frmMostraLinkDIAnt", "frmMostraLinkInv", "frmMostraLinkCS", "frmMostraLinkTopo"})
+    for (const char* nome : {"frmMostraLinkDIAnt", "frmMostraLinkInv", "frmMostraLinkCS",
+                             "frmMostraLinkTopo", "frmCoseNotevoli"})
         Dialoghi::Rimuovi(QLatin1String(nome));
-    for (const char* pulsante :
-         {"cmdMostraAntroponimi", "cmdMostraLink", "cmdMostraSoggetti", "cmdMostraToponimi"}) {
+    for (const char* pulsante : {"cmdMostraAntroponimi", "cmdMostraLink", "cmdMostraSoggetti",
+                                 "cmdMostraToponimi", "cmdCoseNotevoli"}) {
         QVERIFY(Pulsante(&editore, pulsante)->isEnabled());
         Pulsante(&editore, pulsante)->click();
     }
@@ -870,7 +880,7 @@ void TestDatiInventariali::senzaIVisualizzatoriRegistratiIPulsantiNonFannoNulla(
     // While a unit is edited the buttons are off.
     editore.Modifica();
     for (const char* pulsante : {"cmdMostraAntroponimi", "cmdMostraLink", "cmdMostraSoggetti",
-                                 "cmdMostraToponimi", "cmdImmagine"})
+                                 "cmdMostraToponimi", "cmdCoseNotevoli", "cmdImmagine"})
         QVERIFY2(!Pulsante(&editore, pulsante)->isEnabled(), pulsante);
 }
 
@@ -1168,6 +1178,7 @@ void TestDatiInventariali::laTastieraPercorreIlModuloComeSiVede() {
                                 "cmdMostraSoggetti",
                                 "cmdMostraAntroponimi",
                                 "cmdMostraToponimi",
+                                "cmdCoseNotevoli",
                                 "cmdMostraLink",
                                 "cmdImmagine"};
     // The chain of the focus from the level, the form's own controls in the order met.

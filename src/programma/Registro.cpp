@@ -16,6 +16,9 @@
 #include "links/frmNuovoSoggetto.h"
 #include "links/frmNuovoVersamento.h"
 #include "links/frmSelInv.h"
+#include "parchments/frmAltreSegnature.h"
+#include "parchments/frmCoseNotevoli.h"
+#include "parchments/frmPgNotazioni.h"
 #include "session/Dialoghi.h"
 #include "session/PrimoMDI.h"
 #include "session/frmBackup.h"
@@ -65,6 +68,10 @@ void RegistraFinestreProgramma() {
     // The page link of the element in Sessione::lIdElementoImg, opened from a record's image
     // button.
     dialogo("frmCollegaImmagini", [](QWidget* g) { return new frmCollegaImmagini(g); });
+    dialogo("frmAltreSegnature", [](QWidget* g) { return new frmAltreSegnature(g); });
+    dialogo("frmCoseNotevoli", [](QWidget* g) { return new frmCoseNotevoli(g); });
+    // The notations of the parchment in Sessione::lIdPergamena, hosted modally.
+    dialogo("frmPgNotazioni", [](QWidget* g) { return Dialoghi::Ospita(new frmPgNotazioni, g); });
     // The twelve viewers of links, each reading its opener's session values and arguments.
     for (const QString& sNome : VisualizzatoriLink::Nomi()) {
         Dialoghi::RegistraPredefinito(

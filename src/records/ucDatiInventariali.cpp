@@ -98,6 +98,7 @@ struct ucDatiInventariali::Dati {
     QPushButton* cmdMostraLink = nullptr;
     QPushButton* cmdMostraSoggetti = nullptr;
     QPushButton* cmdMostraToponimi = nullptr;
+    QPushButton* cmdCoseNotevoli = nullptr;
     QPushButton* cmdImmagine = nullptr;
     ImmagineRecord* immagine = nullptr;
 };
@@ -167,6 +168,7 @@ ucDatiInventariali::ucDatiInventariali(QWidget* parent)
     d->cmdMostraSoggetti = pulsante("cmdMostraSoggetti", QStringLiteral("Produttori"));
     d->cmdMostraAntroponimi = pulsante("cmdMostraAntroponimi", QStringLiteral("Persone"));
     d->cmdMostraToponimi = pulsante("cmdMostraToponimi", QStringLiteral("Toponimi"));
+    d->cmdCoseNotevoli = pulsante("cmdCoseNotevoli", QStringLiteral("Cose notevoli"));
     d->cmdMostraLink = pulsante("cmdMostraLink", QString());
     d->cmdMostraLink->setToolTip(QStringLiteral("Complesso documentario"));
     d->cmdImmagine = new QPushButton(this);
@@ -228,8 +230,8 @@ ucDatiInventariali::ucDatiInventariali(QWidget* parent)
     for (QWidget* w :
          {static_cast<QWidget*>(d->cmdMostraSoggetti),
           static_cast<QWidget*>(d->cmdMostraAntroponimi),
-          static_cast<QWidget*>(d->cmdMostraToponimi), static_cast<QWidget*>(d->cmdMostraLink),
-          static_cast<QWidget*>(d->cmdImmagine)}) {
+          static_cast<QWidget*>(d->cmdMostraToponimi), static_cast<QWidget*>(d->cmdCoseNotevoli),
+          static_cast<QWidget*>(d->cmdMostraLink), static_cast<QWidget*>(d->cmdImmagine)}) {
         pulsanti->addWidget(w, iPulsante / 3, iPulsante % 3);
         ++iPulsante;
     }
@@ -265,6 +267,7 @@ ucDatiInventariali::ucDatiInventariali(QWidget* parent)
                                                           d->cmdMostraSoggetti,
                                                           d->cmdMostraAntroponimi,
                                                           d->cmdMostraToponimi,
+                                                          d->cmdCoseNotevoli,
                                                           d->cmdMostraLink,
                                                           d->cmdImmagine}) {
         if (precedente != nullptr)
@@ -302,6 +305,11 @@ ucDatiInventariali::ucDatiInventariali(QWidget* parent)
         Sessione::iChiamanteToponimi = 2;
         ApriLink(QStringLiteral("frmMostraLinkTopo"), &ucDatiInventariali::CheckToponimi);
     });
+    connect(d->cmdCoseNotevoli, &QPushButton::clicked, this, [this] {
+        // The notable things are the unit's own rows, by the key of its row.
+        Sessione::lIdDatoInventariale = d->lIdDatoInventariale;
+        ApriLink(QStringLiteral("frmCoseNotevoli"), &ucDatiInventariali::CheckCoseNotevoli);
+    });
     connect(d->cmdMostraLink, &QPushButton::clicked, this, [this] { cmdMostraLink_Click(); });
 
     UnitaCondCliccato(true);
@@ -324,7 +332,7 @@ void ucDatiInventariali::Init() {
     OkNuovoDatoInventariale = true;
     OkModifica = false;
     OkCancella = false;
-    Soggetti = Antroponimi = Toponimi = false;
+    Soggetti = Antroponimi = Toponimi = CoseNotevoli = false;
     {
         const QSignalBlocker blocco(d->cmbTipologiaDI);
         d->cmbTipologiaDI->clear();
@@ -528,7 +536,7 @@ ucDatiInventariali::Riga ucDatiInventariali::LeggiRiga(long lIdElemento) {
 void ucDatiInventariali::LeggiStato(const Riga& riga, bool bTieniInventario) {
     if (!riga.bTrovata) {
         OkNuovoDatoInventariale = OkModifica = OkCancella = false;
-        Soggetti = Antroponimi = Toponimi = false;
+        Soggetti = Antroponimi = Toponimi = CoseNotevoli = false;
         ID_Inventario = 0;
         fID_Elem = 0;
         d->lIdDatoInventariale = 0;
@@ -550,6 +558,7 @@ void ucDatiInventariali::LeggiStato(const Riga& riga, bool bTieniInventario) {
     CheckSoggetti(fID_Elem);
     CheckAntroponimi(fID_Elem);
     CheckToponimi(fID_Elem);
+    CheckCoseNotevoli(fID_Elem);
     CheckImmagine();
     RefreshButton();
 }
@@ -578,6 +587,7 @@ void ucDatiInventariali::RefreshButton() {
     ColoraPulsante(d->cmdMostraSoggetti, Soggetti);
     ColoraPulsante(d->cmdMostraAntroponimi, Antroponimi);
     ColoraPulsante(d->cmdMostraToponimi, Toponimi);
+    ColoraPulsante(d->cmdCoseNotevoli, CoseNotevoli);
     ColoraPulsante(d->cmdMostraLink, d->lIdElemLinkInv != 0);
 }
 
@@ -600,6 +610,14 @@ void ucDatiInventariali::CheckToponimi(long lIdElemento) {
         QStringLiteral(
             "SELECT * FROM DIToponimi DITOP JOIN DatiInventariali DI ON "
             "DITOP.ID_DatoInventariale = DI.ID_DatoInventariale WHERE DI.ID_Elemento = ?"),
+        {Id(lIdElemento)});
+}
+
+void ucDatiInventariali::CheckCoseNotevoli(long lIdElemento) {
+    CoseNotevoli = !NessunaRiga(
+        QStringLiteral(
+            "SELECT * FROM DICoseNotevoli DICN JOIN DatiInventariali DI ON "
+            "DICN.ID_DatoInventariale = DI.ID_DatoInventariale WHERE DI.ID_Elemento = ?"),
         {Id(lIdElemento)});
 }
 

@@ -25,12 +25,14 @@ public:
     void Modifica() override;
     void Salva(long IDElem) override;
     void Annulla() override;
-    // The buttons of the producers, people, places and complesso coloured from the flags.
+    // The buttons of the producers, people, places, notable things and complesso coloured from
+    // the flags.
     void RefreshButton();
     // The flags of the link lists, each from the rows that point at the unit of that element.
     void CheckSoggetti(long lIdElemento);
     void CheckAntroponimi(long lIdElemento);
     void CheckToponimi(long lIdElemento);
+    void CheckCoseNotevoli(long lIdElemento);
     // Sets the finding aid and the parent element, and rebuilds the level combo from the
     // parent's level down (from the first level when the parent is no unit).
     void AssegnaInventario(long tempID_Inventario, long tempID_ElementoPadre);
@@ -47,7 +49,7 @@ public:
     // The element of the unit shown (0 when none): the parent of a new unit made under it.
     long fID_Elem = 0;
     bool OkNuovoDatoInventariale = false;
-    bool Soggetti = false, Antroponimi = false, Toponimi = false;
+    bool Soggetti = false, Antroponimi = false, Toponimi = false, CoseNotevoli = false;
 
 private:
     // The row of DatiInventariali as the state of the record needs it.
