@@ -124,13 +124,6 @@ QStringList Voci(const QListWidget* lista) {
     return voci;
 }
 
-QStringList Pagine(const QComboBox* combo) {
-    QStringList pagine;
-    for (int i = 0; i < combo->count(); ++i)
-        pagine << combo->itemText(i) + QLatin1Char('=') + combo->itemData(i).toString();
-    return pagine;
-}
-
 // A click on the entry of a list, as the person gives it.
 void Clic(QListWidget* lista, QListWidgetItem* voce) {
     QVERIFY(voce != nullptr);
@@ -352,13 +345,13 @@ void TestCollegaImmagini::unDocumentoSceltoSiApreESiConfermaUnIntervalloDiPagine
 
     Tasto(f, "cmdApri")->click();
     QVERIFY(Tasto(f, "cmdConferma")->isEnabled());
-    QCOMPARE(Pagine(Da(f)), (QStringList{QStringLiteral("piatto anteriore=1"),
-                                         QStringLiteral("c. 1r=2"), QStringLiteral("c. 1v=3")}));
+    QCOMPARE(Voci(Da(f)), (QStringList{QStringLiteral("1=piatto anteriore"),
+                                       QStringLiteral("2=c. 1r"), QStringLiteral("3=c. 1v")}));
     QCOMPARE(Da(f)->currentIndex(), -1);
     // Only the pages after the first can be the last.
     Scegli(Da(f), 1);
     QCOMPARE(Sessione::sPaginaImg, QStringLiteral("c. 1r"));
-    QCOMPARE(Pagine(A(f)), QStringList{QStringLiteral("c. 1v=3")});
+    QCOMPARE(Voci(A(f)), QStringList{QStringLiteral("3=c. 1v")});
     QCOMPARE(A(f)->currentIndex(), -1);
     Scegli(A(f), 0);
     Tasto(f, "cmdConferma")->click();
@@ -379,7 +372,7 @@ void TestCollegaImmagini::conUnSoloImgNonSiPuoConfermareUnIntervallo() {
                          Mag({{QStringLiteral("7"), QStringLiteral("unica")}}));
     Finestra f(d.Unita());
     ApriDocumento(f, QStringLiteral("uno.xml"));
-    QCOMPARE(Pagine(Da(f)), QStringList{QStringLiteral("unica=7")});
+    QCOMPARE(Voci(Da(f)), QStringList{QStringLiteral("7=unica")});
     Scegli(Da(f), 0);
     QCOMPARE(A(f)->count(), 0);
     Tasto(f, "cmdConferma")->click();
@@ -425,7 +418,7 @@ void TestCollegaImmagini::unNumeroDiPaginaNonInteroMostraIlMessaggioDelGestoreDi
     UnMessaggio(d.seam, frmCollegaImmagini::ErroreApri, Icona::Critica,
                 QStringLiteral("DaImag\nTipo non corrispondente"));
     // The pages before the failing one stay, none chosen; nothing can be confirmed.
-    QCOMPARE(Pagine(Da(f)), QStringList{QStringLiteral("c. 1r=1")});
+    QCOMPARE(Voci(Da(f)), QStringList{QStringLiteral("1=c. 1r")});
     QCOMPARE(Da(f)->currentIndex(), -1);
     QVERIFY(!Tasto(f, "cmdConferma")->isEnabled());
     QVERIFY(f->isVisible());
@@ -450,7 +443,7 @@ void TestCollegaImmagini::unDocumentoCambiatoNelFrattempoFallisceAllaSceltaDella
     Scegli(Da(f), 0);
     UnMessaggio(d.seam, frmCollegaImmagini::ErroreDaPagina, Icona::Critica,
                 QStringLiteral("AImag\nOverflow"));
-    QCOMPARE(Pagine(A(f)), QStringList{QStringLiteral("c. 1r=2")});
+    QCOMPARE(Voci(A(f)), QStringList{QStringLiteral("2=c. 1r")});
     QCOMPARE(A(f)->currentIndex(), -1);
 }
 
