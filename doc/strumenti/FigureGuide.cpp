@@ -20,13 +20,16 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPointer>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
 #include <QTextStream>
+#include <QTimer>
 #include <QTreeView>
 
 #include <functional>
@@ -203,6 +206,24 @@ int main(int argc, char* argv[]) {
                     riga("07", QStringLiteral(" 'italian'")) +
                     riga("09", cartella.File(QStringLiteral("Schemi"))));
     }
+
+    // A road that no longer goes as it did could leave a modal window waiting and hold the
+    // build: a modal window up for half a minute is reported and closed.
+    QPointer<QWidget> modaleVista;
+    QElapsedTimer daQuando;
+    daQuando.start();
+    QTimer guardia;
+    QObject::connect(&guardia, &QTimer::timeout, [&] {
+        QWidget* modale = QApplication::activeModalWidget();
+        if (modale != modaleVista) {
+            modaleVista = modale;
+            daQuando.restart();
+        } else if (modale != nullptr && daQuando.elapsed() > 30000) {
+            Manca(QStringLiteral("modal window %1 left open").arg(modale->objectName()));
+            modale->close();
+        }
+    });
+    guardia.start(1000);
 
     PiattaformaScriptata seam;
     Figure figure(sUscita, seam);
