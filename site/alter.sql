@@ -213,7 +213,7 @@ CREATE TABLE IF NOT EXISTS Versamenti (
     Data DATETIME,
     Titolo VARCHAR(512) COLLATE NOCASE,
     Note VARCHAR(1024) COLLATE NOCASE,
-    NumeroRPC REAL,
+    NumeroRPC INTEGER,
     SogVersatore VARCHAR(256) COLLATE NOCASE,
     TipoAcquisizione VARCHAR(2) COLLATE NOCASE,
     DataAcquisizione DATETIME,
@@ -654,6 +654,31 @@ CREATE TABLE IF NOT EXISTS IndiceWeb (
 );
 CREATE INDEX IF NOT EXISTS IndiceWeb_ID_ElementoPadre ON IndiceWeb (ID_ElementoPadre);
 CREATE INDEX IF NOT EXISTS IndiceWeb_Tipologia ON IndiceWeb (Tipologia);
+
+DROP VIEW IF EXISTS AlberoGlobale;
+CREATE TEMP TABLE Versamenti_Copia AS SELECT * FROM Versamenti;
+DROP TABLE Versamenti;
+CREATE TABLE Versamenti (
+    ID_Versamento INTEGER NOT NULL,
+    ID_Elemento INTEGER NOT NULL,
+    ID_Istituto INTEGER,
+    Data DATETIME,
+    Titolo VARCHAR(512) COLLATE NOCASE,
+    Note VARCHAR(1024) COLLATE NOCASE,
+    NumeroRPC INTEGER,
+    SogVersatore VARCHAR(256) COLLATE NOCASE,
+    TipoAcquisizione VARCHAR(2) COLLATE NOCASE,
+    DataAcquisizione DATETIME,
+    NoteDirezione VARCHAR(1024) COLLATE NOCASE,
+    Tipologia VARCHAR(2) COLLATE NOCASE,
+    Code VARCHAR(10) COLLATE NOCASE,
+    PRIMARY KEY (ID_Versamento)
+);
+CREATE UNIQUE INDEX Versamenti_U1 ON Versamenti (ID_Elemento);
+CREATE INDEX Versamenti_ID_Istituto ON Versamenti (ID_Istituto);
+INSERT INTO Versamenti (ID_Versamento, ID_Elemento, ID_Istituto, Data, Titolo, Note, NumeroRPC, SogVersatore, TipoAcquisizione, DataAcquisizione, NoteDirezione, Tipologia, Code)
+SELECT ID_Versamento, ID_Elemento, ID_Istituto, Data, Titolo, Note, CAST(ROUND(NumeroRPC) AS INTEGER), SogVersatore, TipoAcquisizione, DataAcquisizione, NoteDirezione, Tipologia, Code FROM temp.Versamenti_Copia;
+DROP TABLE temp.Versamenti_Copia;
 
 DROP VIEW IF EXISTS AlberoGlobale;
 CREATE VIEW AlberoGlobale AS
@@ -2179,7 +2204,7 @@ CREATE TABLE IF NOT EXISTS Versamenti (
     Data TIMESTAMP,
     Titolo VARCHAR(512),
     Note VARCHAR(1024),
-    NumeroRPC DOUBLE PRECISION,
+    NumeroRPC BIGINT,
     SogVersatore VARCHAR(256),
     TipoAcquisizione VARCHAR(2),
     DataAcquisizione TIMESTAMP,
@@ -2194,7 +2219,7 @@ ALTER TABLE Versamenti
     ADD COLUMN IF NOT EXISTS Data TIMESTAMP,
     ADD COLUMN IF NOT EXISTS Titolo VARCHAR(512),
     ADD COLUMN IF NOT EXISTS Note VARCHAR(1024),
-    ADD COLUMN IF NOT EXISTS NumeroRPC DOUBLE PRECISION,
+    ADD COLUMN IF NOT EXISTS NumeroRPC BIGINT,
     ADD COLUMN IF NOT EXISTS SogVersatore VARCHAR(256),
     ADD COLUMN IF NOT EXISTS TipoAcquisizione VARCHAR(2),
     ADD COLUMN IF NOT EXISTS DataAcquisizione TIMESTAMP,
@@ -2904,6 +2929,17 @@ ALTER TABLE IndiceWeb
     ADD COLUMN IF NOT EXISTS DataFine INTEGER;
 CREATE INDEX IF NOT EXISTS IndiceWeb_ID_ElementoPadre ON IndiceWeb (ID_ElementoPadre);
 CREATE INDEX IF NOT EXISTS IndiceWeb_Tipologia ON IndiceWeb (Tipologia);
+
+DO $$
+BEGIN
+    IF EXISTS (SELECT 1 FROM information_schema.columns
+               WHERE table_schema = current_schema() AND table_name = 'versamenti'
+                 AND column_name = 'numerorpc' AND data_type <> 'bigint') THEN
+        DROP VIEW IF EXISTS AlberoGlobale;
+        ALTER TABLE Versamenti ALTER COLUMN NumeroRPC TYPE BIGINT USING CAST(ROUND(NumeroRPC) AS BIGINT);
+    END IF;
+END
+$$;
 
 CREATE OR REPLACE VIEW AlberoGlobale AS
 SELECT

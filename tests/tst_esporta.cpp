@@ -599,7 +599,7 @@ private Q_SLOTS:
                          qPrintable(sTabella + QLatin1Char('.') + campo.text()));
                 QVERIFY(campo.text().compare(QLatin1String("Code"), Qt::CaseInsensitive) != 0);
                 const int tipo = campo.attribute(QStringLiteral("type")).toInt();
-                QVERIFY((QList<int>{3, 5, 131, 135, 202, 203}).contains(tipo));
+                QVERIFY((QList<int>{3, 5, 20, 131, 135, 202, 203}).contains(tipo));
             }
             QCOMPARE(stru.attribute(QStringLiteral("fieldcount")).toInt(), iCampi);
             // And the table travels.

@@ -38,6 +38,8 @@
 -- - DatiInventariali.Ordinamento is text of 3; the views expose DATIINV_Ordinamento as a number,
 --   Null where the text is not one.
 -- - Versamenti.Titolo is the element's denomination.
+-- - Versamenti.NumeroRPC is a whole number of up to 18 digits, held exactly (64 bits); the upgrade
+--   turns the floating column of earlier versions into it.
 -- - No declared foreign keys: tables are imported one at a time, so integrity is kept by triggers,
 --   which an import switches off per table (SQLite: a row in TriggerSospesi; PostgreSQL:
 --   DISABLE TRIGGER USER through tabellion_interruttore_trigger(table, on)).
@@ -251,7 +253,7 @@ CREATE TABLE Versamenti (
     Data TIMESTAMP,
     Titolo VARCHAR(512),
     Note VARCHAR(1024),
-    NumeroRPC DOUBLE PRECISION,
+    NumeroRPC BIGINT,
     SogVersatore VARCHAR(256),
     TipoAcquisizione VARCHAR(2),
     DataAcquisizione TIMESTAMP,

@@ -38,6 +38,8 @@
 -- - DatiInventariali.Ordinamento is text of 3; the views expose DATIINV_Ordinamento as a number,
 --   Null where the text is not one.
 -- - Versamenti.Titolo is the element's denomination.
+-- - Versamenti.NumeroRPC is a whole number of up to 18 digits, held exactly (64 bits); the upgrade
+--   turns the floating column of earlier versions into it.
 -- - No declared foreign keys: tables are imported one at a time, so integrity is kept by triggers,
 --   which an import switches off per table (SQLite: a row in TriggerSospesi; PostgreSQL:
 --   DISABLE TRIGGER USER through tabellion_interruttore_trigger(table, on)).
@@ -256,7 +258,7 @@ CREATE TABLE Versamenti (
     Data DATETIME,
     Titolo VARCHAR(512) COLLATE NOCASE,
     Note VARCHAR(1024) COLLATE NOCASE,
-    NumeroRPC REAL,
+    NumeroRPC INTEGER,
     SogVersatore VARCHAR(256) COLLATE NOCASE,
     TipoAcquisizione VARCHAR(2) COLLATE NOCASE,
     DataAcquisizione DATETIME,
