@@ -25,6 +25,7 @@
 #include "session/frmConfig.h"
 #include "session/frmIdicizWeb.h"
 #include "session/frmValore.h"
+#include "structure/frmRegistroPC.h"
 #include "structure/frmStrutturaCD.h"
 #include "structure/frmStrutturaDI.h"
 #include "structure/frmStrutturaIN.h"
@@ -40,6 +41,8 @@ void RegistraFinestreProgramma() {
                                   [](PrimoMDI* p) { return new frmStrutturaCD(p); });
     PrimoMDI::RegistraPredefinita(QStringLiteral("frmStrutturaIN"),
                                   [](PrimoMDI* p) { return new frmStrutturaIN(p); });
+    PrimoMDI::RegistraPredefinita(QStringLiteral("frmRegistroPC"),
+                                  [](PrimoMDI* p) { return new frmRegistroPC(p); });
     PrimoMDI::RegistraPredefinita(QStringLiteral("frmSoggetti"),
                                   [](PrimoMDI* p) { return new frmSoggetti(p); });
     PrimoMDI::RegistraPredefinita(QStringLiteral("frmAntroponimi"),

@@ -735,7 +735,7 @@ void FinestraStruttura::Conferma() {
     if (sStato == StatoNuovo) {
         SostituisciNodoTemporaneo(lIdSalvato, editore.LeggiDenominazione(), tipo->sImmagineNuovo,
                                   tipo->sTag);
-    } else if (sStato == StatoModifica) {
+    } else if (sStato == StatoModifica && !tipo->bTestoSoloAllaCreazione) {
         const QModelIndex nodo = NodoCorrente();
         if (nodo.isValid()) {
             pModello->ImpostaTesto(nodo, editore.LeggiDenominazione());

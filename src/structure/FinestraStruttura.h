@@ -56,6 +56,9 @@ struct TipoNodo {
     // and the title of the box when the delete fails.
     QString sTitoloErroreSalva;
     QString sTitoloErroreCancella = QStringLiteral("Errore T4");
+    // The node's text follows the record's denomination only when the element is made, not
+    // after an edit (the versamento's date and number).
+    bool bTestoSoloAllaCreazione = false;
     // Each command enabled by a flag of the editor while a record of this kind is shown. A
     // command that another kind lists and this one does not is disabled; &Sempre enables a
     // command whenever a record of the kind is shown.

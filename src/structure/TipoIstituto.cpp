@@ -15,9 +15,10 @@ TipoNodo TipoIstituto(ucIstituto* fraIstituto, QPushButton* cmdNuovoIst, QPushBu
     istituto.sTabella = QStringLiteral("Istituti");
     istituto.sDomandaCancella = QStringLiteral("Sei sicuro di voler cancellare l'Istituto?");
     istituto.sTitoloCancella = QStringLiteral("Cancella Istituto: ");
-    istituto.pulsanti = {{cmdNuovoIst, &fraIstituto->OkNuovoIstituto},
-                         {cmdCancella, &fraIstituto->OkCancella},
+    istituto.pulsanti = {{cmdCancella, &fraIstituto->OkCancella},
                          {cmdModifica, &fraIstituto->OkModifica}};
+    if (cmdNuovoIst != nullptr)
+        istituto.pulsanti.prepend({cmdNuovoIst, &fraIstituto->OkNuovoIstituto});
     istituto.pulsanti.append(altriPulsanti);
     return istituto;
 }

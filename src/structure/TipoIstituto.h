@@ -12,7 +12,7 @@ class ucIstituto;
 // fraIstituto with the command cmdNuovoIst, the image "istituto" of a new node, the table
 // Istituti and the delete's question and title. cmdNuovoIst, cmdCancella and cmdModifica follow
 // the editor's OkNuovoIstituto, OkCancella and OkModifica; the window's other commands follow
-// the flags given with them.
+// the flags given with them. A window that makes no institute passes no cmdNuovoIst.
 TipoNodo TipoIstituto(ucIstituto* fraIstituto, QPushButton* cmdNuovoIst, QPushButton* cmdModifica,
                       QPushButton* cmdCancella,
                       const QList<std::pair<QPushButton*, const bool*>>& altriPulsanti);
