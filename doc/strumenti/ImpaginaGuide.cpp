@@ -34,6 +34,9 @@ struct Voce {
     int iPagina = 0; // of the body, from 0
 };
 
+// The white band above each picture, in the picture's pixels.
+constexpr int BandaFigura = 8;
+
 // The page (from 0) on which a position of a laid-out document falls.
 int PaginaDi(qreal y, qreal altezza) {
     return static_cast<int>(std::floor(y / altezza));
@@ -58,13 +61,19 @@ bool AdattaFigure(QTextDocument& libro, const QDir& figure, const QSizeF& pagina
                 continue;
             }
             QTextImageFormat formato = parte.charFormat().toImageFormat();
-            const QImage immagine(figure.filePath(formato.name()));
-            if (immagine.isNull()) {
+            const QImage finestra(figure.filePath(formato.name()));
+            if (finestra.isNull()) {
                 errori << "impagina-guide: picture " << figure.filePath(formato.name())
                        << " missing" << Qt::endl;
                 bTutte = false;
                 continue;
             }
+            // A picture at the top of a page is drawn a few pixels above it, at the foot of the
+            // page before: a white band over the window keeps those pixels blank.
+            QImage immagine(finestra.width(), finestra.height() + BandaFigura,
+                            QImage::Format_RGB32);
+            immagine.fill(Qt::white);
+            QPainter(&immagine).drawImage(0, BandaFigura, finestra);
             libro.addResource(QTextDocument::ImageResource, QUrl(formato.name()), immagine);
             qreal larghezza = std::min<qreal>(immagine.width() * iDpi / 110.0, pagina.width());
             qreal altezza = larghezza * immagine.height() / immagine.width();
@@ -88,21 +97,33 @@ bool AdattaFigure(QTextDocument& libro, const QDir& figure, const QSizeF& pagina
     return bTutte;
 }
 
-// A heading whose next paragraph begins on a later page, or that stands in the last eighth of
-// its page, goes to the next page.
-void TieniTitoliColTesto(QTextDocument& libro, qreal altezza) {
-    for (int passo = 0; passo < 200; ++passo) {
+// Whether a block should begin the next page: a heading whose next paragraph begins on a later
+// page or that stands in the last eighth of its page, and a paragraph of one line (a picture)
+// that the layout left across the foot of its page.
+bool DaSpostare(const QTextDocument& libro, const QTextBlock& blocco, qreal altezza) {
+    if (blocco.blockFormat().pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore) {
+        return false;
+    }
+    const qreal cima = CimaDi(libro, blocco);
+    const int iPagina = PaginaDi(cima, altezza);
+    const QTextLayout* layout = blocco.layout();
+    if (layout != nullptr && layout->lineCount() == 1) {
+        const qreal fondo = cima + layout->lineAt(0).height();
+        if (PaginaDi(fondo - 1, altezza) > iPagina) {
+            return true;
+        }
+    }
+    const QTextBlock seguente = blocco.next();
+    return blocco.blockFormat().headingLevel() > 0 && seguente.isValid() &&
+           (iPagina < PaginaDi(CimaDi(libro, seguente), altezza) ||
+            cima - iPagina * altezza > altezza * 0.88);
+}
+
+void TieniInsieme(QTextDocument& libro, qreal altezza) {
+    for (int passo = 0; passo < 500; ++passo) {
         bool bSpostato = false;
         for (QTextBlock blocco = libro.begin(); blocco.isValid(); blocco = blocco.next()) {
-            const QTextBlock seguente = blocco.next();
-            if (blocco.blockFormat().headingLevel() == 0 || !seguente.isValid() ||
-                (blocco.blockFormat().pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore)) {
-                continue;
-            }
-            const qreal cima = CimaDi(libro, blocco);
-            const int iPagina = PaginaDi(cima, altezza);
-            if (iPagina < PaginaDi(CimaDi(libro, seguente), altezza) ||
-                cima - iPagina * altezza > altezza * 0.88) {
+            if (DaSpostare(libro, blocco, altezza)) {
                 QTextBlockFormat formato;
                 formato.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
                 QTextCursor(blocco).mergeBlockFormat(formato);
@@ -225,7 +246,7 @@ int main(int argc, char* argv[]) {
     if (!AdattaFigure(libro, figure, pagina, pdf.resolution())) {
         return 1;
     }
-    TieniTitoliColTesto(libro, pagina.height());
+    TieniInsieme(libro, pagina.height());
 
     QList<Voce> voci;
     for (QTextBlock blocco = libro.begin(); blocco.isValid(); blocco = blocco.next()) {
