@@ -93,6 +93,10 @@ private Q_SLOTS:
     void nonSiFaUnIstitutoENonSiSceglieUnOrdine();
     void sottoUnIstitutoDelTipo03NonSiPuoFareUnVersamento_data() { AggiungiBackend(); }
     void sottoUnIstitutoDelTipo03NonSiPuoFareUnVersamento();
+    void unVersamentoFattoAltroveSottoUnaSedeFermaIlCaricamentoConErroreU5_data() {
+        AggiungiBackend();
+    }
+    void unVersamentoFattoAltroveSottoUnaSedeFermaIlCaricamentoConErroreU5();
     void unVersamentoNuovoPrendeDataENumeroComeNomeSoloAllaCreazione_data() { AggiungiBackend(); }
     void unVersamentoNuovoPrendeDataENumeroComeNomeSoloAllaCreazione();
     void unVersamentoNuovoAnnullatoNonLasciaRighe_data() { AggiungiBackend(); }
@@ -185,6 +189,21 @@ void TestRegistroPC::sottoUnIstitutoDelTipo03NonSiPuoFareUnVersamento() {
     }
     QCOMPARE(iAccesi, 1);
     QCOMPARE(a.Versamenti(), 0);
+}
+
+void TestRegistroPC::unVersamentoFattoAltroveSottoUnaSedeFermaIlCaricamentoConErroreU5() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteRegistro a(backend);
+    const long lucca = a.Istituto(QStringLiteral("Archivio di Stato di Lucca"), "01");
+    const long sede = a.Istituto(QStringLiteral("Sede di Palazzo Guinigi"), "03", lucca);
+    const long versamento = a.Crea("04", QStringLiteral("01/02/2023 - 3"), sede);
+    frmRegistroPC f;
+    const QList<Messaggio> errori = MessaggiCon(a.piattaforma, QStringLiteral("Errore U5"));
+    QCOMPARE(errori.size(), 1);
+    QCOMPARE(errori[0].icona, Icona::Critica);
+    QCOMPARE(a.piattaforma.Messaggi().size(), 1);
+    QVERIFY(!f.Modello().Trova(versamento).isValid());
 }
 
 void TestRegistroPC::unVersamentoNuovoPrendeDataENumeroComeNomeSoloAllaCreazione() {
