@@ -312,6 +312,27 @@ int main(int argc, char* argv[]) {
         figure.Salva(&principale, QStringLiteral("produttori-enti"));
     }
 
+    // Nuove acquisizioni: a versamento, then one of its rows in its dialog.
+    if (QAction* registro = Figure::Voce(principale, QStringLiteral("mnuRegistro"))) {
+        registro->trigger();
+    }
+    QWidget* na = Figure::Figlia(principale);
+    if (Figure::Clicca(Figure::Controllo<QAbstractItemView>(na, QStringLiteral("tvwDB")),
+                       QStringLiteral("15/03/2024 - 12"))) {
+        figure.Salva(&principale, QStringLiteral("na-versamento"));
+        if (Figure::Clicca(Figure::Controllo<QAbstractItemView>(na, QStringLiteral("lvwDB")),
+                           QStringLiteral("Catasto terreni - mappe di impianto"))) {
+            Figure::SuModale(
+                QStringLiteral("frmNuovoVersamentoDialogo"),
+                [&](QWidget* dialogo) {
+                    // It opens at its least size: enlarged, as a person does, to be read.
+                    dialogo->resize(Larghezza, Altezza);
+                    figure.Salva(dialogo, QStringLiteral("na-riga"));
+                },
+                [&] { Figure::Premi(na, QStringLiteral("cmdModificaRiga")); });
+        }
+    }
+
     // Punti d'accesso: the persons' list.
     if (QAction* persone = Figure::Voce(principale, QStringLiteral("mnuAntroponimi"))) {
         persone->trigger();
