@@ -39,6 +39,8 @@ namespace {
 // The size of the main window in the pictures: the windows' own layout at a common screen size.
 constexpr int Larghezza = 1280;
 constexpr int Altezza = 860;
+// The width of the analytical inventory's window in the pictures.
+constexpr int LarghezzaInventario = 1480;
 
 QTextStream errori(stderr);
 int iMancanze = 0;
@@ -279,6 +281,9 @@ int main(int argc, char* argv[]) {
         Figure::SuModale(
             QStringLiteral("frmStrutturaDIDialogo"),
             [&](QWidget* dialogo) {
+                // Wide enough for the seal's record, the widest of the four, as a person
+                // enlarges it.
+                dialogo->resize(LarghezzaInventario, dialogo->height());
                 auto* alberoDI =
                     Figure::Controllo<QAbstractItemView>(dialogo, QStringLiteral("tvwDB"));
                 for (const auto& [sNodo, sFigura] : nodi) {
