@@ -142,6 +142,7 @@ private Q_SLOTS:
     void laRigaScrittaTornaComeEraConGliAnniEIlComplesso_data() { AggiungiBackend(); }
     void laRigaScrittaTornaComeEraConGliAnniEIlComplesso();
     void iCampiObbligatoriDellaRigaSiControllanoInOrdine();
+    void numeriEAnniDellaRigaSbagliatiSonoRifiutatiAllUscita();
     void unaConsistenzaNonNumericaNonScriveNullaDellaRiga_data() { AggiungiBackend(); }
     void unaConsistenzaNonNumericaNonScriveNullaDellaRiga();
     void unNumeroDiDiciottoCifreAttraversaEsportazioneEImportazione_data() { AggiungiBackend(); }
@@ -620,6 +621,31 @@ void TestVersamento::iCampiObbligatoriDellaRigaSiControllanoInOrdine() {
                                  QStringLiteral("Inserire la consistenza"),
                                  QStringLiteral("Inserire denominazione complesso"),
                                  QStringLiteral("Inserire denominazione complesso")}));
+}
+
+void TestVersamento::numeriEAnniDellaRigaSbagliatiSonoRifiutatiAllUscita() {
+    AmbienteRecord a(TipoBackend::SQLite, QStringLiteral("RigheVersamento"), {});
+    EditorePronto<ucRigaVersamento> e;
+    e.Nuovo();
+    QVERIFY(Attiva(e));
+    QLineEdit* nome = Riga(&e, 0);
+    int iAttesi = 0;
+    for (int n : {1, 2}) {
+        for (const char* errato : {"molti", "3 metri", "x"}) {
+            RifiutatoAllUscita(a.seam, Riga(&e, n), QLatin1String(errato), nome,
+                               QStringLiteral("Numero errato"), iAttesi);
+            QCOMPARE(a.seam.Messaggi().constLast().icona, Icona::Informazione);
+        }
+        for (const char* giusto : {"600", "30,5", ""})
+            AccettatoAllUscita(a.seam, Riga(&e, n), QLatin1String(giusto), nome, iAttesi);
+    }
+    for (int n : {4, 5}) {
+        for (const char* errato : {"19a", "12", "x"})
+            RifiutatoAllUscita(a.seam, Riga(&e, n), QLatin1String(errato), nome,
+                               QStringLiteral("Anno errato"), iAttesi);
+        for (const char* giusto : {"936", "1960", ""})
+            AccettatoAllUscita(a.seam, Riga(&e, n), QLatin1String(giusto), nome, iAttesi);
+    }
 }
 
 void TestVersamento::unaConsistenzaNonNumericaNonScriveNullaDellaRiga() {
