@@ -138,6 +138,7 @@ private Q_SLOTS:
     void daUnSigilloStaccatoSiLeganoDuePergameneEDallaPergamenaSiSciolgono();
     void ilVisualizzatoreNonRileggeQuandoNonSiLegaNulla_data() { AggiungiBackend(); }
     void ilVisualizzatoreNonRileggeQuandoNonSiLegaNulla();
+    void chiusiLaSceltaTogliIlSegnoDeiToponimiEIlSelettoreNessuno();
 };
 
 void TestNuovoSigPg::unaPergamenaSenzaSigilliNelleBasiNonApreLaScelta() {
@@ -428,6 +429,23 @@ void TestNuovoSigPg::ilVisualizzatoreNonRileggeQuandoNonSiLegaNulla() {
     Bottone(visualizzatore.get(), "cmdNuovoCol")->click();
     QVERIFY(Testi(Lista(visualizzatore.get())).isEmpty());
     QVERIFY(!Sessione::bOkLinkSelInv);
+}
+
+void TestNuovoSigPg::chiusiLaSceltaTogliIlSegnoDeiToponimiEIlSelettoreNessuno() {
+    AmbienteLink a(TipoBackend::SQLite);
+    const DueStrumenti s(a);
+    Sessione::bFrmToponimiAperto = true;
+    Sessione::bFrmStrutturaINAperto = true;
+    {
+        frmNuovoSigPg selettore;
+        QVERIFY(selettore.bInit(frmNuovoSigPg::SceltaSigilli, s.primo, s.p1, QString()));
+    }
+    QVERIFY(Sessione::bFrmStrutturaINAperto);
+    QVERIFY(Sessione::bFrmToponimiAperto);
+    { frmSelInv scelta; }
+    // The choice clears a flag that is not its own, as it always did.
+    QVERIFY(!Sessione::bFrmToponimiAperto);
+    QVERIFY(Sessione::bFrmStrutturaINAperto);
 }
 
 QTEST_MAIN(TestNuovoSigPg)

@@ -63,7 +63,9 @@ SelettoreAlbero::SelettoreAlbero(const QString& sNome, const QString& sTag, cons
 
 SelettoreAlbero::~SelettoreAlbero() {
     // The unload clears the open flag of the finding aids' window, as it always did.
-    Sessione::bFrmStrutturaINAperto = false;
+    if (bSvuotaStrutturaIN) {
+        Sessione::bFrmStrutturaINAperto = false;
+    }
 }
 
 void SelettoreAlbero::AggiungiIstituti() {

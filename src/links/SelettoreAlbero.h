@@ -92,6 +92,8 @@ protected:
     virtual bool Collega() = 0;
     // The Tag of the nodes that can be chosen, for a picker that learns it after being made.
     void ImpostaTagScelto(const QString& sTag) { sTagScelto = sTag; }
+    // Whether the unload clears bFrmStrutturaINAperto (the pickers that always did).
+    bool bSvuotaStrutturaIN = true;
     // A picker whose tree holds institutes: the institute of a record of the window's own kind
     // shown, and the institute given to that kind's editor before a new record (none by
     // default).

@@ -33,6 +33,8 @@ QVariant Id(qint64 lId) {
 frmNuovoSigPg::frmNuovoSigPg(QWidget* genitore)
     : SelettoreAlbero(Sorgente, TagPergamena,
                       {"Label1", QString(), "Text1", "Label2", QString(), "TextC"}, genitore) {
+    // Its unload leaves the finding aids' window's flag alone.
+    bSvuotaStrutturaIN = false;
     Label1 = etichettaInMano;
     Text1 = casellaInMano;
     Label2 = etichettaScelti;
