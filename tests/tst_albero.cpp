@@ -152,6 +152,8 @@ private Q_SLOTS:
     void unGruppoConValoriLiLegaAllaCondizione();
     void unGruppoDiPiuTipiDaAOgniNodoTestoEImmagineDelSuoTipo_data() { AggiungiBackend(); }
     void unGruppoDiPiuTipiDaAOgniNodoTestoEImmagineDelSuoTipo();
+    void unTipoConLaSolaImmagineMostraLaColonnaDelGruppoLettaNuda_data() { AggiungiBackend(); }
+    void unTipoConLaSolaImmagineMostraLaColonnaDelGruppoLettaNuda();
     void unDatabaseVuotoMostraLaSolaRadice_data() { AggiungiBackend(); }
     void unDatabaseVuotoMostraLaSolaRadice();
     void igruppiSiCaricanoSottoLaRadiceConIFigliDellaRadiceInOrdine_data() { AggiungiBackend(); }
@@ -526,6 +528,31 @@ void TestAlbero::unGruppoDiPiuTipiDaAOgniNodoTestoEImmagineDelSuoTipo() {
         TestiFigli(modello, modello.Radice()),
         QStringList({QStringLiteral("Inventario"), QStringLiteral("Istituto > Fondo, per intero"),
                      QStringLiteral("Versamento")}));
+}
+
+void TestAlbero::unTipoConLaSolaImmagineMostraLaColonnaDelGruppoLettaNuda() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Ambiente a(backend);
+    const long istituto = a.Crea("01", QStringLiteral("Istituto"));
+    const long fondo = a.Crea("02", QStringLiteral("Fondo"), istituto);
+    const long inventario = a.Crea("03", QStringLiteral("Inventario"), istituto);
+    // The finding aids have an image of their own, and the name as every other node.
+    GruppoAlbero gruppo;
+    gruppo.sCondizione = QStringLiteral("ELEM_Tipologia IN ('01', '02', '03')");
+    gruppo.sImmagine = QStringLiteral("versamento");
+    gruppo.bPadreNulloERadice = true;
+    gruppo.tipi = {{QStringLiteral("03"), QString(), QStringLiteral("nolink")}};
+    QCOMPARE(gruppo.Testo(), QStringLiteral("ELEM_Denominazione"));
+    QVERIFY2(!gruppo.Sql(a.cnn()).contains(QStringLiteral("CASE")),
+             qPrintable(gruppo.Sql(a.cnn())));
+    ModelloAlbero modello;
+    CaricamentoAlbero::Carica(modello, a.cnn(), {gruppo}, false);
+    QCOMPARE(modello.Nodi(), 4);
+    QCOMPARE(modello.Testo(modello.Trova(inventario)), QStringLiteral("Inventario"));
+    QCOMPARE(modello.Immagine(modello.Trova(inventario)), QStringLiteral("nolink"));
+    QCOMPARE(modello.Testo(modello.Trova(fondo)), QStringLiteral("Fondo"));
+    QCOMPARE(modello.Immagine(modello.Trova(fondo)), QStringLiteral("versamento"));
 }
 
 void TestAlbero::igruppiSiCaricanoSottoLaRadiceConIFigliDellaRadiceInOrdine() {
