@@ -120,6 +120,20 @@ public:
         }
     }
 
+    // Chooses the tab of that caption, as a click on it does.
+    static void Scheda(const QWidget* finestra, const QString& sScheda) {
+        for (auto* schede : finestra->findChildren<QTabWidget*>()) {
+            for (int i = 0; i < schede->count(); ++i) {
+                if (schede->tabText(i).trimmed() == sScheda) {
+                    schede->setCurrentIndex(i);
+                    QTest::qWait(30);
+                    return;
+                }
+            }
+        }
+        Manca(QStringLiteral("tab %1 in %2").arg(sScheda, finestra->objectName()));
+    }
+
     // Runs the action on the modal window of that name as soon as it is up, then closes it;
     // the command that opens it runs meanwhile.
     static void SuModale(const QString& sNome, const std::function<void(QWidget*)>& azione,
@@ -262,6 +276,25 @@ int main(int argc, char* argv[]) {
     }
     if (Figure::Clicca(albero, QStringLiteral("Archivio dei notari"))) {
         figure.Salva(&principale, QStringLiteral("cd-complesso"));
+        // Its producers: the viewer of the links, then "Nuovo collegamento" and the list in
+        // which producers are ticked, given up; the fresh viewer that follows is closed.
+        Figure::SuModale(
+            QStringLiteral("frmMostraLinkCS"),
+            [&](QWidget* visore) {
+                // The demo's notaries' archive was produced by a body.
+                Figure::Scheda(visore, QStringLiteral("Enti"));
+                figure.Salva(visore, QStringLiteral("cd-produttori"));
+                AlComparire(QStringLiteral("frmNuovoSoggetto"), [&](QWidget* scelta) {
+                    scelta->resize(Larghezza * 3 / 4, Altezza * 3 / 4);
+                    Figure::Scheda(scelta, QStringLiteral("Enti"));
+                    figure.Salva(scelta, QStringLiteral("cd-collega-produttori"));
+                    AlComparire(QStringLiteral("frmMostraLinkCS"),
+                                [](QWidget* nuovo) { nuovo->close(); });
+                    scelta->close();
+                });
+                Figure::Premi(visore, QStringLiteral("cmdNuovoCol"));
+            },
+            [&] { Figure::Premi(cd, QStringLiteral("cmdLinkSog")); });
         Figure::Premi(cd, QStringLiteral("cmdNuovoCD"));
         figure.Salva(&principale, QStringLiteral("cd-nuovo"));
         Figure::Premi(cd, QStringLiteral("cmdAnnulla"));
@@ -311,9 +344,8 @@ int main(int argc, char* argv[]) {
     }
     QWidget* sog = Figure::Figlia(principale);
     figure.Salva(&principale, QStringLiteral("produttori-persone"));
-    if (auto* schede = Figure::Controllo<QTabWidget>(sog, QStringLiteral("SSTab1"))) {
-        schede->setCurrentIndex(2);
-        QTest::qWait(30);
+    if (sog != nullptr) {
+        Figure::Scheda(sog, QStringLiteral("Enti"));
         figure.Salva(&principale, QStringLiteral("produttori-enti"));
     }
 

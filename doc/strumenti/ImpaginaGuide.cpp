@@ -17,6 +17,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextList>
 #include <QTextStream>
 #include <QTextTable>
 
@@ -75,7 +76,16 @@ bool AdattaFigure(QTextDocument& libro, const QDir& figure, const QSizeF& pagina
             immagine.fill(Qt::white);
             QPainter(&immagine).drawImage(0, BandaFigura, finestra);
             libro.addResource(QTextDocument::ImageResource, QUrl(formato.name()), immagine);
-            qreal larghezza = std::min<qreal>(immagine.width() * iDpi / 110.0, pagina.width());
+            // The width left to the picture by its paragraph's indent (a picture in a list):
+            // the layout counts an indent in pixels of a 96 dpi screen.
+            const QTextBlockFormat paragrafo = blocco.blockFormat();
+            qreal rientro = paragrafo.indent();
+            if (blocco.textList() != nullptr) {
+                rientro += blocco.textList()->format().indent();
+            }
+            const qreal disponibile =
+                pagina.width() - paragrafo.leftMargin() - rientro * libro.indentWidth() * iDpi / 96;
+            qreal larghezza = std::min<qreal>(immagine.width() * iDpi / 110.0, disponibile);
             qreal altezza = larghezza * immagine.height() / immagine.width();
             if (altezza > pagina.height() * 2 / 3) {
                 altezza = pagina.height() * 2 / 3;
