@@ -14,10 +14,10 @@
 #include "session/Sessione.h"
 #include "store/Connessione.h"
 
+#include "AmbienteLink.h"
 #include "AmbienteRecord.h"
 #include "Modali.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -46,10 +46,7 @@ struct Pergamena {
     const Connessione& Cnn() const { return ambiente.Cnn(); }
     PiattaformaScriptata& Seam() { return ambiente.seam; }
     QPushButton* Pulsante() const { return ::Pulsante(editore, "cmdMostraNotazioni"); }
-    bool Acceso() const {
-        return Pulsante()->palette().color(QPalette::Button) ==
-               QApplication::palette().color(QPalette::Base);
-    }
+    bool Acceso() const { return PulsanteAcceso(Pulsante()); }
 
     // A notation written behind the window's back; its key.
     qint64 Aggiungi(const QString& sPosizione, const QVariant& note, long idPergamena = 0) const {

@@ -14,10 +14,10 @@
 #include "session/Sessione.h"
 #include "store/Connessione.h"
 
+#include "AmbienteLink.h"
 #include "AmbienteRecord.h"
 #include "Modali.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -111,10 +111,7 @@ struct RecordInOspite {
     PiattaformaScriptata& Seam() const { return ambiente->seam; }
     QPushButton* Pulsante() const { return ::Pulsante(editore, caso.sPulsante); }
     // Whether the record's button has the colour of a list with rows.
-    bool Acceso() const {
-        return Pulsante()->palette().color(QPalette::Button) ==
-               QApplication::palette().color(QPalette::Base);
-    }
+    bool Acceso() const { return PulsanteAcceso(Pulsante()); }
 
     // A row of the record's list written behind the dialog's back; its key.
     qint64 Aggiungi(const QVariant& testo, qint64 idRecord = 0) const {
@@ -164,9 +161,6 @@ struct RecordInOspite {
 };
 
 // The dialog seen through its controls.
-QTreeWidget* Lista(const QWidget* d) {
-    return Controllo<QTreeWidget>(d, QStringLiteral("lvwDB"));
-}
 QLineEdit* Testo(const QWidget* d) {
     return Controllo<QLineEdit>(d, QStringLiteral("Text1"));
 }
@@ -174,10 +168,7 @@ QPushButton* Comando(const QWidget* d, const char* nome) {
     return Controllo<QPushButton>(d, QLatin1String(nome));
 }
 QStringList Testi(const QWidget* d) {
-    QStringList testi;
-    for (int i = 0; i < Lista(d)->topLevelItemCount(); ++i)
-        testi << Lista(d)->topLevelItem(i)->text(0);
-    return testi;
+    return ::Testi(Lista(d));
 }
 // The names of the enabled buttons, in the order of the form.
 QStringList Abilitati(const QWidget* d) {
