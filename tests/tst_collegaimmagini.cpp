@@ -197,6 +197,20 @@ void ClicDestro(QPushButton* pulsante) {
     QApplication::sendEvent(pulsante, &evento);
 }
 
+// From the right click on a record's image button: the document opened in the dialog, the
+// entries iDa and iA of its page lists chosen and the dialog closed with that button.
+void PagineDalClicDestro(PiattaformaScriptata& seam, QPushButton* cmdImmagine, int iDa, int iA,
+                         const char* sChiusura) {
+    seam.scelteMenu = {1};
+    AllaFinestra([iDa, iA, sChiusura](QWidget* f) {
+        ApriDocumento(f);
+        Scegli(Da(f), iDa);
+        Scegli(A(f), iA);
+        Tasto(f, sChiusura)->click();
+    });
+    ClicDestro(cmdImmagine);
+}
+
 QColor Sfondo(const QPushButton* p) {
     return p->palette().color(QPalette::Button);
 }
@@ -209,14 +223,7 @@ void CollegaEScollega(Deposito& d, QWidget* editore, long lId) {
     QCOMPARE(cmdImmagine->text(), ImmagineRecord::CaptionImmagine);
     QVERIFY(cmdImmagine->isEnabled());
 
-    d.seam.scelteMenu = {1};
-    AllaFinestra([](QWidget* f) {
-        ApriDocumento(f);
-        Scegli(Da(f), 1);
-        Scegli(A(f), 0);
-        Tasto(f, "cmdConferma")->click();
-    });
-    ClicDestro(cmdImmagine);
+    PagineDalClicDestro(d.seam, cmdImmagine, 1, 0, "cmdConferma");
     const QList<Chiamata> menu = d.seam.Chiamate(QStringLiteral("menu"));
     QCOMPARE(menu.size(), 1);
     QCOMPARE(menu.constFirst().voci,
@@ -646,14 +653,7 @@ void TestCollegaImmagini::annullandoLaFinestraNonSiScriveNulla() {
     EditorePronto<ucDatiInventariali> editore(lId);
     editore.show();
     QPushButton* cmdImmagine = Controllo<QPushButton>(&editore, QStringLiteral("cmdImmagine"));
-    d.seam.scelteMenu = {1};
-    AllaFinestra([](QWidget* f) {
-        ApriDocumento(f);
-        Scegli(Da(f), 0);
-        Scegli(A(f), 1);
-        Tasto(f, "cmdAnnulla")->click();
-    });
-    ClicDestro(cmdImmagine);
+    PagineDalClicDestro(d.seam, cmdImmagine, 0, 1, "cmdAnnulla");
     QCOMPARE(d.seam.Chiamate(QStringLiteral("menu")).size(), 1);
     QVERIFY(d.LinkPagine(lId).value(0).isNull());
     QCOMPARE(cmdImmagine->text(), ImmagineRecord::CaptionImmagine);
@@ -718,14 +718,7 @@ void TestCollegaImmagini::unaScritturaRifiutataDelLinkSiMostraEIlPulsanteResta()
     EditorePronto<ucDatiInventariali> editore(lId);
     editore.show();
     QPushButton* cmdImmagine = Controllo<QPushButton>(&editore, QStringLiteral("cmdImmagine"));
-    d.seam.scelteMenu = {1};
-    AllaFinestra([](QWidget* f) {
-        ApriDocumento(f);
-        Scegli(Da(f), 0);
-        Scegli(A(f), 1);
-        Tasto(f, "cmdConferma")->click();
-    });
-    ClicDestro(cmdImmagine);
+    PagineDalClicDestro(d.seam, cmdImmagine, 0, 1, "cmdConferma");
     const QList<Messaggio> m = d.seam.Messaggi();
     QCOMPARE(m.size(), 1);
     QCOMPARE(m.constFirst().icona, Icona::Critica);
