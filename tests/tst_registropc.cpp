@@ -49,6 +49,17 @@ struct AmbienteRegistro : AmbienteStruttura {
                       {QStringLiteral("04")})
             .toInt();
     }
+    // A versamento's name in Elementi and its number as stored.
+    QString Nome(qint64 id) const {
+        return Valore(QStringLiteral("SELECT Denominazione FROM Elementi WHERE ID_Elemento = ?"),
+                      {L(id)})
+            .toString();
+    }
+    qlonglong Numero(qint64 id) const {
+        return Valore(QStringLiteral("SELECT NumeroRPC FROM Versamenti WHERE ID_Elemento = ?"),
+                      {L(id)})
+            .toLongLong();
+    }
 };
 
 // The commands "NuovoVer Modifica Cancella" as 0/1.
@@ -239,14 +250,8 @@ void TestRegistroPC::unVersamentoNuovoPrendeDataENumeroComeNomeSoloAllaCreazione
     QCOMPARE(f.Modello().Immagine(nodo), QStringLiteral("versamento"));
     QCOMPARE(f.Modello().Tag(nodo), QStringLiteral("04"));
     QCOMPARE(f.Modello().Id(nodo.parent()), qint64(lucca));
-    QCOMPARE(a.Valore(QStringLiteral("SELECT Denominazione FROM Elementi WHERE ID_Elemento = ?"),
-                      {L(id)})
-                 .toString(),
-             nome);
-    QCOMPARE(
-        a.Valore(QStringLiteral("SELECT NumeroRPC FROM Versamenti WHERE ID_Elemento = ?"), {L(id)})
-            .toLongLong(),
-        123456789012345678LL);
+    QCOMPARE(a.Nome(id), nome);
+    QCOMPARE(a.Numero(id), 123456789012345678LL);
     QCOMPARE(Comandi(f), QStringLiteral("011"));
     QVERIFY(f.fraVersamento->isVisibleTo(&f));
 
@@ -257,14 +262,8 @@ void TestRegistroPC::unVersamentoNuovoPrendeDataENumeroComeNomeSoloAllaCreazione
     f.cmdConferma->click();
     QCOMPARE(f.sStato, QStringLiteral("mostra"));
     QCOMPARE(f.Modello().Testo(f.Modello().Trova(id)), nome);
-    QCOMPARE(a.Valore(QStringLiteral("SELECT Denominazione FROM Elementi WHERE ID_Elemento = ?"),
-                      {L(id)})
-                 .toString(),
-             nome);
-    QCOMPARE(
-        a.Valore(QStringLiteral("SELECT NumeroRPC FROM Versamenti WHERE ID_Elemento = ?"), {L(id)})
-            .toLongLong(),
-        13LL);
+    QCOMPARE(a.Nome(id), nome);
+    QCOMPARE(a.Numero(id), 13LL);
     QCOMPARE(Riga(f.fraVersamento, 1)->text(), QStringLiteral("13"));
     QVERIFY(a.piattaforma.Messaggi().isEmpty());
 }
