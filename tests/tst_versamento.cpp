@@ -13,6 +13,7 @@
 #include "store/Connessione.h"
 #include "store/EsecuzioneScript.h"
 
+#include "AmbienteLink.h"
 #include "AmbienteRecord.h"
 #include "DialogoSostituto.h"
 
@@ -65,10 +66,7 @@ int RigheDi(const AmbienteRecord& a, long idVersamento) {
 
 // The texts of the list of rows, and the text of the selected one ("" none).
 QStringList Elenco(const ucVersamento& e) {
-    QStringList testi;
-    for (int i = 0; i < e.lvwDB->topLevelItemCount(); ++i)
-        testi << e.lvwDB->topLevelItem(i)->text(0);
-    return testi;
+    return Testi(e.lvwDB);
 }
 
 QString Scelta(const ucVersamento& e) {
@@ -86,6 +84,14 @@ void CompilaAtto(ucVersamento& e, const QString& sNumero) {
     e.cmbTipoAcquisizione->setCurrentIndex(0);
     Riga(&e, 1)->setText(sNumero);
     Riga(&e, 2)->setText(QStringLiteral("Comune di Pescia"));
+}
+
+// The texts of the boxes shown, in order.
+QStringList TestiDeiMessaggi(const PiattaformaScriptata& seam) {
+    QStringList testi;
+    for (const Messaggio& m : seam.Messaggi())
+        testi << m.sTesto;
+    return testi;
 }
 
 // The session values the row's dialog reads, as it found them.
@@ -342,12 +348,10 @@ void TestVersamento::iCampiObbligatoriDelVersamentoSiControllanoInOrdine() {
     Riga(&e, 2)->setText(QStringLiteral("Comune di Pescia"));
     // The date pickers' Tags stop nothing.
     QVERIFY(e.CheckMandatoryFields());
-    QStringList testi;
-    for (const Messaggio& m : a.seam.Messaggi())
-        testi << m.sTesto;
-    QCOMPARE(testi, QStringList({QStringLiteral(" Inserire il tipo di acquisizione"),
-                                 QStringLiteral("Inserire il numero"),
-                                 QStringLiteral("Inserire il soggetto versante")}));
+    QCOMPARE(TestiDeiMessaggi(a.seam),
+             QStringList({QStringLiteral(" Inserire il tipo di acquisizione"),
+                          QStringLiteral("Inserire il numero"),
+                          QStringLiteral("Inserire il soggetto versante")}));
 }
 
 void TestVersamento::unaDataImpossibileNonEntraNelCalendario() {
@@ -612,15 +616,13 @@ void TestVersamento::iCampiObbligatoriDellaRigaSiControllanoInOrdine() {
     QVERIFY(!e.CheckMandatoryFields());
     Riga(&e, 0)->setText(QStringLiteral("Mappe"));
     QVERIFY(e.CheckMandatoryFields());
-    QStringList testi;
-    for (const Messaggio& m : a.seam.Messaggi())
-        testi << m.sTesto;
-    QCOMPARE(testi, QStringList({QStringLiteral("Inserire anno fine"),
-                                 QStringLiteral("Inserire anno inizio"),
-                                 QStringLiteral("Inserire gli estremi cronologici (testo)"),
-                                 QStringLiteral("Inserire la consistenza"),
-                                 QStringLiteral("Inserire denominazione complesso"),
-                                 QStringLiteral("Inserire denominazione complesso")}));
+    QCOMPARE(
+        TestiDeiMessaggi(a.seam),
+        QStringList({QStringLiteral("Inserire anno fine"), QStringLiteral("Inserire anno inizio"),
+                     QStringLiteral("Inserire gli estremi cronologici (testo)"),
+                     QStringLiteral("Inserire la consistenza"),
+                     QStringLiteral("Inserire denominazione complesso"),
+                     QStringLiteral("Inserire denominazione complesso")}));
 }
 
 void TestVersamento::numeriEAnniDellaRigaSbagliatiSonoRifiutatiAllUscita() {
