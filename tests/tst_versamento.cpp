@@ -94,6 +94,11 @@ QStringList TestiDeiMessaggi(const PiattaformaScriptata& seam) {
     return testi;
 }
 
+// The name of the box n of a record.
+QString NomeCampo(int n) {
+    return QStringLiteral("Text1(%1)").arg(n);
+}
+
 // The session values the row's dialog reads, as it found them.
 struct AperturaRiga {
     long lIdVersamento = -1;
@@ -144,6 +149,7 @@ private Q_SLOTS:
     void laNuovaRigaApreIlDialogoSullAttoEPoiESceltaNellElenco();
     void iPulsantiDelleRigheFunzionanoSoloConLAttoBloccato_data() { AggiungiBackend(); }
     void iPulsantiDelleRigheFunzionanoSoloConLAttoBloccato();
+    void ilTastoTabSegueIlModuloELeEtichetteIndicanoIlLoroCampo();
     void laRigaHaLeSueEtichetteISuoiLimitiEISuoiTag();
     void laRigaScrittaTornaComeEraConGliAnniEIlComplesso_data() { AggiungiBackend(); }
     void laRigaScrittaTornaComeEraConGliAnniEIlComplesso();
@@ -516,6 +522,26 @@ void TestVersamento::iPulsantiDelleRigheFunzionanoSoloConLAttoBloccato() {
     QCOMPARE(PulsantiRighe(e), QStringLiteral("000"));
     QVERIFY(!e.lvwDB->isEnabled());
     QVERIFY(Elenco(e).isEmpty());
+}
+
+void TestVersamento::ilTastoTabSegueIlModuloELeEtichetteIndicanoIlLoroCampo() {
+    AmbienteRecord a(TipoBackend::SQLite, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    EditorePronto<ucVersamento> atto;
+    const QStringList campiAtto = {
+        "DTPData",  "Text1(1)", "Text1(2)",     "cmbTipoAcquisizione", "DTPDataAcq",     "Text1(5)",
+        "Text1(6)", "lvwDB",    "cmdNuovaRiga", "cmdModificaRiga",     "cmdCancellaRiga"};
+    QCOMPARE(OrdineDelFuoco(atto.DTPData, campiAtto), campiAtto);
+    for (const int n : {1, 2, 5, 6})
+        QCOMPARE(Etichetta(&atto, n)->buddy(), atto.findChild<QWidget*>(NomeCampo(n)));
+
+    EditorePronto<ucRigaVersamento> riga;
+    const QList<int> ordineRiga = {0, 1, 2, 3, 6, 4, 5, 7};
+    QStringList campiRiga;
+    for (const int n : ordineRiga)
+        campiRiga << NomeCampo(n);
+    QCOMPARE(OrdineDelFuoco(Riga(&riga, 0), campiRiga), campiRiga);
+    for (const int n : ordineRiga)
+        QCOMPARE(Etichetta(&riga, n)->buddy(), riga.findChild<QWidget*>(NomeCampo(n)));
 }
 
 void TestVersamento::laRigaHaLeSueEtichetteISuoiLimitiEISuoiTag() {

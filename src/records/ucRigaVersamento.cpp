@@ -1,5 +1,6 @@
 #include "ucRigaVersamento.h"
 
+#include "records/DisposizioneCampi.h"
 #include "session/Conversioni.h"
 #include "session/Errore.h"
 #include "session/Sessione.h"
@@ -79,32 +80,18 @@ ucRigaVersamento::ucRigaVersamento(QWidget* parent)
     // On screen: the name, the quantities, the dates, the notes.
     auto* griglia = new QGridLayout(this);
     int riga = 0;
-    const auto metti = [griglia, &riga](QLabel* etichetta, QWidget* campo) {
-        etichetta->setBuddy(campo);
-        griglia->addWidget(etichetta, riga, 0, Qt::AlignTop);
-        griglia->addWidget(campo, riga, 1);
-        ++riga;
-    };
-    metti(lbl0, txt0);
-    metti(lbl1, txt1);
-    metti(lbl2, txt2);
-    metti(lbl3, txt3);
-    metti(lbl6, txt6);
-    metti(lbl4, txt4);
-    metti(lbl5, txt5);
-    metti(lbl7, txt7);
+    MettiCampo(griglia, riga, lbl0, txt0);
+    MettiCampo(griglia, riga, lbl1, txt1);
+    MettiCampo(griglia, riga, lbl2, txt2);
+    MettiCampo(griglia, riga, lbl3, txt3);
+    MettiCampo(griglia, riga, lbl6, txt6);
+    MettiCampo(griglia, riga, lbl4, txt4);
+    MettiCampo(griglia, riga, lbl5, txt5);
+    MettiCampo(griglia, riga, lbl7, txt7);
     griglia->setColumnStretch(1, 1);
     griglia->setRowStretch(riga, 1);
 
-    QWidget* precedente = nullptr;
-    for (QWidget* campo :
-         {static_cast<QWidget*>(txt0), static_cast<QWidget*>(txt1), static_cast<QWidget*>(txt2),
-          static_cast<QWidget*>(txt3), static_cast<QWidget*>(txt6), static_cast<QWidget*>(txt4),
-          static_cast<QWidget*>(txt5), static_cast<QWidget*>(txt7)}) {
-        if (precedente != nullptr)
-            setTabOrder(precedente, campo);
-        precedente = campo;
-    }
+    CatenaDelFuoco({txt0, txt1, txt2, txt3, txt6, txt4, txt5, txt7});
 
     // Numbers and years are tested when their box loses the focus.
     for (int n : {1, 2})

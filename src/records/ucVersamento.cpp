@@ -1,5 +1,6 @@
 #include "ucVersamento.h"
 
+#include "records/DisposizioneCampi.h"
 #include "session/Conversioni.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
@@ -107,19 +108,13 @@ ucVersamento::ucVersamento(QWidget* parent)
 
     auto* griglia = new QGridLayout(this);
     int riga = 0;
-    const auto metti = [griglia, &riga](QLabel* etichetta, QWidget* campo) {
-        etichetta->setBuddy(campo);
-        griglia->addWidget(etichetta, riga, 0, Qt::AlignTop);
-        griglia->addWidget(campo, riga, 1);
-        ++riga;
-    };
-    metti(lblData, DTPData);
-    metti(lbl1, txt1);
-    metti(lbl2, txt2);
-    metti(lblTipo, cmbTipoAcquisizione);
-    metti(lblDataAcq, DTPDataAcq);
-    metti(lbl5, txt5);
-    metti(lbl6, txt6);
+    MettiCampo(griglia, riga, lblData, DTPData);
+    MettiCampo(griglia, riga, lbl1, txt1);
+    MettiCampo(griglia, riga, lbl2, txt2);
+    MettiCampo(griglia, riga, lblTipo, cmbTipoAcquisizione);
+    MettiCampo(griglia, riga, lblDataAcq, DTPDataAcq);
+    MettiCampo(griglia, riga, lbl5, txt5);
+    MettiCampo(griglia, riga, lbl6, txt6);
     griglia->addWidget(lvwDB, riga++, 0, 1, 2);
     auto* pulsanti = new QHBoxLayout;
     pulsanti->addWidget(cmdNuovaRiga);
@@ -131,17 +126,8 @@ ucVersamento::ucVersamento(QWidget* parent)
     for (QPlainTextEdit* breve : {txt5, txt6})
         breve->setMaximumHeight(breve->fontMetrics().lineSpacing() * 5);
 
-    QWidget* precedente = nullptr;
-    for (QWidget* campo :
-         {static_cast<QWidget*>(DTPData), static_cast<QWidget*>(txt1), static_cast<QWidget*>(txt2),
-          static_cast<QWidget*>(cmbTipoAcquisizione), static_cast<QWidget*>(DTPDataAcq),
-          static_cast<QWidget*>(txt5), static_cast<QWidget*>(txt6), static_cast<QWidget*>(lvwDB),
-          static_cast<QWidget*>(cmdNuovaRiga), static_cast<QWidget*>(cmdModificaRiga),
-          static_cast<QWidget*>(cmdCancellaRiga)}) {
-        if (precedente != nullptr)
-            setTabOrder(precedente, campo);
-        precedente = campo;
-    }
+    CatenaDelFuoco({DTPData, txt1, txt2, cmbTipoAcquisizione, DTPDataAcq, txt5, txt6, lvwDB,
+                    cmdNuovaRiga, cmdModificaRiga, cmdCancellaRiga});
 
     connect(lvwDB, &QTreeWidget::itemClicked, this, [this] { RigaScelta(); });
     connect(cmdNuovaRiga, &QPushButton::clicked, this, [this] { cmdNuovaRiga_Click(); });
