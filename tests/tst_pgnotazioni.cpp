@@ -16,6 +16,7 @@
 
 #include "AmbienteLink.h"
 #include "AmbienteRecord.h"
+#include "MessaggiAttesi.h"
 #include "Modali.h"
 
 #include <QDialog>
@@ -231,12 +232,8 @@ void TestPgNotazioni::notazioniAggiunteCambiateNelLoroPostoECancellate() {
     QCOMPARE(dopoCancella, QStringList({"Recto, in basso", "Plica"}));
     QCOMPARE(p.Notazioni(),
              QStringList({"Recto, in basso|sec. XIII|Registrata", "Plica|1290|Segno"}));
-    const QList<Messaggio> messaggi = p.Seam().Messaggi();
-    QCOMPARE(messaggi.size(), 1);
-    QCOMPARE(messaggi[0].sTesto, QStringLiteral("Sei sicuro di voler cancellare la notazione?"));
-    QCOMPARE(messaggi[0].sTitolo, QStringLiteral("Cancella Notazione: Verso"));
-    QCOMPARE(messaggi[0].pulsanti, Pulsanti::SiNo);
-    QCOMPARE(messaggi[0].icona, Icona::Domanda);
+    UnaDomanda(p.Seam(), QStringLiteral("Cancella Notazione: Verso"),
+               QStringLiteral("Sei sicuro di voler cancellare la notazione?"));
 
     // Opened again: the notations read back, the first one shown.
     QStringList riletti;
@@ -315,10 +312,8 @@ void TestPgNotazioni::posizioneETrascrizioneSonoObbligatorieENullaSiScrive() {
         sStato = f->sStato + QLatin1Char('|') + Comandi(f);
         f->cmdAnnulla->click();
     }));
-    QStringList testi;
-    for (const Messaggio& m : p.Seam().Messaggi())
-        testi << m.sTesto;
-    QCOMPARE(testi, QStringList({"Inserire la posizione", "Inserire la trascrizione/descrizione"}));
+    QCOMPARE(TestiDeiMessaggi(p.Seam()),
+             QStringList({"Inserire la posizione", "Inserire la trascrizione/descrizione"}));
     QCOMPARE(sStato, QStringLiteral("nuovo|00011"));
     QCOMPARE(p.Tutte(), 0);
     QVERIFY(!p.Acceso());

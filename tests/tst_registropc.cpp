@@ -15,6 +15,7 @@
 
 #include "AmbienteStruttura.h"
 #include "IstitutiProva.h"
+#include "MessaggiAttesi.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -345,12 +346,8 @@ void TestRegistroPC::unVersamentoConRigheNonSiCancellaESenzaSiDopoLaSuaDomanda()
     a.piattaforma.Svuota();
     a.piattaforma.risposte = {Risposta::No};
     f.cmdCancella->click();
-    QCOMPARE(a.piattaforma.Messaggi().size(), 1);
-    QCOMPARE(a.piattaforma.Messaggi()[0].sTesto,
-             QStringLiteral("Sei sicuro di voler cancellare questo versamento?"));
-    QCOMPARE(a.piattaforma.Messaggi()[0].sTitolo,
-             QStringLiteral("Cancella Versamento: 15/03/2024 - 12"));
-    QCOMPARE(a.piattaforma.Messaggi()[0].pulsanti, Pulsanti::SiNo);
+    UnaDomanda(a.piattaforma, QStringLiteral("Cancella Versamento: 15/03/2024 - 12"),
+               QStringLiteral("Sei sicuro di voler cancellare questo versamento?"));
     QCOMPARE(a.Versamenti(), 1);
     a.piattaforma.risposte = {Risposta::Si};
     f.cmdCancella->click();

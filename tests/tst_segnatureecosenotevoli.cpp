@@ -16,6 +16,7 @@
 
 #include "AmbienteLink.h"
 #include "AmbienteRecord.h"
+#include "MessaggiAttesi.h"
 #include "Modali.h"
 
 #include <QDialog>
@@ -305,12 +306,8 @@ void TestSegnatureECoseNotevoli::
     QCOMPARE(dopoCambio, QStringList({"Prima, rivista", "Seconda", "Terza"}));
     QCOMPARE(dopoCancella, QStringList({"Prima, rivista", "Terza"}));
     QCOMPARE(r.Righe(), QStringList({"Prima, rivista", "Terza"}));
-    const QList<Messaggio> messaggi = r.Seam().Messaggi();
-    QCOMPARE(messaggi.size(), 1);
-    QCOMPARE(messaggi[0].sTesto, QStringLiteral("Sei sicuro di voler cancellare?"));
-    QCOMPARE(messaggi[0].sTitolo, QStringLiteral("Cancella"));
-    QCOMPARE(messaggi[0].icona, Icona::Domanda);
-    QCOMPARE(messaggi[0].pulsanti, Pulsanti::SiNo);
+    UnaDomanda(r.Seam(), QStringLiteral("Cancella"),
+               QStringLiteral("Sei sicuro di voler cancellare?"));
 
     // Opened again, the dialog reads what was written, the first row shown.
     QStringList riletti;

@@ -16,6 +16,7 @@
 #include "AmbienteLink.h"
 #include "AmbienteRecord.h"
 #include "DialogoSostituto.h"
+#include "MessaggiAttesi.h"
 
 #include <QComboBox>
 #include <QDateEdit>
@@ -84,14 +85,6 @@ void CompilaAtto(ucVersamento& e, const QString& sNumero) {
     e.cmbTipoAcquisizione->setCurrentIndex(0);
     Riga(&e, 1)->setText(sNumero);
     Riga(&e, 2)->setText(QStringLiteral("Comune di Pescia"));
-}
-
-// The texts of the boxes shown, in order.
-QStringList TestiDeiMessaggi(const PiattaformaScriptata& seam) {
-    QStringList testi;
-    for (const Messaggio& m : seam.Messaggi())
-        testi << m.sTesto;
-    return testi;
 }
 
 // The name of the box n of a record.
@@ -401,12 +394,8 @@ void TestVersamento::unAttoConUnaRigaNonSiCancellaEDopoLUltimaRigaCancellataSi()
     e.lvwDB->setCurrentItem(e.lvwDB->topLevelItem(0));
     a.seam.risposte = {Risposta::Si};
     e.cmdCancellaRiga->click();
-    QCOMPARE(a.seam.Messaggi().size(), 1);
-    QCOMPARE(a.seam.Messaggi()[0].sTitolo, QStringLiteral("Cancella Riga: Mappe"));
-    QCOMPARE(a.seam.Messaggi()[0].sTesto,
-             QStringLiteral("Sei sicuro di voler cancellare questa riga?"));
-    QCOMPARE(a.seam.Messaggi()[0].pulsanti, Pulsanti::SiNo);
-    QCOMPARE(a.seam.Messaggi()[0].icona, Icona::Domanda);
+    UnaDomanda(a.seam, QStringLiteral("Cancella Riga: Mappe"),
+               QStringLiteral("Sei sicuro di voler cancellare questa riga?"));
     QCOMPARE(RigheDi(a, atto.idVersamento), 0);
     QVERIFY(Elenco(e).isEmpty());
     // The act may be deleted now, and its host is told.

@@ -1,0 +1,27 @@
+#pragma once
+
+// What the tests look for in the boxes the scripted platform recorded.
+
+#include "PiattaformaScriptata.h"
+
+#include <QStringList>
+#include <QtTest>
+
+// The texts of the boxes shown, in order.
+inline QStringList TestiDeiMessaggi(const PiattaformaScriptata& seam) {
+    QStringList testi;
+    for (const Messaggio& m : seam.Messaggi())
+        testi << m.sTesto;
+    return testi;
+}
+
+// The one box shown: a question with Yes and No, with that title and that text.
+inline void UnaDomanda(const PiattaformaScriptata& seam, const QString& sTitolo,
+                       const QString& sTesto) {
+    const QList<Messaggio> messaggi = seam.Messaggi();
+    QCOMPARE(messaggi.size(), 1);
+    QCOMPARE(messaggi[0].sTitolo, sTitolo);
+    QCOMPARE(messaggi[0].sTesto, sTesto);
+    QCOMPARE(messaggi[0].pulsanti, Pulsanti::SiNo);
+    QCOMPARE(messaggi[0].icona, Icona::Domanda);
+}
