@@ -399,14 +399,10 @@ void TestPgNotazioni::unaScritturaRifiutataNonLasciaNotazioniAMeta() {
         f->cmdAnnulla->click();
         righe = Righe(f);
     }));
-    QStringList errori;
-    for (const Messaggio& m : p.Seam().Messaggi()) {
-        if (m.icona == Icona::Critica)
-            errori << m.sTesto;
-    }
+    const QList<Messaggio> errori = Errori(p.Seam());
     QCOMPARE(errori.size(), 2);
-    for (const QString& sErrore : errori)
-        QVERIFY2(sErrore.contains(QLatin1String("posizione rifiutata")), qPrintable(sErrore));
+    for (const Messaggio& m : errori)
+        QVERIFY2(m.sTesto.contains(QLatin1String("posizione rifiutata")), qPrintable(m.sTesto));
     QCOMPARE(sDopoCambio, QStringLiteral("Recto||Com'era"));
     QCOMPARE(sDopoNuova, QStringLiteral("Plica|1291|Nuova|nuovo|00011"));
     QCOMPARE(righe, QStringList({"Recto"}));
@@ -474,12 +470,7 @@ void TestPgNotazioni::unCaricamentoFallitoDaErroreU5EUnaCancellazioneFallitaErro
         indietro();
     }));
 
-    QStringList titoli;
-    for (const Messaggio& m : p.Seam().Messaggi()) {
-        if (m.icona == Icona::Critica)
-            titoli << m.sTitolo;
-    }
-    QCOMPARE(titoli, QStringList({"Errore R4", "Errore U5"}));
+    QCOMPARE(TitoliDegliErrori(p.Seam()), QStringList({"Errore R4", "Errore U5"}));
     // The row stays in the list and in its table; the list loaded as far as it came.
     QCOMPARE(righe, QStringList({"Recto"}));
     QCOMPARE(riletti, QStringList());

@@ -15,6 +15,23 @@ inline QStringList TestiDeiMessaggi(const PiattaformaScriptata& seam) {
     return testi;
 }
 
+// The error boxes shown (the critical icon), in order, and their titles.
+inline QList<Messaggio> Errori(const PiattaformaScriptata& seam) {
+    QList<Messaggio> errori;
+    for (const Messaggio& m : seam.Messaggi()) {
+        if (m.icona == Icona::Critica)
+            errori << m;
+    }
+    return errori;
+}
+
+inline QStringList TitoliDegliErrori(const PiattaformaScriptata& seam) {
+    QStringList titoli;
+    for (const Messaggio& m : Errori(seam))
+        titoli << m.sTitolo;
+    return titoli;
+}
+
 // The one box shown: a question with Yes and No, with that title and that text.
 inline void UnaDomanda(const PiattaformaScriptata& seam, const QString& sTitolo,
                        const QString& sTesto) {
