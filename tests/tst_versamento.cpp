@@ -35,6 +35,12 @@ namespace {
 const qlonglong Diciotto = 123456789012345678LL;
 const qlonglong MassimoDiciotto = 999999999999999999LL;
 
+// The records' environment for the act: its table and the list of the kinds of acquisition.
+struct AmbienteAtto : AmbienteRecord {
+    explicit AmbienteAtto(TipoBackend tipo)
+        : AmbienteRecord(tipo, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"}) {}
+};
+
 // A versamento under a new institute, with its key of Versamenti.
 struct Atto {
     long istituto = 0;
@@ -157,7 +163,7 @@ private Q_SLOTS:
 };
 
 void TestVersamento::ilVersamentoHaLeSueEtichetteISuoiLimitiEISuoiTag() {
-    AmbienteRecord a(TipoBackend::SQLite, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(TipoBackend::SQLite);
     EditorePronto<ucVersamento> e;
     QCOMPARE(Etichetta(&e, 1)->text(), QStringLiteral("Numero"));
     QCOMPARE(Etichetta(&e, 2)->text(), QStringLiteral("Soggetto versante"));
@@ -194,7 +200,7 @@ void TestVersamento::ilVersamentoHaLeSueEtichetteISuoiLimitiEISuoiTag() {
 void TestVersamento::ilVersamentoScrittoTornaComeEraConLeDateComeDate() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     const Atto atto = CreaAtto(a);
     EditorePronto<ucVersamento> e(atto.id);
     QCOMPARE(e.LeggiID(), atto.idVersamento);
@@ -249,7 +255,7 @@ void TestVersamento::ilVersamentoScrittoTornaComeEraConLeDateComeDate() {
 void TestVersamento::unaDataMancanteMostraOggi() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     const Atto atto = CreaAtto(a);
     a.Scrivi(QStringLiteral("Data = ?, DataAcquisizione = ?"),
              {QVariant(QMetaType::fromType<QDateTime>()),
@@ -264,7 +270,7 @@ void TestVersamento::unaDataMancanteMostraOggi() {
 void TestVersamento::unNumeroDiDiciottoCifreTornaEsattoSenzaDecimaliNeEsponente() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     for (const qlonglong numero : {Diciotto, MassimoDiciotto}) {
         const Atto atto = CreaAtto(a, QString::number(numero));
         EditorePronto<ucVersamento> e(atto.id);
@@ -292,7 +298,7 @@ void TestVersamento::unNumeroDiDiciottoCifreTornaEsattoSenzaDecimaliNeEsponente(
 void TestVersamento::unNumeroDiDiciannoveCifreNonEntraNellaCasella() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     const Atto atto = CreaAtto(a);
     EditorePronto<ucVersamento> e(atto.id);
     e.Modifica();
@@ -308,7 +314,7 @@ void TestVersamento::unNumeroDiDiciannoveCifreNonEntraNellaCasella() {
 void TestVersamento::unNumeroVuotoRifiutaIlSalvataggioEUnoConLettereSiSalvaComeIlNumeroInTesta() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     const Atto atto = CreaAtto(a);
     EditorePronto<ucVersamento> e(atto.id);
     e.Modifica();
@@ -331,7 +337,7 @@ void TestVersamento::unNumeroVuotoRifiutaIlSalvataggioEUnoConLettereSiSalvaComeI
 }
 
 void TestVersamento::iCampiObbligatoriDelVersamentoSiControllanoInOrdine() {
-    AmbienteRecord a(TipoBackend::SQLite, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(TipoBackend::SQLite);
     EditorePronto<ucVersamento> e;
     e.Nuovo();
     // A new act takes the first kind of acquisition and today's dates.
@@ -356,7 +362,7 @@ void TestVersamento::iCampiObbligatoriDelVersamentoSiControllanoInOrdine() {
 void TestVersamento::unaDataImpossibileNonEntraNelCalendario() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     const Atto atto = CreaAtto(a);
     EditorePronto<ucVersamento> e(atto.id);
     e.Modifica();
@@ -370,7 +376,7 @@ void TestVersamento::unaDataImpossibileNonEntraNelCalendario() {
 }
 
 void TestVersamento::laDenominazioneEDataTrattinoENumero() {
-    AmbienteRecord a(TipoBackend::SQLite, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(TipoBackend::SQLite);
     EditorePronto<ucVersamento> e;
     e.Nuovo();
     e.DTPData->setDate(QDate(2024, 3, 5));
@@ -382,7 +388,7 @@ void TestVersamento::laDenominazioneEDataTrattinoENumero() {
 void TestVersamento::unAttoConUnaRigaNonSiCancellaEDopoLUltimaRigaCancellataSi() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     const Atto atto = CreaAtto(a);
     CreaRiga(a, atto.idVersamento, QStringLiteral("Mappe"));
     EditorePronto<ucVersamento> e(atto.id);
@@ -407,7 +413,7 @@ void TestVersamento::unAttoConUnaRigaNonSiCancellaEDopoLUltimaRigaCancellataSi()
 void TestVersamento::unaRigaSiCancellaSoloDopoIlSi() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     const Atto atto = CreaAtto(a);
     CreaRiga(a, atto.idVersamento, QStringLiteral("Mappe"));
     const long registri = CreaRiga(a, atto.idVersamento, QStringLiteral("Registri"));
@@ -432,7 +438,7 @@ void TestVersamento::unaRigaSiCancellaSoloDopoIlSi() {
 void TestVersamento::unaRigaCheNonENellElencoNonLasciaNullaSceltoEModificaAgisceSullaRigaTenuta() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     const Atto atto = CreaAtto(a);
     CreaRiga(a, atto.idVersamento, QStringLiteral("Mappe"));
     const long registri = CreaRiga(a, atto.idVersamento, QStringLiteral("Registri"));
@@ -460,7 +466,7 @@ void TestVersamento::unaRigaCheNonENellElencoNonLasciaNullaSceltoEModificaAgisce
 void TestVersamento::laNuovaRigaApreIlDialogoSullAttoEPoiESceltaNellElenco() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     const Atto atto = CreaAtto(a);
     CreaRiga(a, atto.idVersamento, QStringLiteral("Mappe"));
     EditorePronto<ucVersamento> e(atto.id);
@@ -487,7 +493,7 @@ void TestVersamento::laNuovaRigaApreIlDialogoSullAttoEPoiESceltaNellElenco() {
 void TestVersamento::iPulsantiDelleRigheFunzionanoSoloConLAttoBloccato() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     const Atto vuoto = CreaAtto(a, QStringLiteral("Vuoto"));
     const Atto atto = CreaAtto(a);
     CreaRiga(a, atto.idVersamento, QStringLiteral("Mappe"));
@@ -514,7 +520,7 @@ void TestVersamento::iPulsantiDelleRigheFunzionanoSoloConLAttoBloccato() {
 }
 
 void TestVersamento::ilTastoTabSegueIlModuloELeEtichetteIndicanoIlLoroCampo() {
-    AmbienteRecord a(TipoBackend::SQLite, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(TipoBackend::SQLite);
     EditorePronto<ucVersamento> atto;
     const QStringList campiAtto = {
         "DTPData",  "Text1(1)", "Text1(2)",     "cmbTipoAcquisizione", "DTPDataAcq",     "Text1(5)",
@@ -708,7 +714,7 @@ void TestVersamento::unNumeroDiDiciottoCifreAttraversaEsportazioneEImportazione(
     QTemporaryDir scambio;
     QVERIFY(scambio.isValid());
     {
-        AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+        AmbienteAtto a(backend);
         a.Cnn().Esegui(QStringLiteral("UPDATE Config SET Code = ?"), {QStringLiteral("ASPT")});
         const Atto atto = CreaAtto(a);
         a.Scrivi(QStringLiteral("NumeroRPC = ?"), {MassimoDiciotto, qlonglong(atto.id)});
@@ -745,7 +751,7 @@ void TestVersamento::unNumeroDiDiciottoCifreAttraversaEsportazioneEImportazione(
 void TestVersamento::lAggiornamentoRendeInteroIlNumeroDiUnDatabaseDiPrima() {
     QFETCH(TipoBackend, backend);
     RICHIEDI_BACKEND(backend);
-    AmbienteRecord a(backend, QStringLiteral("Versamenti"), {"TipoAcquisizione.txt"});
+    AmbienteAtto a(backend);
     // The column as earlier versions had it: a floating number.
     const QString sPrima =
         backend == TipoBackend::SQLite
