@@ -399,7 +399,16 @@ int main(int argc, char* argv[]) {
     }
     Figure::SuModale(
         QStringLiteral("frmScEsporta"),
-        [&](QWidget* dialogo) { figure.Salva(dialogo, QStringLiteral("strumenti-export")); },
+        [&](QWidget* dialogo) {
+            figure.Salva(dialogo, QStringLiteral("strumenti-export"));
+            // Conferma on the folder offered: the tables that the schema files offer.
+            Figure::SuModale(
+                QStringLiteral("frmEsporta"),
+                [&](QWidget* tabelle) {
+                    figure.Salva(tabelle, QStringLiteral("strumenti-tabelle"));
+                },
+                [&] { Figure::Premi(dialogo, QStringLiteral("cmdConferma")); });
+        },
         [&] { Dialoghi::Apri(QStringLiteral("frmScEsporta"), &principale); });
 
     principale.close();
