@@ -16,6 +16,7 @@
 #include "AmbienteStruttura.h"
 #include "IstitutiProva.h"
 #include "MessaggiAttesi.h"
+#include "VersamentiProva.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -320,16 +321,10 @@ void TestRegistroPC::unVersamentoConRigheNonSiCancellaESenzaSiDopoLaSuaDomanda()
     AmbienteRegistro a(backend);
     const long lucca = a.Istituto(QStringLiteral("Archivio di Stato di Lucca"), "01");
     const long id = a.Crea("04", QStringLiteral("15/03/2024 - 12"), lucca);
-    const qlonglong idVersamento =
-        a.Valore(QStringLiteral("SELECT ID_Versamento FROM Versamenti WHERE ID_Elemento = ?"),
-                 {L(id)})
-            .toLongLong();
     a.cnn().Esegui(QStringLiteral("UPDATE Versamenti SET Data = ?, NumeroRPC = ? "
                                   "WHERE ID_Elemento = ?"),
                    {QDateTime(QDate(2024, 3, 15), QTime(0, 0)), 12, L(id)});
-    a.cnn().Inserisci(QStringLiteral("RigheVersamento"), QStringLiteral("ID_RigaVersamento"),
-                      {QStringLiteral("ID_Versamento"), QStringLiteral("Denominazione")},
-                      {idVersamento, QStringLiteral("Mappe")});
+    NuovaRigaVersamento(a.cnn(), IdVersamento(a.cnn(), id), QStringLiteral("Mappe"));
     frmRegistroPC f;
     Scegli(f, id);
     QCOMPARE(f.sTipo, QStringLiteral("versamento"));

@@ -17,6 +17,7 @@
 #include "AmbienteRecord.h"
 #include "DialogoSostituto.h"
 #include "MessaggiAttesi.h"
+#include "VersamentiProva.h"
 
 #include <QComboBox>
 #include <QDateEdit>
@@ -50,18 +51,12 @@ struct Atto {
 
 Atto CreaAtto(const AmbienteRecord& a, const QString& sNome = QStringLiteral("Versamento")) {
     const AmbienteRecord::ElementoInIstituto e = a.CreaInIstituto("04", sNome);
-    return {e.istituto, e.id,
-            static_cast<long>(
-                a.ColonnaDi(QStringLiteral("Versamenti"), QStringLiteral("ID_Versamento"), e.id)
-                    .toLongLong())};
+    return {e.istituto, e.id, static_cast<long>(IdVersamento(a.Cnn(), e.id))};
 }
 
 // A row of the act, written behind the editor's back; its key.
 long CreaRiga(const AmbienteRecord& a, long idVersamento, const QString& sNome) {
-    return static_cast<long>(
-        a.Cnn().Inserisci(QStringLiteral("RigheVersamento"), QStringLiteral("ID_RigaVersamento"),
-                          {QStringLiteral("ID_Versamento"), QStringLiteral("Denominazione")},
-                          {qlonglong(idVersamento), sNome}));
+    return static_cast<long>(NuovaRigaVersamento(a.Cnn(), idVersamento, sNome));
 }
 
 int RigheDi(const AmbienteRecord& a, long idVersamento) {
