@@ -37,10 +37,9 @@ struct Pergamena {
     explicit Pergamena(TipoBackend tipo)
         : ambiente(tipo, QStringLiteral("Pergamene"))
         , creata(ambiente.CreaPergamenaConRiga())
-        , editore(new ucPergamena)
-        , ospite(editore, QStringLiteral("05"), creata.albero.inventario) {
-        CollegaPermessi(ospite, editore, &ucPergamena::OkNuovaPergamena);
-        ospite.Carica();
+        , ospitata(OspitePergamena(creata.albero.inventario))
+        , editore(ospitata.editore)
+        , ospite(ospitata.ospite) {
         ospite.MostraElemento(creata.id);
     }
 
@@ -100,8 +99,9 @@ struct Pergamena {
 
     AmbientePergamene ambiente;
     const AmbientePergamene::PergamenaCreata creata;
-    ucPergamena* editore;
-    HostEditore ospite;
+    EditoreOspitato<ucPergamena> ospitata;
+    ucPergamena* const editore;
+    HostEditore& ospite;
 };
 
 QStringList Righe(const frmPgNotazioni* f) {

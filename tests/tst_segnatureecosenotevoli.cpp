@@ -86,10 +86,10 @@ struct RecordInOspite {
             idChiave = creata.idPG;
             padre = creata.albero.inventario;
             ambiente = std::move(pergamene);
-            auto* pergamena = new ucPergamena;
-            editore = pergamena;
-            ospite = std::make_unique<HostEditore>(editore, QStringLiteral("05"), padre);
-            CollegaPermessi(*ospite, pergamena, &ucPergamena::OkNuovaPergamena);
+            pergamena = std::make_unique<EditoreOspitato<ucPergamena>>(
+                "05", padre, &ucPergamena::OkNuovaPergamena);
+            editore = pergamena->editore;
+            ospite = &pergamena->ospite;
         } else {
             ambiente = std::make_unique<AmbienteRecord>(
                 tipo, QStringLiteral("DatiInventariali"),
@@ -99,12 +99,11 @@ struct RecordInOspite {
             padre = ambiente->Crea("03", QStringLiteral("Inventario"), istituto);
             id = ambiente->Crea("07", QStringLiteral("Serie prima"), padre);
             idChiave = ambiente->Colonna(QStringLiteral("ID_DatoInventariale"), id).toInt();
-            auto* unita = new ucDatiInventariali;
-            editore = unita;
-            ospite = std::make_unique<HostEditore>(editore, QStringLiteral("07"), padre);
-            CollegaPermessi(*ospite, unita, &ucDatiInventariali::OkNuovoDatoInventariale);
+            unita = std::make_unique<EditoreOspitato<ucDatiInventariali>>(
+                "07", padre, &ucDatiInventariali::OkNuovoDatoInventariale);
+            editore = unita->editore;
+            ospite = &unita->ospite;
         }
-        ospite->Carica();
         ospite->MostraElemento(id);
     }
 
@@ -157,8 +156,11 @@ struct RecordInOspite {
     long id = 0;
     long idChiave = 0;
     long padre = 0;
+    // The record's host and editor, of a parchment or of a unit.
+    std::unique_ptr<EditoreOspitato<ucPergamena>> pergamena;
+    std::unique_ptr<EditoreOspitato<ucDatiInventariali>> unita;
     EditoreRecord* editore = nullptr;
-    std::unique_ptr<HostEditore> ospite;
+    HostEditore* ospite = nullptr;
 };
 
 // The dialog seen through its controls.
