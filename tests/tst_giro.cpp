@@ -1,10 +1,11 @@
 // The tour: logged in on the demo archive, every entry of every menu is clicked in turn, as a
 // person would. Each main child window opens and closes the one before it, each tool of
-// "Strumenti" opens and is closed, each help entry hands its book to the desktop. In each main
-// child window every command button that is visible and enabled is pressed once in browse state,
-// on the nodes or rows that enable it; every window that opens is closed and every box is
-// answered with its default button. A press that does nothing a person can see, or that leaves
-// a box of an error, is reported; at the end the program is still usable.
+// "Strumenti" opens and is closed, each help entry hands its book (a PDF file of the program
+// folder) to the desktop. In each main child window, and in the dialogs that its buttons open,
+// every command button that is visible and enabled is pressed in browse state on the nodes or
+// rows that enable it; every window that opens is closed and every question is answered No. A
+// press that does nothing a person can see, or that leaves a box of an error, is reported; at
+// the end the program is still usable.
 
 #include "programma/Registro.h"
 #include "records/EditoreRecord.h"
@@ -35,6 +36,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QSet>
 #include <QTabWidget>
 #include <QTextEdit>
@@ -69,13 +71,14 @@ public:
 };
 
 // The tree or the list by whose nodes or rows a window is driven: the tree tvwDB, the list
-// lvwDB, or the list of one tab, lvwDB(n), not a list of the same name inside a record.
-bool DiNavigazione(const QWidget* w) {
+// lvwDB, or the list of one tab, lvwDB(n), not a list of the same name inside a record of the
+// window.
+bool DiNavigazione(const QWidget* w, const QWidget* finestra) {
     if (w->objectName() != QLatin1String("tvwDB") &&
         !w->objectName().startsWith(QLatin1String("lvwDB"))) {
         return false;
     }
-    for (const QObject* o = w->parent(); o != nullptr; o = o->parent()) {
+    for (const QObject* o = w->parent(); o != nullptr && o != finestra; o = o->parent()) {
         if (qobject_cast<const EditoreRecord*>(o) != nullptr) {
             return false;
         }
@@ -353,7 +356,7 @@ QList<QModelIndex> Nodi(const QAbstractItemModel* modello, const QModelIndex& pa
 QAbstractItemView* Navigazione(const QWidget* finestra) {
     const auto viste = finestra->findChildren<QAbstractItemView*>();
     for (QAbstractItemView* v : viste) {
-        if (DiNavigazione(v) && v->isVisible()) {
+        if (DiNavigazione(v, finestra) && v->isVisible()) {
             return v;
         }
     }
@@ -366,7 +369,7 @@ QTabWidget* SchedeNavigazione(const QWidget* finestra) {
     for (QTabWidget* s : schede) {
         const auto viste = s->findChildren<QAbstractItemView*>();
         for (const QAbstractItemView* v : viste) {
-            if (DiNavigazione(v)) {
+            if (DiNavigazione(v, finestra)) {
                 return s;
             }
         }
@@ -379,8 +382,8 @@ QTabWidget* SchedeNavigazione(const QWidget* finestra) {
 void SceglieRigheInterne(QWidget* finestra) {
     const auto viste = finestra->findChildren<QAbstractItemView*>();
     for (QAbstractItemView* v : viste) {
-        if (DiNavigazione(v) || !v->isVisible() || !v->isEnabled() || v->model() == nullptr ||
-            v->model()->rowCount() == 0 || v->currentIndex().isValid()) {
+        if (DiNavigazione(v, finestra) || !v->isVisible() || !v->isEnabled() ||
+            v->model() == nullptr || v->model()->rowCount() == 0 || v->currentIndex().isValid()) {
             continue;
         }
         const QModelIndex prima = v->model()->index(0, 0);
@@ -434,6 +437,7 @@ private:
     // dialog, pressed again on each node or row, since the dialog shows what that one has.
     std::map<QString, QSet<QString>> premutiPer;
     QSet<QString> apronoDialoghi;
+    QSet<QString> nonPremuti;
     bool bVisitaDialoghi = true;
 
     void PreparaCartella();
@@ -468,6 +472,7 @@ void TestGiro::init() {
     visitati.clear();
     premutiPer.clear();
     apronoDialoghi.clear();
+    nonPremuti.clear();
 }
 
 void TestGiro::cleanup() {
@@ -518,6 +523,11 @@ void TestGiro::PreparaCartella() {
         }
     }
     cartella->CopiaDalSito(nomi);
+    // The help books, as the build lays them out in its program folder.
+    for (const QString& libro :
+         QDir(QStringLiteral(TABELLION_SITO)).entryList({QStringLiteral("*.pdf")}, QDir::Files)) {
+        QFile::copy(QStringLiteral(TABELLION_SITO "/") + libro, cartella->File(libro));
+    }
     // The settings of a delivered site: images, backups, exchange folders and schema files in
     // the program folder, the database of the test.
     const QString sCartella = cartella->Percorso();
@@ -709,6 +719,13 @@ void TestGiro::VoceGuida(QAction* voce, const GuidaVoce& attesa) {
         guide.last().sPercorso != sAtteso) {
         Segnala(QStringLiteral("%1 did not hand %2 alone to the desktop: %3")
                     .arg(voce->objectName(), sAtteso, esito.Descrizione()));
+        return;
+    }
+    // The book handed is there, and it is a PDF file.
+    QFile libro(sAtteso);
+    if (!libro.open(QIODevice::ReadOnly) || !libro.read(5).startsWith("%PDF-")) {
+        Segnala(QStringLiteral("%1 handed %2, which is not a PDF book of the program folder")
+                    .arg(voce->objectName(), sAtteso));
     }
 }
 
@@ -722,7 +739,14 @@ bool TestGiro::Scegli(QAbstractItemView* vista, const QVariant& stazione) {
     const QModelIndex nodo = trovati.first();
     vista->scrollTo(nodo);
     QCoreApplication::processEvents();
-    const QRect rettangolo = vista->visualRect(nodo);
+    QRect rettangolo = vista->visualRect(nodo);
+    // A node past the right edge of a narrow tree is brought into sight with the scroll bar.
+    if (rettangolo.center().x() >= vista->viewport()->width()) {
+        QScrollBar* barra = vista->horizontalScrollBar();
+        barra->setValue(barra->value() + rettangolo.center().x() - vista->viewport()->width() / 2);
+        QCoreApplication::processEvents();
+        rettangolo = vista->visualRect(nodo);
+    }
     QTest::mouseClick(vista->viewport(), Qt::LeftButton, {}, rettangolo.center());
     QCoreApplication::processEvents();
     return vista->currentIndex() == nodo;
@@ -790,6 +814,14 @@ void TestGiro::GiroPulsanti(QWidget* finestra, bool bChiudeAllaFine) {
     if (vista != nullptr && !vista->isEnabled()) {
         Segnala(sFinestra + QStringLiteral(": its tree or list is left disabled"));
     }
+    // What the window has and the tour could not press (never enabled in browse state where it
+    // went), told in the diary.
+    const auto tutti = finestra->findChildren<QAbstractButton*>();
+    for (const QAbstractButton* p : tutti) {
+        if (p->objectName().startsWith(QLatin1String("cmd"))) {
+            nonPremuti.insert(sFinestra + u'/' + NomeDi(finestra, p));
+        }
+    }
     // Last, the buttons that may end the dialog, at the first meeting.
     if (!bChiudeAllaFine) {
         return;
@@ -797,6 +829,7 @@ void TestGiro::GiroPulsanti(QWidget* finestra, bool bChiudeAllaFine) {
     const auto pulsanti = finestra->findChildren<QAbstractButton*>();
     for (QAbstractButton* p : pulsanti) {
         if (Viva(guardata) && DiChiusura(p) && p->isVisible() && p->isEnabled()) {
+            premuti.insert(NomeDi(finestra, p));
             Premi(finestra, p, NomeDi(finestra, p));
         }
     }
@@ -1022,6 +1055,15 @@ void TestGiro::ilGiroDiMenuEPulsantiSulDemoNonTrovaVicoliCiechiNeErroriInattesi(
     QVERIFY(Scegli(albero, nodi.at(1).data(RuoloIdentita)));
 
     chiusori.clear();
+    QStringList mai;
+    for (const QString& sPulsante : std::as_const(nonPremuti)) {
+        const QString sFinestra = sPulsante.section(u'/', 0, 0);
+        if (!premutiPer[sFinestra].contains(sPulsante.section(u'/', 1))) {
+            mai.append(sPulsante);
+        }
+    }
+    mai.sort();
+    Annota(QStringLiteral("never enabled where the tour went: ") + mai.join(QStringLiteral(", ")));
     const QString sDiario = diario.join(u'\n');
     if (!problemi.isEmpty() && !qEnvironmentVariableIsSet("TABELLION_GIRO_DIARIO")) {
         qInfo().noquote() << sDiario;
