@@ -108,8 +108,8 @@ bool frmNuovoSigPg::bInit(int iScelta, long lIdInventario, long lIdElemento,
     lIdEleLink = lIdElemento;
     const bool bPergamene = iWhatICanSelect == SceltaPergamene;
     ImpostaTagScelto(bPergamene ? TagPergamena : TagSigillo);
-    cmdNuovaPG->setVisible(bPergamene);
-    cmdNuovoSG->setVisible(!bPergamene);
+    // The command of the other kind stays out of sight, also when an edit ends.
+    TieniNascosto(bPergamene ? cmdNuovoSG : cmdNuovaPG);
     setWindowTitle(bPergamene ? QStringLiteral("Selezione Pergamene")
                               : QStringLiteral("Selezione Sigilli staccati"));
     Label1->setText(bPergamene ? QStringLiteral("Sigillo selezionato")

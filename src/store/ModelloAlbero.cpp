@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
+#include <QSet>
 #include <algorithm>
 
 namespace {
@@ -466,6 +467,32 @@ void ModelloAlbero::InizioCaricamento() {
     }
     beginResetModel();
     bCaricamento = true;
+}
+
+void ModelloAlbero::AttesiSottoRadice() {
+    const QModelIndex radice = Radice();
+    if (!bCaricamento || attesi.isEmpty() || !radice.isValid()) {
+        return;
+    }
+    // A parent that waits itself comes with its own parent; the others never come.
+    QSet<qint64> figliInAttesa;
+    for (const QList<Attesa>& figli : std::as_const(attesi)) {
+        for (const Attesa& figlio : figli) {
+            figliInAttesa.insert(figlio.lId);
+        }
+    }
+    const qint64 lIdRadice = Id(radice);
+    QList<Attesa> orfani;
+    for (const qint64 padre : std::as_const(ordineAttesi)) {
+        if (!figliInAttesa.contains(padre)) {
+            orfani += attesi.take(padre);
+        }
+    }
+    if (orfani.isEmpty()) {
+        return;
+    }
+    attesi.insert(lIdRadice, orfani);
+    SistemaAttesi(lIdRadice);
 }
 
 void ModelloAlbero::VerificaAttesi() const {
@@ -955,6 +982,10 @@ void Carica(ModelloAlbero& modello, const Connessione& connessione,
         modello.AggiungiRadice(radice.lId, radice.sTesto, radice.sImmagine, radice.sTag);
         for (const GruppoAlbero& gruppo : gruppi) {
             CaricaGruppo(modello, connessione, gruppo);
+        }
+        if (std::any_of(gruppi.cbegin(), gruppi.cend(),
+                        [](const GruppoAlbero& gruppo) { return gruppo.bPadreAssenteERadice; })) {
+            modello.AttesiSottoRadice();
         }
         modello.VerificaAttesi();
         if (bSoggettiComplessi) {

@@ -115,6 +115,9 @@ public:
     // two calls a son whose parent has not come yet waits for it (keys from the ranges of two
     // sites need not ascend); one whose parent comes in no row of the load is an orphan.
     void InizioCaricamento();
+    // The sons still waiting for a parent that comes in no row of the load (an element of a
+    // kind the window leaves out) hang on the root, each with the sons that wait for it.
+    void AttesiSottoRadice();
     // Raises Errore for the first son still waiting, leaving the load open.
     void VerificaAttesi() const;
     // Ends the load (the view is told); the sons still waiting are dropped.
@@ -203,6 +206,9 @@ struct GruppoAlbero {
     // A Null parent means the root (the first group of a window); otherwise such a row has no
     // parent in the tree.
     bool bPadreNulloERadice = false;
+    // A row whose parent comes in no row of the load hangs on the root; otherwise the load
+    // stops with "Elemento non trovato".
+    bool bPadreAssenteERadice = false;
     // A count of the view (CD_NumeroInventari for complessi, INV_NumeroComplessi for inventari)
     // that gives "silink" when above 0; empty, every node has sImmagine.
     QString sColonnaLink;

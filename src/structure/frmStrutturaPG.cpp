@@ -108,6 +108,8 @@ GruppoAlbero frmStrutturaPG::Gruppo(long lIdInventarioRecord, long lModoFinestra
     }
     // A Null parent has no node here: the root is the finding aid, not "0 ID".
     gruppo.bPadreNulloERadice = false;
+    // The units are not in this tree: what lies in a unit hangs on the finding aid.
+    gruppo.bPadreAssenteERadice = true;
     return gruppo;
 }
 

@@ -1,0 +1,169 @@
+// The roads of the parchments and seals as a person walks them on an archive like the demo one,
+// on SQLite and on PostgreSQL: the Pergamene e sigilli window over a finding aid whose
+// parchments lie in its units, and the picker of parchments or seals, whose command of the
+// other kind stays out of sight after a record is made or an edit is given up.
+
+#include "links/frmNuovoSigPg.h"
+#include "programma/Registro.h"
+#include "records/ucPergamena.h"
+#include "session/Sessione.h"
+#include "store/Connessione.h"
+#include "store/ModelloAlbero.h"
+#include "structure/frmStrutturaPG.h"
+
+#include "AmbienteLink.h"
+#include "AmbienteStruttura.h"
+
+#include <QPushButton>
+#include <QTreeView>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+QVariant Id(qint64 lId) {
+    return QVariant::fromValue(static_cast<qlonglong>(lId));
+}
+
+// A finding aid whose parchments lie in a unit and in a unit of a unit, beside one that lies
+// under the finding aid itself; a parchment in a unit carries a seal.
+struct StrumentoConUnita {
+    Strumento s;
+    long busta = 0, fascicolo = 0;
+    long diretta = 0, nellaBusta = 0, nelFascicolo = 0, sigillo = 0, staccato = 0;
+
+    explicit StrumentoConUnita(AmbienteStruttura& a)
+        : s(CreaStrumento(a)) {
+        a.ListeInventarioAnalitico();
+        busta = a.Crea("07", QStringLiteral("Busta 1"), s.inv);
+        fascicolo = a.Crea("07", QStringLiteral("Fascicolo 2"), busta);
+        nellaBusta = a.Crea("05", QStringLiteral("Perg. nella busta"), busta);
+        nelFascicolo = a.Crea("05", QStringLiteral("Perg. nel fascicolo"), fascicolo);
+        diretta = a.Crea("05", QStringLiteral("Perg. diretta"), s.inv);
+        sigillo = a.Crea("06", QStringLiteral("Sigillo pendente"), nellaBusta);
+        staccato = a.Crea("06", QStringLiteral("Sigillo staccato"), busta);
+    }
+};
+
+// The window over that finding aid in that mode, made as the finding aids' popup makes it.
+std::unique_ptr<frmStrutturaPG> ApriPergameneESigilli(long inventario, long lModo) {
+    Sessione::lIdInventario = inventario;
+    Sessione::lModoStrutturaPG = lModo;
+    return std::make_unique<frmStrutturaPG>();
+}
+
+// A base finding aid with a parchment, under an institute, and a detached seal of another.
+struct DueBasi {
+    long pergamene = 0, pergamena = 0, sigilli = 0, sigillo = 0;
+
+    explicit DueBasi(const AmbienteLink& a) {
+        a.cartella.CopiaDalSito({QStringLiteral("LivelliINV.txt"),
+                                 QStringLiteral("TipologiaINV.txt"),
+                                 QStringLiteral("TipoInventario.txt")});
+        const long istituto = a.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
+        pergamene = a.Crea("03", QStringLiteral("Pergamene del capitolo"), istituto);
+        sigilli = a.Crea("03", QStringLiteral("Sigilli sciolti"), istituto);
+        for (const long inventario : {pergamene, sigilli}) {
+            a.Cnn().Esegui(
+                QStringLiteral("UPDATE Inventari SET Tipologia = '01' WHERE ID_Elemento = ?"),
+                {Id(inventario)});
+        }
+        pergamena = a.Crea("05", QStringLiteral("Pergamena 1"), pergamene);
+        sigillo = a.Crea("06", QStringLiteral("Sigillo del vescovo"), sigilli);
+    }
+};
+
+} // namespace
+
+class TestStradePergamene : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { RegistraFinestreProgramma(); }
+    void init() { Sessione::Azzera(); }
+    void cleanup() { Sessione::Azzera(); }
+
+    void lePergameneDiUnoStrumentoConUnitaSiVedonoSottoLoStrumentoInEntrambiIModi_data() {
+        AggiungiBackend();
+    }
+    void lePergameneDiUnoStrumentoConUnitaSiVedonoSottoLoStrumentoInEntrambiIModi();
+    void ilSelettoreTieneNascostoIlComandoDellAltroTipoDopoConfermaEAnnulla_data() {
+        AggiungiBackend();
+    }
+    void ilSelettoreTieneNascostoIlComandoDellAltroTipoDopoConfermaEAnnulla();
+};
+
+void TestStradePergamene::
+    lePergameneDiUnoStrumentoConUnitaSiVedonoSottoLoStrumentoInEntrambiIModi() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteStruttura a(backend);
+    const StrumentoConUnita u(a);
+
+    // The units are not in this window: what lies in them hangs on the finding aid, with
+    // its own seals under it, and no box stops the load.
+    auto pergamene = ApriPergameneESigilli(u.s.inv, 0);
+    QVERIFY(a.piattaforma.Messaggi().isEmpty());
+    pergamene->tvwDB->expandAll();
+    QCOMPARE(Albero(pergamene->Modello()), QStringLiteral("Carte Guinigi 03 nolink\n"
+                                                          "  Perg. diretta 05 pergamena\n"
+                                                          "  Perg. nel fascicolo 05 pergamena\n"
+                                                          "  Perg. nella busta 05 pergamena\n"
+                                                          "    Sigillo pendente 06 sigilli\n"
+                                                          "  Sigillo staccato 06 sigilli\n"));
+    // A parchment of a unit is shown and edited as any other.
+    pergamene->tvwDB->setCurrentIndex(pergamene->Modello().Trova(u.nelFascicolo));
+    QCOMPARE(pergamene->sTipo, QStringLiteral("pergamena"));
+    QVERIFY(pergamene->cmdModifica->isEnabled());
+
+    auto sigilli = ApriPergameneESigilli(u.s.inv, 1);
+    QVERIFY(a.piattaforma.Messaggi().isEmpty());
+    sigilli->tvwDB->expandAll();
+    QCOMPARE(Albero(sigilli->Modello()), QStringLiteral("Carte Guinigi 03 nolink\n"
+                                                        "  Perg. diretta 05 sigilli\n"
+                                                        "  Perg. nel fascicolo 05 sigilli\n"
+                                                        "  Perg. nella busta 05 sigilli\n"
+                                                        "    Sigillo pendente 06 sigilli\n"
+                                                        "  Sigillo staccato 06 sigilli\n"));
+}
+
+void TestStradePergamene::ilSelettoreTieneNascostoIlComandoDellAltroTipoDopoConfermaEAnnulla() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteLink a(backend);
+    const DueBasi b(a);
+
+    // Choosing parchments for a seal: a parchment made here leaves the seal's command hidden.
+    frmNuovoSigPg pergamene;
+    QVERIFY(pergamene.bInit(frmNuovoSigPg::SceltaPergamene, b.pergamene, b.sigillo, QString()));
+    QVERIFY(!pergamene.cmdNuovaPG->isHidden());
+    QVERIFY(pergamene.cmdNuovoSG->isHidden());
+    pergamene.SelezionaNodo(pergamene.Modello().Radice());
+    pergamene.cmdNuovaPG->click();
+    QCOMPARE(pergamene.sStato, QStringLiteral("nuovo"));
+    Compila(*pergamene.fraPergamena);
+    pergamene.cmdConferma->click();
+    QCOMPARE(pergamene.sStato, QStringLiteral("mostra"));
+    QVERIFY(!pergamene.cmdNuovaPG->isHidden());
+    QVERIFY(pergamene.cmdNuovoSG->isHidden());
+    QVERIFY(!pergamene.cmdModifica->isHidden());
+
+    // Choosing seals for a parchment: an edit given up leaves the parchment's command hidden.
+    frmNuovoSigPg sigilli;
+    QVERIFY(sigilli.bInit(frmNuovoSigPg::SceltaSigilli, b.sigilli, b.pergamena,
+                          QStringLiteral("Pergamena 1")));
+    QVERIFY(sigilli.cmdNuovaPG->isHidden());
+    QVERIFY(!sigilli.cmdNuovoSG->isHidden());
+    sigilli.SelezionaNodo(sigilli.Modello().Trova(b.sigillo));
+    QVERIFY(sigilli.cmdModifica->isEnabled());
+    sigilli.cmdModifica->click();
+    QCOMPARE(sigilli.sStato, QStringLiteral("modifica"));
+    sigilli.cmdAnnulla->click();
+    QCOMPARE(sigilli.sStato, QStringLiteral("mostra"));
+    QVERIFY(sigilli.cmdNuovaPG->isHidden());
+    QVERIFY(!sigilli.cmdNuovoSG->isHidden());
+}
+
+QTEST_MAIN(TestStradePergamene)
+#include "tst_stradepergamene.moc"
