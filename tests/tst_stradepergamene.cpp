@@ -1,11 +1,14 @@
 // The roads of the parchments and seals as a person walks them on an archive like the demo one,
 // on SQLite and on PostgreSQL: the Pergamene e sigilli window over a finding aid whose
-// parchments lie in its units, and the picker of parchments or seals, whose command of the
-// other kind stays out of sight after a record is made or an edit is given up.
+// parchments lie in its units, the choice of the finding aid whose boxes show whole names, and
+// the picker of parchments or seals, whose command of the other kind stays out of sight after a
+// record is made or an edit is given up.
 
 #include "links/frmNuovoSigPg.h"
+#include "links/frmSelInv.h"
 #include "programma/Registro.h"
 #include "records/ucPergamena.h"
+#include "session/Dialoghi.h"
 #include "session/Sessione.h"
 #include "store/Connessione.h"
 #include "store/ModelloAlbero.h"
@@ -13,7 +16,9 @@
 
 #include "AmbienteLink.h"
 #include "AmbienteStruttura.h"
+#include "Modali.h"
 
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTreeView>
 #include <QtTest>
@@ -92,6 +97,8 @@ private Q_SLOTS:
         AggiungiBackend();
     }
     void ilSelettoreTieneNascostoIlComandoDellAltroTipoDopoConfermaEAnnulla();
+    void laSceltaDelloStrumentoMostraINomiInteriNelleSueCaselle_data() { AggiungiBackend(); }
+    void laSceltaDelloStrumentoMostraINomiInteriNelleSueCaselle();
 };
 
 void TestStradePergamene::
@@ -163,6 +170,35 @@ void TestStradePergamene::ilSelettoreTieneNascostoIlComandoDellAltroTipoDopoConf
     QCOMPARE(sigilli.sStato, QStringLiteral("mostra"));
     QVERIFY(sigilli.cmdNuovaPG->isHidden());
     QVERIFY(!sigilli.cmdNuovoSG->isHidden());
+}
+
+void TestStradePergamene::laSceltaDelloStrumentoMostraINomiInteriNelleSueCaselle() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteLink a(backend);
+    const DueBasi b(a);
+    const QString sSigillo = QStringLiteral("Sigillo del capitolo di Altopascio");
+
+    // Opened by name from a seal's viewer, as the person meets it.
+    QStringList tagliate;
+    bool bAperta = false;
+    AlComparire(QStringLiteral("frmSelInv"), [&](QWidget* finestra) {
+        bAperta = true;
+        auto* scelta = static_cast<frmSelInv*>(finestra);
+        for (const QLineEdit* casella : scelta->Text1) {
+            const int iTesto = casella->fontMetrics().horizontalAdvance(casella->text());
+            if (casella->text().isEmpty() || casella->contentsRect().width() < iTesto + 8) {
+                tagliate << casella->text();
+            }
+        }
+        scelta->cmdAnnulla->click();
+    });
+    Dialoghi::Apri(QStringLiteral("frmSelInv"), nullptr,
+                   {{QStringLiteral("iMode"), 1},
+                    {QStringLiteral("lIdEleLink"), qlonglong(b.sigillo)},
+                    {QStringLiteral("sDescLink"), sSigillo}});
+    QVERIFY(bAperta);
+    QCOMPARE(tagliate, QStringList());
 }
 
 QTEST_MAIN(TestStradePergamene)

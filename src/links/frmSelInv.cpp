@@ -82,6 +82,8 @@ frmSelInv::frmSelInv(QWidget* genitore)
     principale->addLayout(caselle);
     principale->addWidget(lvwDB, 1);
     principale->addLayout(barra);
+    // Wide enough for the names of a seal, a parchment and a finding aid in their boxes.
+    resize(520, 360);
 }
 
 frmSelInv::~frmSelInv() {
