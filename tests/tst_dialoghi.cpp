@@ -25,8 +25,11 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <QtTest>
+#include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -173,6 +176,8 @@ private Q_SLOTS:
     void gliArgomentiArrivanoAlDialogoCheEModaleEPoiNonCEPiu();
     void unErroreNelFareIlDialogoArrivaAChiLoApre();
     void unSostitutoRegistratoPrimaDelProgrammaRestaERegistraSostituisce();
+    void unaFinestraSenzaDimensioneOspitataSiApreLargaQuantoLoSchermoConsente();
+    void unaFinestraConUnaDimensioneSuaLaDaAlDialogoCheLaOspita();
     void senzaVisoriIPulsantiDeiLegamiDelComplessoNonMostranoNulla_data() { AggiungiBackend(); }
     void senzaVisoriIPulsantiDeiLegamiDelComplessoNonMostranoNulla();
     void iPulsantiDeiLegamiDelComplessoApronoIVisoriConIValoriDellaSessione_data() {
@@ -283,6 +288,27 @@ void TestDialoghi::unErroreNelFareIlDialogoArrivaAChiLoApre() {
     QVERIFY(bPreso);
     QCOMPARE(Finestre(), prima);
     QVERIFY(QApplication::activeModalWidget() == nullptr);
+}
+
+void TestDialoghi::unaFinestraSenzaDimensioneOspitataSiApreLargaQuantoLoSchermoConsente() {
+    // A tree or a list beside an editor, left at its layout's size, would open cramped: the
+    // dialog takes 1000 by 680, or nine tenths of the screen where that is less.
+    auto* finestra = new QWidget;
+    finestra->setObjectName(QStringLiteral("frmProva"));
+    std::unique_ptr<QDialog> dialogo(Dialoghi::Ospita(finestra, nullptr));
+    QVERIFY(finestra->sizeHint().width() < 1000 && finestra->sizeHint().height() < 680);
+    const QSize schermo = dialogo->screen()->availableGeometry().size();
+    QCOMPARE(dialogo->width(), std::min(1000, schermo.width() * 9 / 10));
+    QCOMPARE(dialogo->height(), std::min(680, schermo.height() * 9 / 10));
+    QVERIFY(dialogo->width() > finestra->sizeHint().width());
+}
+
+void TestDialoghi::unaFinestraConUnaDimensioneSuaLaDaAlDialogoCheLaOspita() {
+    auto* finestra = new QWidget;
+    finestra->setObjectName(QStringLiteral("frmProva"));
+    finestra->resize(420, 300);
+    std::unique_ptr<QDialog> dialogo(Dialoghi::Ospita(finestra, nullptr));
+    QCOMPARE(dialogo->size(), QSize(420, 300));
 }
 
 void TestDialoghi::unSostitutoRegistratoPrimaDelProgrammaRestaERegistraSostituisce() {

@@ -4,6 +4,7 @@
 #include "SlotSpunte.h"
 #include "records/EditoreRecord.h"
 #include "records/FinestraElenco.h"
+#include "session/Dialoghi.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
 #include "session/Sessione.h"
@@ -94,6 +95,7 @@ DialogoSpunte::DialogoSpunte(const QString& sNome, const QString& sTitolo, QWidg
     principale->addLayout(corpo, 1);
     principale->addLayout(barra);
     cmdCollega->setEnabled(false);
+    Dialoghi::DimensioneComoda(this);
 }
 
 DialogoSpunte::~DialogoSpunte() = default;

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QPointer>
 #include <QScopeGuard>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace Dialoghi {
@@ -103,8 +104,18 @@ QDialog* Ospita(QWidget* finestra, QWidget* genitore) {
     finestra->show();
     if (bDimensionata) {
         dialogo->resize(dimensione);
+    } else {
+        DimensioneComoda(dialogo);
     }
     return dialogo;
+}
+
+void DimensioneComoda(QWidget* dialogo) {
+    QSize dimensione = dialogo->sizeHint().expandedTo(QSize(1000, 680));
+    if (const QScreen* schermo = dialogo->screen()) {
+        dimensione = dimensione.boundedTo(schermo->availableGeometry().size() * 9 / 10);
+    }
+    dialogo->resize(dimensione);
 }
 
 } // namespace Dialoghi

@@ -44,8 +44,14 @@ bool Apri(const QString& sNome, QWidget* genitore, const Argomenti& argomenti = 
 
 // Hosts a window in a modal dialog, child of genitore, which closes with it and takes its
 // caption; the dialog is named after the window followed by "Dialogo" and returned for its
-// exec(). A window given a size of its own gives it to the dialog.
+// exec(). A window given a size of its own gives it to the dialog; any other opens at
+// DimensioneComoda.
 QDialog* Ospita(QWidget* finestra, QWidget* genitore);
+
+// Sizes a dialog with a tree or a list beside a record's editor so that both read without
+// scrolling: at least 1000 by 680 pixels (its layout's own size when larger), never past nine
+// tenths of its screen.
+void DimensioneComoda(QWidget* dialogo);
 
 // The names of the two dynamic properties of going on.
 inline constexpr const char* ProprietaProsegui = "Prosegui";
