@@ -1,8 +1,8 @@
 // The roads of the parchments and seals as a person walks them on an archive like the demo one,
 // on SQLite and on PostgreSQL: the Pergamene e sigilli window over a finding aid whose
-// parchments lie in its units, the choice of the finding aid whose boxes show whole names, and
-// the picker of parchments or seals, whose command of the other kind stays out of sight after a
-// record is made or an edit is given up.
+// parchments lie in its units, the choice of the finding aid whose boxes show whole names, the
+// picker of parchments or seals, whose command of the other kind stays out of sight after a
+// record is made or an edit is given up, and the parchment's dates whole in a narrow pane.
 
 #include "links/frmNuovoSigPg.h"
 #include "links/frmSelInv.h"
@@ -99,6 +99,8 @@ private Q_SLOTS:
     void ilSelettoreTieneNascostoIlComandoDellAltroTipoDopoConfermaEAnnulla();
     void laSceltaDelloStrumentoMostraINomiInteriNelleSueCaselle_data() { AggiungiBackend(); }
     void laSceltaDelloStrumentoMostraINomiInteriNelleSueCaselle();
+    void leDateDellaPergamenaSiLeggonoInteraInUnRiquadroStretto_data() { AggiungiBackend(); }
+    void leDateDellaPergamenaSiLeggonoInteraInUnRiquadroStretto();
 };
 
 void TestStradePergamene::
@@ -199,6 +201,26 @@ void TestStradePergamene::laSceltaDelloStrumentoMostraINomiInteriNelleSueCaselle
                     {QStringLiteral("sDescLink"), sSigillo}});
     QVERIFY(bAperta);
     QCOMPARE(tagliate, QStringList());
+}
+
+void TestStradePergamene::leDateDellaPergamenaSiLeggonoInteraInUnRiquadroStretto() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    AmbienteLink a(backend);
+    const DueBasi b(a);
+
+    // As narrow as the parchment's pane of the picker at its size.
+    EditorePronto<ucPergamena> pergamena(b.pergamena);
+    pergamena.resize(340, 600);
+    pergamena.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&pergamena));
+    for (const char* nome : {"Text1(1)", "Text1(33)"}) {
+        auto* data = pergamena.findChild<QLineEdit*>(QLatin1String(nome));
+        QVERIFY(data != nullptr);
+        data->setText(QStringLiteral("20/11/1228"));
+        const int iTesto = data->fontMetrics().horizontalAdvance(data->text());
+        QVERIFY2(data->contentsRect().width() >= iTesto + 4, nome);
+    }
 }
 
 QTEST_MAIN(TestStradePergamene)

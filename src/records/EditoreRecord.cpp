@@ -22,6 +22,7 @@
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <QSqlQuery>
+#include <QStyle>
 #include <QTextCursor>
 #include <QTimer>
 #include <utility>
@@ -360,6 +361,12 @@ void EditoreRecord::RegistraPulsanteFiglio(QAbstractButton* pulsante) {
 
 void EditoreRecord::RegistraSoloLettura(QWidget* controllo) {
     soloLettura.append(controllo);
+}
+
+int EditoreRecord::LarghezzaPer(const QLineEdit* casella, const QString& sCampione) {
+    const int iCornice =
+        casella->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, casella);
+    return casella->fontMetrics().horizontalAdvance(sCampione) + 2 * (iCornice + 2);
 }
 
 QLineEdit* EditoreRecord::NuovoTesto(int indice, int iMax, const QString& sTag) {

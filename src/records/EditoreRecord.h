@@ -158,6 +158,8 @@ protected:
     static QString AnnoErrato(const QString& sTesto);
     // The check of a number box: "Numero errato" when the text is not empty and no number.
     static QString NumeroErrato(const QString& sTesto);
+    // The width of a text box that shows that sample whole (a date, a number of so many digits).
+    static int LarghezzaPer(const QLineEdit* casella, const QString& sCampione);
 
     // The controls in the order of the design.
     void Registra(QWidget* controllo);

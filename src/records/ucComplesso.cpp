@@ -22,7 +22,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSqlQuery>
-#include <QStyle>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -304,9 +303,7 @@ void ucComplesso::CostruisciForm() {
     testa->addWidget(txt28, 1, 1);
     testa->addWidget(d->lbCodice, 1, 2);
     testa->setColumnStretch(2, 1);
-    const int iCornice = txt28->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, txt28);
-    txt28->setFixedWidth(txt28->fontMetrics().horizontalAdvance(QStringLiteral("00000")) +
-                         2 * (iCornice + 2));
+    txt28->setFixedWidth(LarghezzaPer(txt28, QStringLiteral("00000")));
     colonna->addLayout(testa);
 
     d->SSTab1 = new QTabWidget(this);

@@ -242,6 +242,9 @@ ucPergamena::ucPergamena(QWidget* parent)
     auto* identificativi = new QWidget;
     QGridLayout* g1 = griglia(identificativi);
     metti(g1, lbl1, txt1, txt33);
+    // In a narrow pane the two dates still show whole.
+    for (QLineEdit* casellaData : {txt1, txt33})
+        casellaData->setMinimumWidth(LarghezzaPer(casellaData, QStringLiteral("00/00/0000")));
     metti(g1, lbl36, txt36);
     metti(g1, lbl2, txt2);
     metti(g1, lbl3, txt3);
