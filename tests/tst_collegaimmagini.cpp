@@ -28,6 +28,8 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QSqlQuery>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -269,6 +271,8 @@ private Q_SLOTS:
     void senzaLinkLaFinestraApreLaCartellaDelSitoConIPulsantiSpenti();
     void unDocumentoSceltoSiApreESiConfermaUnIntervalloDiPagine_data() { AggiungiBackend(); }
     void unDocumentoSceltoSiApreESiConfermaUnIntervalloDiPagine();
+    void iNomiLunghiDellePagineSiLeggonoInteriNelleListe_data() { AggiungiBackend(); }
+    void iNomiLunghiDellePagineSiLeggonoInteriNelleListe();
     void conUnSoloImgNonSiPuoConfermareUnIntervallo_data() { AggiungiBackend(); }
     void conUnSoloImgNonSiPuoConfermareUnIntervallo();
     void laPaginaFinaleSenzaQuellaInizialeChiedeDaPagina_data() { AggiungiBackend(); }
@@ -369,6 +373,30 @@ void TestCollegaImmagini::unDocumentoSceltoSiApreESiConfermaUnIntervalloDiPagine
     QCOMPARE(Sessione::iEsitoCollegaImmagini, 1);
     // The dialog itself writes nothing.
     QVERIFY(d.LinkPagine(lId).value(0).isNull());
+}
+
+void TestCollegaImmagini::iNomiLunghiDellePagineSiLeggonoInteriNelleListe() {
+    QFETCH(TipoBackend, backend);
+    RICHIEDI_BACKEND(backend);
+    Deposito d(backend);
+    // Pages named as the sheets of a cadastral map, like those of the demo archive.
+    DocumentoMag::Scrivi(
+        d.sSito + QStringLiteral("/mappe.xml"),
+        Mag({{QStringLiteral("2"), QStringLiteral("Foglio 2 - Quadro d'unione")},
+             {QStringLiteral("4"), QStringLiteral("Foglio 4 - Sezione B, Borgo «San Frediano»")}}));
+    Finestra f(d.Unita());
+    ApriDocumento(f, QStringLiteral("mappe.xml"));
+    Scegli(Da(f), 0);
+    Scegli(A(f), 0);
+    QTest::qWait(50);
+    for (const QComboBox* pagina : {Da(f), A(f)}) {
+        QStyleOptionComboBox opzione;
+        opzione.initFrom(pagina);
+        const QRect campo = pagina->style()->subControlRect(QStyle::CC_ComboBox, &opzione,
+                                                            QStyle::SC_ComboBoxEditField, pagina);
+        const int iTesto = pagina->fontMetrics().horizontalAdvance(pagina->currentText());
+        QVERIFY2(campo.width() >= iTesto, qPrintable(pagina->currentText()));
+    }
 }
 
 void TestCollegaImmagini::conUnSoloImgNonSiPuoConfermareUnIntervallo() {

@@ -21,6 +21,7 @@
 #include <QScreen>
 #include <QSqlQuery>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <exception>
 #include <functional>
 #include <limits>
@@ -66,6 +67,9 @@ void Gestisci(const QString& sTitolo, const std::function<void()>& azione) {
     }
 }
 
+// The least width of a page list.
+constexpr int LarghezzaPagine = 180;
+
 // A page list filled, with no page chosen afterwards, also when the filling fails midway.
 void Riempi(QComboBox* combo, const std::function<void()>& carica) {
     struct NessunaScelta {
@@ -73,6 +77,8 @@ void Riempi(QComboBox* combo, const std::function<void()>& carica) {
         ~NessunaScelta() { combo->setCurrentIndex(-1); }
     } nessuna{combo};
     carica();
+    // As wide as its longest page, so that the page chosen reads whole.
+    combo->setMinimumWidth(std::max(LarghezzaPagine, combo->sizeHint().width()));
 }
 
 void Scegli(QComboBox* combo, qint16 iPagina) {
@@ -140,8 +146,11 @@ frmCollegaImmagini::frmCollegaImmagini(QWidget* parent)
     lblA->setObjectName(QStringLiteral("lblAPagina"));
     cmbAPagina = new QComboBox(this);
     cmbAPagina->setObjectName(QStringLiteral("cmbAPagina"));
-    for (QComboBox* combo : {cmbDaPagina, cmbAPagina})
-        combo->setMinimumWidth(180);
+    // The page lists widen to their longest name when they are filled (Riempi).
+    for (QComboBox* combo : {cmbDaPagina, cmbAPagina}) {
+        combo->setMinimumWidth(LarghezzaPagine);
+        combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    }
     cmdConferma = new QPushButton(QStringLiteral("Conferma"), this);
     cmdConferma->setObjectName(QStringLiteral("cmdConferma"));
     cmdCancella = new QPushButton(QStringLiteral("Cancella"), this);
