@@ -22,6 +22,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QDir>
 #include <QFile>
@@ -144,10 +145,12 @@ const char* const PulsantiAlterni[] = {"cmdSposta"};
 
 // Buttons that may end their dialog, pressed after all the others: a viewer gives way to its
 // picker (cmdNuovoCol; the seal's viewer of parchments stays, under its picker), a picker is
-// given up (cmdAnnullaCol), a dialog is left (cmdEsci). Any other button of a dialog may close
-// it too (a picker's cmdCollega writes and ends it); the buttons it did not reach are pressed
-// when the dialog is met again. A main child window is never closed by its own buttons.
-const char* const PulsantiDiChiusura[] = {"cmdNuovoCol", "cmdAnnullaCol", "cmdEsci"};
+// given up (cmdAnnullaCol), a dialog is left (cmdEsci, or cmdAnnulla where it is at hand in
+// browse state; in the windows it only gives up an edit, and the tour presses it for that). Any
+// other button of a dialog may close it too (a picker's cmdCollega writes and ends it); the buttons
+// it did not reach are pressed when the dialog is met again. A main child window is never closed by
+// its own buttons.
+const char* const PulsantiDiChiusura[] = {"cmdNuovoCol", "cmdAnnullaCol", "cmdEsci", "cmdAnnulla"};
 
 bool InElenco(const QAbstractButton* pulsante, const char* const* inizio, const char* const* fine) {
     for (const char* const* nome = inizio; nome != fine; ++nome) {
@@ -168,6 +171,7 @@ struct Esito {
     QList<Messaggio> messaggi; // boxes of the seam
     QStringList altreChiamate; // popups, file and folder choices, help, processes
     QStringList nuoveFinestre; // windows that came up not modally
+    QStringList vociMenu;      // the entries of the last popup offered
     bool bCambiata = false;    // the window changed in a way a person sees
     bool bModifica = false;    // the window went editing, and Annulla brought it back
     bool bChiusa = false;      // the window went
@@ -392,6 +396,21 @@ void SceglieRigheInterne(QWidget* finestra) {
     }
 }
 
+// A folder with all it holds, copied.
+void CopiaAlbero(const QString& sOrigine, const QString& sDestinazione) {
+    QDir().mkpath(sDestinazione);
+    const QDir origine(sOrigine);
+    for (const QFileInfo& voce :
+         origine.entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QString sArrivo = QDir(sDestinazione).filePath(voce.fileName());
+        if (voce.isDir()) {
+            CopiaAlbero(voce.filePath(), sArrivo);
+        } else {
+            QFile::copy(voce.filePath(), sArrivo);
+        }
+    }
+}
+
 } // namespace
 
 class TestGiro : public QObject {
@@ -456,7 +475,13 @@ private:
     void PremiVisibili(QWidget* finestra, QAbstractItemView* vista, const QVariant& stazione,
                        QSet<QString>& premuti, QSet<QString>& premutiQui);
     bool Scegli(QAbstractItemView* vista, const QVariant& stazione);
-    void Premi(QWidget* finestra, QAbstractButton* pulsante, const QString& sNome);
+    // A left click on a button, a right click on a button that has a popup of its own, or a
+    // right click on a node of a tree that has one.
+    enum class Clic { Sinistro, Destro, DestroSuNodo };
+    // The popup that the press offers is answered with the entry iVoce; at the first press each
+    // other entry is taken by a press of its own.
+    void Premi(QWidget* finestra, QWidget* pulsante, const QString& sNome,
+               Clic clic = Clic::Sinistro, const QPoint& punto = QPoint(5, 5), int iVoce = 1);
     void Segnala(const QString& sProblema);
 };
 
@@ -523,6 +548,9 @@ void TestGiro::PreparaCartella() {
         }
     }
     cartella->CopiaDalSito(nomi);
+    // The demo's image repository, as the site is delivered.
+    CopiaAlbero(QStringLiteral(TABELLION_SORGENTI "/site/demo/Immagini"),
+                cartella->File(QStringLiteral("Immagini")));
     // The help books, as the build lays them out in its program folder.
     for (const QString& libro :
          QDir(QStringLiteral(TABELLION_SITO)).entryList({QStringLiteral("*.pdf")}, QDir::Files)) {
@@ -606,6 +634,7 @@ Esito TestGiro::Osserva(QWidget* finestra, const std::function<void()>& azione) 
             esito.messaggi.append(c.messaggio);
         } else if (c.sTipo == QLatin1String("menu")) {
             esito.altreChiamate.append(QStringLiteral("popup [%1]").arg(c.voci.join(u',')));
+            esito.vociMenu = c.voci;
         } else if (c.sTipo == QLatin1String("guida")) {
             esito.altreChiamate.append(QStringLiteral("help ") + c.sPercorso);
         } else if (c.sTipo == QLatin1String("file")) {
@@ -757,6 +786,11 @@ void TestGiro::GiroPulsanti(QWidget* finestra, bool bChiudeAllaFine) {
     const QString sFinestra = finestra->objectName();
     QSet<QString>& premuti = premutiPer[sFinestra];
     Annota(QStringLiteral(" buttons of ") + sFinestra);
+    // A dialog whose Annulla is at hand from the start is not editing when it stays so.
+    const auto* annullaIniziale =
+        finestra->findChild<QAbstractButton*>(QStringLiteral("cmdAnnulla"));
+    const bool bAnnullaIniziale =
+        annullaIniziale != nullptr && annullaIniziale->isVisible() && annullaIniziale->isEnabled();
     QTabWidget* schede = SchedeNavigazione(finestra);
     const int iSchede = schede != nullptr ? schede->count() : 1;
     for (int s = 0; s < iSchede && Viva(guardata); ++s) {
@@ -807,7 +841,7 @@ void TestGiro::GiroPulsanti(QWidget* finestra, bool bChiudeAllaFine) {
     }
     // Back in browse state, usable.
     auto* annulla = finestra->findChild<QAbstractButton*>(QStringLiteral("cmdAnnulla"));
-    if (annulla != nullptr && annulla->isVisible() && annulla->isEnabled()) {
+    if (annulla != nullptr && annulla->isVisible() && annulla->isEnabled() && !bAnnullaIniziale) {
         Segnala(sFinestra + QStringLiteral(" did not come back to browse state"));
     }
     QAbstractItemView* vista = Navigazione(finestra);
@@ -840,6 +874,18 @@ void TestGiro::PremiAllaStazione(QWidget* finestra, QAbstractItemView* vista,
     QPointer<QWidget> guardata(finestra);
     QSet<QString> premutiQui;
     PremiVisibili(finestra, vista, stazione, premuti, premutiQui);
+    // The popup of the tree, once for each kind of node.
+    if (Viva(guardata) && vista != nullptr && vista->isEnabled() &&
+        vista->contextMenuPolicy() == Qt::CustomContextMenu && vista->currentIndex().isValid()) {
+        const QString sNome =
+            QStringLiteral("%1 (right click on a node of kind %2)")
+                .arg(vista->objectName(), vista->currentIndex().data(RuoloGenere).toString());
+        if (!premuti.contains(sNome)) {
+            premuti.insert(sNome);
+            Premi(finestra, vista->viewport(), sNome, Clic::DestroSuNodo,
+                  vista->visualRect(vista->currentIndex()).center());
+        }
+    }
     // The pages of the editors' tabs, each in turn, then the first one again.
     if (!Viva(guardata)) {
         return;
@@ -905,21 +951,32 @@ void TestGiro::PremiVisibili(QWidget* finestra, QAbstractItemView* vista, const 
             Scegli(vista, stazione);
         }
         SceglieRigheInterne(finestra);
+        QPointer<QAbstractButton> premuto(prossimo);
         Premi(finestra, prossimo, sNome);
+        // Its own popup, where it has one.
+        if (Viva(guardata) && premuto && premuto->isVisible() && premuto->isEnabled() &&
+            premuto->contextMenuPolicy() == Qt::CustomContextMenu) {
+            Premi(finestra, premuto, sNome + QStringLiteral(" (right click)"), Clic::Destro);
+        }
     }
 }
 
-void TestGiro::Premi(QWidget* finestra, QAbstractButton* pulsante, const QString& sNome) {
+void TestGiro::Premi(QWidget* finestra, QWidget* pulsante, const QString& sNome, Clic clic,
+                     const QPoint& punto, int iVoce) {
     const QString sFinestra = finestra->objectName();
     QPointer<QWidget> guardata(finestra);
     auto* annulla = finestra->findChild<QAbstractButton*>(QStringLiteral("cmdAnnulla"));
     const bool bAnnullaPrima = annulla != nullptr && annulla->isVisible() && annulla->isEnabled();
-    // A popup's first entry is taken, so that what it starts is seen too.
-    seam->scelteMenu = {1};
-    QPointer<QAbstractButton> premuto(pulsante);
-    Esito esito = Osserva(finestra, [premuto] {
-        if (premuto) {
+    // A popup's entry is taken, so that what it starts is seen too.
+    seam->scelteMenu = {iVoce};
+    QPointer<QWidget> premuto(pulsante);
+    Esito esito = Osserva(finestra, [premuto, clic, punto] {
+        if (premuto && clic == Clic::Sinistro) {
             QTest::mouseClick(premuto, Qt::LeftButton);
+        } else if (premuto) {
+            // The right button: the request of the widget's own popup.
+            QContextMenuEvent evento(QContextMenuEvent::Mouse, punto, premuto->mapToGlobal(punto));
+            QApplication::sendEvent(premuto, &evento);
         }
     });
     seam->scelteMenu.clear();
@@ -932,8 +989,9 @@ void TestGiro::Premi(QWidget* finestra, QAbstractButton* pulsante, const QString
         esito.dialoghi += ritorno.dialoghi;
         esito.fuoriSeam += ritorno.fuoriSeam;
     }
-    const bool bAlterno =
-        premuto && InElenco(premuto, std::begin(PulsantiAlterni), std::end(PulsantiAlterni));
+    const auto* comando = qobject_cast<const QAbstractButton*>(premuto.data());
+    const bool bAlterno = clic == Clic::Sinistro && comando != nullptr &&
+                          InElenco(comando, std::begin(PulsantiAlterni), std::end(PulsantiAlterni));
     if (bAlterno && Viva(guardata) && premuto) {
         const Esito ritorno =
             Osserva(finestra, [premuto] { QTest::mouseClick(premuto, Qt::LeftButton); });
@@ -946,7 +1004,8 @@ void TestGiro::Premi(QWidget* finestra, QAbstractButton* pulsante, const QString
     if (!esito.dialoghi.isEmpty()) {
         apronoDialoghi.insert(sFinestra + u'/' + sNome);
     }
-    if (esito.Nulla()) {
+    // A right click on a tree offers a popup on some kinds of node only.
+    if (esito.Nulla() && clic != Clic::DestroSuNodo) {
         Segnala(QStringLiteral("%1: %2 does nothing").arg(sFinestra, sNome));
     }
     for (const Messaggio& m : esito.messaggi) {
@@ -964,6 +1023,15 @@ void TestGiro::Premi(QWidget* finestra, QAbstractButton* pulsante, const QString
     }
     if (esito.bChiusa && chiusore().iLivello == 0) {
         Segnala(QStringLiteral("%1: %2 closed the window").arg(sFinestra, sNome));
+    }
+    // The other entries of the popup, each by a press of its own on the same place.
+    for (int i = 2; iVoce == 1 && i <= esito.vociMenu.size(); ++i) {
+        if (!Viva(guardata) || !premuto || !premuto->isVisible() || !premuto->isEnabled()) {
+            break;
+        }
+        Premi(finestra, premuto,
+              QStringLiteral("%1 [%2]").arg(sNome, esito.vociMenu[i - 1].trimmed()), clic, punto,
+              i);
     }
 }
 
