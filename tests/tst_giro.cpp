@@ -874,13 +874,15 @@ void TestGiro::PremiAllaStazione(QWidget* finestra, QAbstractItemView* vista,
     QPointer<QWidget> guardata(finestra);
     QSet<QString> premutiQui;
     PremiVisibili(finestra, vista, stazione, premuti, premutiQui);
-    // The popup of the tree, once for each kind of node.
+    // The popup of the tree, once for each kind of node; on each node of its kind when it opens
+    // a dialog, as the buttons that do.
     if (Viva(guardata) && vista != nullptr && vista->isEnabled() &&
         vista->contextMenuPolicy() == Qt::CustomContextMenu && vista->currentIndex().isValid()) {
         const QString sNome =
             QStringLiteral("%1 (right click on a node of kind %2)")
                 .arg(vista->objectName(), vista->currentIndex().data(RuoloGenere).toString());
-        if (!premuti.contains(sNome)) {
+        if (!premuti.contains(sNome) ||
+            apronoDialoghi.contains(finestra->objectName() + u'/' + sNome)) {
             premuti.insert(sNome);
             Premi(finestra, vista->viewport(), sNome, Clic::DestroSuNodo,
                   vista->visualRect(vista->currentIndex()).center());
