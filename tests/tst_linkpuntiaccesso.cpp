@@ -22,6 +22,7 @@
 #include "store/IdentitaSito.h"
 
 #include "AmbienteLink.h"
+#include "AmbienteSulBackend.h"
 #include "Modali.h"
 
 #include <QAbstractButton>
@@ -163,9 +164,7 @@ private Q_SLOTS:
 };
 
 void TestLinkPuntiAccesso::ilDialogoDellePersoneHaUnaListaSenzaSchedeConILegatiSpuntati() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     a.Antroponimo(QStringLiteral("Ubaldo "));
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
@@ -220,9 +219,7 @@ void TestLinkPuntiAccesso::ilDialogoDellePersoneHaUnaListaSenzaSchedeConILegatiS
 }
 
 void TestLinkPuntiAccesso::leEtichetteSeguonoIlChiamanteDiOgnunoDeiTre() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     a.Antroponimo(QStringLiteral("Ubaldo"));
     a.Toponimo(QStringLiteral("Lucca"));
@@ -265,9 +262,7 @@ void TestLinkPuntiAccesso::leEtichetteSeguonoIlChiamanteDiOgnunoDeiTre() {
 }
 
 void TestLinkPuntiAccesso::unLuogoLegatoSiContaSpuntatoSiaPerLaPergamenaSiaPerLUnita() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     const long lucca = a.Toponimo(QStringLiteral("Lucca"));
     const long pisa = a.Toponimo(QStringLiteral("Pisa"));
@@ -286,9 +281,7 @@ void TestLinkPuntiAccesso::unLuogoLegatoSiContaSpuntatoSiaPerLaPergamenaSiaPerLU
 }
 
 void TestLinkPuntiAccesso::unaPersonaLegataDueVolteAllaStessaPergamenaEUnaSolaVoceSpuntata() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
     a.Antroponimo(QStringLiteral("Ubaldo"));
@@ -304,9 +297,7 @@ void TestLinkPuntiAccesso::unaPersonaLegataDueVolteAllaStessaPergamenaEUnaSolaVo
 }
 
 void TestLinkPuntiAccesso::tornareSenzaSpunteNonScriveNulla() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     a.Antroponimo(QStringLiteral("Ubaldo"));
     a.Toponimo(QStringLiteral("Lucca"));
@@ -340,9 +331,7 @@ void TestLinkPuntiAccesso::tornareSenzaSpunteNonScriveNulla() {
 }
 
 void TestLinkPuntiAccesso::collegaScriveSoloILegamiMancantiConLeChiaviNelRangeDelSito() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     ScriviIdentita(a.Cnn(), {QStringLiteral("ASLU"), QString(), 700000, 799999});
     const long ubaldo = a.Antroponimo(QStringLiteral("Ubaldo"));
@@ -401,9 +390,7 @@ void TestLinkPuntiAccesso::collegaScriveSoloILegamiMancantiConLeChiaviNelRangeDe
 }
 
 void TestLinkPuntiAccesso::unaPersonaSiLegaDallaPergamenaPrendeIlRuoloESiScioglie() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     a.Antroponimo(QStringLiteral("Ubaldo"));
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
@@ -440,9 +427,7 @@ void TestLinkPuntiAccesso::unaPersonaSiLegaDallaPergamenaPrendeIlRuoloESiSciogli
 }
 
 void TestLinkPuntiAccesso::unLuogoSiLegaDallaPergamenaESiScioglie() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     const long lucca = a.Toponimo(QStringLiteral("Lucca"));
     a.Toponimo(QStringLiteral("Pisa"));
@@ -469,9 +454,7 @@ void TestLinkPuntiAccesso::unLuogoSiLegaDallaPergamenaESiScioglie() {
 }
 
 void TestLinkPuntiAccesso::personeELuoghiSiLeganoDallUnitaESiSciolgono() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     const long guido = a.Antroponimo(QStringLiteral("Guido"));
     const long pescia = a.Toponimo(QStringLiteral("Pescia"));
@@ -514,9 +497,7 @@ void TestLinkPuntiAccesso::personeELuoghiSiLeganoDallUnitaESiSciolgono() {
 }
 
 void TestLinkPuntiAccesso::unTitolareSiLegaDalSigilloPrendeIlRuoloESiScioglie() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     const long capitolo = a.Titolare(QStringLiteral("Capitolo"));
     EditorePronto<ucSigillo> editore(o.sigillo);
@@ -556,9 +537,7 @@ void TestLinkPuntiAccesso::unTitolareSiLegaDalSigilloPrendeIlRuoloESiScioglie() 
 }
 
 void TestLinkPuntiAccesso::unRuoloDi33CaratteriVieneRiportatoA32() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
     EditorePronto<ucPergamena> editore(o.pergamena);
@@ -579,9 +558,7 @@ void TestLinkPuntiAccesso::unRuoloDi33CaratteriVieneRiportatoA32() {
 }
 
 void TestLinkPuntiAccesso::unaPersonaFattaSulPostoSiLegaNelloStessoPasso() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     ScriviIdentita(a.Cnn(), {QStringLiteral("ASLU"), QString(), 700000, 799999});
     const long ubaldo = a.Antroponimo(QStringLiteral("Ubaldo"));
@@ -619,9 +596,7 @@ void TestLinkPuntiAccesso::unaPersonaFattaSulPostoSiLegaNelloStessoPasso() {
 }
 
 void TestLinkPuntiAccesso::unaVoceCancellataNelFrattempoDaErroreO1ENessunLegame() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     a.Titolare(QStringLiteral("Capitolo"));
     const long vescovo = a.Titolare(QStringLiteral("Vescovo"));
@@ -657,9 +632,7 @@ void TestLinkPuntiAccesso::unaVoceCancellataNelFrattempoDaErroreO1ENessunLegame(
 }
 
 void TestLinkPuntiAccesso::unaVoceLegataNelFrattempoNonSiRaddoppiaENonDaErrore() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     const long rolando = a.Antroponimo(QStringLiteral("Rolando"));
     const long lucca = a.Toponimo(QStringLiteral("Lucca"));
@@ -685,9 +658,7 @@ void TestLinkPuntiAccesso::unaVoceLegataNelFrattempoNonSiRaddoppiaENonDaErrore()
 }
 
 void TestLinkPuntiAccesso::nomiConApostrofiVirgoletteEAccentiSiMostranoESiLegano() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     const QString nome = QStringLiteral("Niccolò d'Àrezzo detto \"il Pìo\"");
     const long id = a.Titolare(nome);
@@ -707,9 +678,7 @@ void TestLinkPuntiAccesso::nomiConApostrofiVirgoletteEAccentiSiMostranoESiLegano
 }
 
 void TestLinkPuntiAccesso::unaListaVuotaEUnNuovoTitolareAnnullatoNonScrivonoNulla() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     Servi(o.idSigillo, 0);
     auto d = Apri("frmLinkTitolari");
@@ -733,9 +702,7 @@ void TestLinkPuntiAccesso::unaListaVuotaEUnNuovoTitolareAnnullatoNonScrivonoNull
 }
 
 void TestLinkPuntiAccesso::chiudereIlDialogoAzzeraIlFlagDellaFinestra() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const Oggetti o = a.NuoviOggetti();
     const struct {
         const char* dialogo;
