@@ -19,6 +19,7 @@
 #include "store/ModelloAlbero.h"
 
 #include "AmbienteStruttura.h"
+#include "AmbienteSulBackend.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -168,9 +169,7 @@ private Q_SLOTS:
 };
 
 void TestNuovoVersamento::spuntareUnSecondoComplessoTogliLaSpuntaAlPrimo() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoPer(ar);
     frmNuovoVersamento f;
@@ -194,9 +193,7 @@ void TestNuovoVersamento::spuntareUnSecondoComplessoTogliLaSpuntaAlPrimo() {
 }
 
 void TestNuovoVersamento::unIstitutoSpuntatoTornaSenzaSpuntaELaSceltaResta() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoPer(ar);
     frmNuovoVersamento f;
@@ -210,9 +207,7 @@ void TestNuovoVersamento::unIstitutoSpuntatoTornaSenzaSpuntaELaSceltaResta() {
 }
 
 void TestNuovoVersamento::conLaRigaVuotaCollegaSiFermaAlPrimoCampoObbligatorioPrimaDellAlbero() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoPer(ar);
     InDialogo d;
@@ -239,9 +234,7 @@ void TestNuovoVersamento::conLaRigaVuotaCollegaSiFermaAlPrimoCampoObbligatorioPr
 }
 
 void TestNuovoVersamento::senzaComplessoSceltoIlBoxChiedeDiSceglierlo() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoPer(ar);
     InDialogo d;
@@ -266,9 +259,7 @@ void TestNuovoVersamento::senzaComplessoSceltoIlBoxChiedeDiSceglierlo() {
 }
 
 void TestNuovoVersamento::unaRigaNuovaSiApreSullIstitutoDellAtto() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     // An act of the second institute.
     const long lVersamento2 = a.Crea("04", QStringLiteral("01/02/2025 - 3"), ar.ist2);
@@ -295,9 +286,7 @@ void TestNuovoVersamento::unaRigaNuovaSiApreSullIstitutoDellAtto() {
 }
 
 void TestNuovoVersamento::unaRigaSalvataSiRiapreColComplessoSpuntatoELAlberoApertoFinoALui() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoPer(ar);
     {
@@ -349,9 +338,7 @@ void TestNuovoVersamento::unaRigaSalvataSiRiapreColComplessoSpuntatoELAlberoAper
 }
 
 void TestNuovoVersamento::unaRigaPassaAUnAltroComplesso() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoPer(ar);
     {
@@ -376,9 +363,7 @@ void TestNuovoVersamento::unaRigaPassaAUnAltroComplesso() {
 }
 
 void TestNuovoVersamento::unComplessoFattoSulPostoSiSceglieESiSalvaConLaRiga() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoPer(ar);
     InDialogo d;
@@ -412,9 +397,7 @@ void TestNuovoVersamento::unComplessoFattoSulPostoSiSceglieESiSalvaConLaRiga() {
 }
 
 void TestNuovoVersamento::lIdDellaRigaArrivaSoloSeIlSalvataggioRiesce() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoPer(ar);
     InDialogo d;
@@ -443,9 +426,7 @@ void TestNuovoVersamento::lIdDellaRigaArrivaSoloSeIlSalvataggioRiesce() {
 }
 
 void TestNuovoVersamento::unComplessoCancellatoNelFrattempoDaUnBoxENessunaMezzaRiga() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoPer(ar);
     {
@@ -491,9 +472,7 @@ void TestNuovoVersamento::unComplessoCancellatoNelFrattempoDaUnBoxENessunaMezzaR
 }
 
 void TestNuovoVersamento::unAttoCancellatoNelFrattempoNonPrendeRighe() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoPer(ar);
     InDialogo d;
@@ -507,9 +486,7 @@ void TestNuovoVersamento::unAttoCancellatoNelFrattempoNonPrendeRighe() {
 }
 
 void TestNuovoVersamento::annullaOEscNonScrivonoNullaESvuotanoIlFlagDegliStrumenti() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoPer(ar);
     Sessione::bFrmStrutturaINAperto = true;
@@ -537,9 +514,7 @@ void TestNuovoVersamento::annullaOEscNonScrivonoNullaESvuotanoIlFlagDegliStrumen
 }
 
 void TestNuovoVersamento::apertoPerNomeEModaleConLeSueDidascalie() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     RegistraFinestreProgramma();
     ApertoPer(ar);
