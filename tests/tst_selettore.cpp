@@ -20,6 +20,7 @@
 #include "store/ModelloAlbero.h"
 
 #include "AmbienteStruttura.h"
+#include "AmbienteSulBackend.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -189,9 +190,7 @@ private Q_SLOTS:
 };
 
 void TestSelettore::unIstitutoSpuntatoTornaSubitoSenzaSpuntaENonCambiaINomi() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoDa(1, ar.inv, QStringLiteral("Inventario dei notai"));
     frmNuovoComplesso f;
@@ -211,9 +210,7 @@ void TestSelettore::unIstitutoSpuntatoTornaSubitoSenzaSpuntaENonCambiaINomi() {
 }
 
 void TestSelettore::iNomiSceltiSeguonoLeSpunteNellOrdineDellAlbero() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoDa(1, ar.inv, QStringLiteral("Inventario dei notai"));
     frmNuovoComplesso f;
@@ -233,9 +230,7 @@ void TestSelettore::iNomiSceltiSeguonoLeSpunteNellOrdineDellAlbero() {
 }
 
 void TestSelettore::toltaLUnicaSpuntaCollegaSiSpegne() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoDa(1, ar.inv, QStringLiteral("Inventario dei notai"));
     frmNuovoComplesso f;
@@ -250,9 +245,7 @@ void TestSelettore::toltaLUnicaSpuntaCollegaSiSpegne() {
 }
 
 void TestSelettore::collegaScriveUnaRigaDiLinksPerOgniComplessoSpuntato() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoDa(1, ar.inv, QStringLiteral("Inventario dei notai"));
     InDialogo<frmNuovoComplesso> d;
@@ -272,9 +265,7 @@ void TestSelettore::collegaScriveUnaRigaDiLinksPerOgniComplessoSpuntato() {
 }
 
 void TestSelettore::unLegameCheCEGiaNonAggiungeRigheELasciaLEsitoAZero() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     a.Lega(ar.alfa, ar.inv);
     ApertoDa(2, ar.inv, QStringLiteral("Inventario dei notai"));
@@ -290,9 +281,7 @@ void TestSelettore::unLegameCheCEGiaNonAggiungeRigheELasciaLEsitoAZero() {
 }
 
 void TestSelettore::perUnUnitaUnSoloComplessoSpuntatoVaNellaSuaRiga() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoDa(4, ar.unita, QStringLiteral("Busta 1"));
     InDialogo<frmNuovoComplesso> d;
@@ -312,9 +301,7 @@ void TestSelettore::perUnUnitaUnSoloComplessoSpuntatoVaNellaSuaRiga() {
 }
 
 void TestSelettore::perUnUnitaSiContanoIPostiNonGliSpuntati() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoDa(4, ar.unita, QStringLiteral("Busta 1"));
     InDialogo<frmNuovoComplesso> d;
@@ -339,9 +326,7 @@ void TestSelettore::perUnUnitaSiContanoIPostiNonGliSpuntati() {
 }
 
 void TestSelettore::leEtichetteDeiQuattroChiamanti() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     const QStringList etichette{QStringLiteral("Strumento di ricerca selezionato"),
                                 QStringLiteral("Pergamena selezionata"),
@@ -364,9 +349,7 @@ void TestSelettore::leEtichetteDeiQuattroChiamanti() {
 }
 
 void TestSelettore::unComplessoCancellatoNelFrattempoDaErroreN2ENessunLegame() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoDa(1, ar.inv, QStringLiteral("Inventario dei notai"));
     InDialogo<frmNuovoComplesso> d;
@@ -391,9 +374,7 @@ void TestSelettore::unComplessoCancellatoNelFrattempoDaErroreN2ENessunLegame() {
 }
 
 void TestSelettore::laSchedaInManoCancellataNelFrattempoNonLasciaMezziLegami() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     const long lInv = a.Crea("03", QStringLiteral("Inventario delle gabelle"), ar.ist);
     {
@@ -427,9 +408,7 @@ void TestSelettore::laSchedaInManoCancellataNelFrattempoNonLasciaMezziLegami() {
 }
 
 void TestSelettore::unSelettoreAbbandonatoAMetaNonScriveNulla() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoDa(1, ar.inv, QStringLiteral("Inventario dei notai"));
     Sessione::bFrmStrutturaINAperto = true;
@@ -463,9 +442,7 @@ void TestSelettore::unSelettoreAbbandonatoAMetaNonScriveNulla() {
 }
 
 void TestSelettore::leImmaginiDeiProduttoriEUnLoroErroreDaErroreT5() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     a.Lega(ar.alfa, ar.inv);
     const QVariant soggetto =
@@ -495,9 +472,7 @@ void TestSelettore::leImmaginiDeiProduttoriEUnLoroErroreDaErroreT5() {
 }
 
 void TestSelettore::laBarraSpaziatriceSulNodoLoSpunta() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoDa(1, ar.inv, QStringLiteral("Inventario dei notai"));
     InDialogo<frmNuovoComplesso> d;
@@ -513,9 +488,7 @@ void TestSelettore::laBarraSpaziatriceSulNodoLoSpunta() {
 }
 
 void TestSelettore::unComplessoFattoNelSelettoreSottoUnComplessoSiSpuntaESiLega() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoDa(2, ar.inv, QStringLiteral("Inventario dei notai"));
     InDialogo<frmNuovoComplesso> d;
@@ -556,9 +529,7 @@ void TestSelettore::unComplessoFattoNelSelettoreSottoUnComplessoSiSpuntaESiLega(
 }
 
 void TestSelettore::ilComplessoNelSelettoreNascondeIPulsantiDeiLegami() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ApertoDa(1, ar.inv, QStringLiteral("Inventario dei notai"));
     InDialogo<frmNuovoComplesso> d;
@@ -576,9 +547,7 @@ void TestSelettore::ilComplessoNelSelettoreNascondeIPulsantiDeiLegami() {
 }
 
 void TestSelettore::gliStrumentiDiRicercaHannoLeCaselleScambiate() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ComplessoInMano(ar.alfa, QStringLiteral("Fondo Alfa"));
     frmNuovoInventario f;
@@ -596,9 +565,7 @@ void TestSelettore::gliStrumentiDiRicercaHannoLeCaselleScambiate() {
 }
 
 void TestSelettore::unIstitutoSpuntatoTraGliStrumentiTornaSubitoSenzaSpunta() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ComplessoInMano(ar.alfa, QStringLiteral("Fondo Alfa"));
     frmNuovoInventario f;
@@ -611,9 +578,7 @@ void TestSelettore::unIstitutoSpuntatoTraGliStrumentiTornaSubitoSenzaSpunta() {
 }
 
 void TestSelettore::legareDueVolteLoStessoStrumentoAggiungeUnaRiga() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     for (int iVolta = 0; iVolta < 2; ++iVolta) {
         ComplessoInMano(ar.alfa, QStringLiteral("Fondo Alfa"));
@@ -629,9 +594,7 @@ void TestSelettore::legareDueVolteLoStessoStrumentoAggiungeUnaRiga() {
 }
 
 void TestSelettore::unoStrumentoFattoNelSelettoreSiSpuntaESiLega() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     ComplessoInMano(ar.alfa, QStringLiteral("Fondo Alfa"));
     InDialogo<frmNuovoInventario> d;
@@ -665,9 +628,7 @@ void TestSelettore::unoStrumentoFattoNelSelettoreSiSpuntaESiLega() {
 }
 
 void TestSelettore::nellaSceltaUnicaUnaSecondaSpuntaTogliELaPrima() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     InDialogo<SelettoreUnico> d;
     SelettoreUnico& f = *d.f;
@@ -703,9 +664,7 @@ void TestSelettore::nellaSceltaUnicaUnaSecondaSpuntaTogliELaPrima() {
 }
 
 void TestSelettore::nellaSceltaUnicaTogliereLaSpuntaLasciaSenzaScelta() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     SelettoreUnico f;
 
@@ -721,9 +680,7 @@ void TestSelettore::nellaSceltaUnicaTogliereLaSpuntaLasciaSenzaScelta() {
 }
 
 void TestSelettore::nellaSceltaUnicaUnIstitutoSpuntatoNonCambiaLaScelta() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     SelettoreUnico f;
 
@@ -739,9 +696,7 @@ void TestSelettore::nellaSceltaUnicaUnIstitutoSpuntatoNonCambiaLaScelta() {
 }
 
 void TestSelettore::unComplessoSceltoDalProgrammaApreLAlberoFinoALui() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     const long lSerie = a.Crea("02", QStringLiteral("Serie dei rogiti"), ar.alfa);
     const long lFascicoli = a.Crea("02", QStringLiteral("Fascicoli"), lSerie);
@@ -772,9 +727,7 @@ void TestSelettore::unComplessoSceltoDalProgrammaApreLAlberoFinoALui() {
 }
 
 void TestSelettore::apertiPerNomeINomiSceltiCambianoSoloConLeSpunte() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const Archivio ar(a);
     RegistraFinestreProgramma();
     ApertoDa(3, ar.inv, QStringLiteral("Inventario dei notai"));
