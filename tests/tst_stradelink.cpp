@@ -24,6 +24,7 @@
 
 #include "AmbienteLink.h"
 #include "AmbienteStruttura.h"
+#include "AmbienteSulBackend.h"
 #include "DialogoSostituto.h"
 #include "Modali.h"
 
@@ -47,6 +48,18 @@ namespace {
 qlonglong L(qint64 valore) {
     return static_cast<qlonglong>(valore);
 }
+
+// An institute with a fondo and a finding aid under it, made in this order.
+struct Archivio {
+    long ist;
+    long fondo;
+    long inventario;
+
+    explicit Archivio(const AmbienteStruttura& a)
+        : ist(a.Crea("01", QStringLiteral("Archivio")))
+        , fondo(a.Crea("02", QStringLiteral("Fondo"), ist))
+        , inventario(a.Crea("03", QStringLiteral("Inventario"), ist)) {}
+};
 
 void ScegliNodo(FinestraStruttura& f, qint64 lId) {
     const QModelIndex nodo = f.Modello().Trova(lId);
@@ -199,12 +212,8 @@ private Q_SLOTS:
 };
 
 void TestStradeLink::ilPrimoStrumentoDiRicercaDelComplessoAccendeIlNodoSenzaRicaricare() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
-    const long ist = a.Crea("01", QStringLiteral("Archivio"));
-    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
-    const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
+    const auto [ist, fondo, inventario] = Archivio(a);
     auto principale = a.AvviaPrincipale();
     QVERIFY(principale);
     QPointer<frmStrutturaCD> f = DalMenu<frmStrutturaCD>(*principale, "mnuComplessiDoc");
@@ -245,9 +254,7 @@ void TestStradeLink::ilPrimoStrumentoDiRicercaDelComplessoAccendeIlNodoSenzaRica
 }
 
 void TestStradeLink::unSelettoreAbbandonatoTornaAUnVisualizzatoreNuovoSenzaScrivere() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     const long ist = a.Crea("01", QStringLiteral("Archivio"));
     const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
     const long primo = a.Crea("03", QStringLiteral("Inventario primo"), ist);
@@ -290,12 +297,8 @@ void TestStradeLink::unSelettoreAbbandonatoTornaAUnVisualizzatoreNuovoSenzaScriv
 }
 
 void TestStradeLink::unLegameGiaPresenteNonAggiungeNullaENonDiceNulla() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
-    const long ist = a.Crea("01", QStringLiteral("Archivio"));
-    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
-    const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
+    const auto [ist, fondo, inventario] = Archivio(a);
     frmStrutturaCD f;
     ScegliNodo(f, fondo);
     a.piattaforma.Svuota();
@@ -320,12 +323,8 @@ void TestStradeLink::unLegameGiaPresenteNonAggiungeNullaENonDiceNulla() {
 }
 
 void TestStradeLink::unoStrumentoDiRicercaLegatoAUnComplessoDalMenu() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
-    const long ist = a.Crea("01", QStringLiteral("Archivio"));
-    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
-    const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
+    const auto [ist, fondo, inventario] = Archivio(a);
     auto principale = a.AvviaPrincipale();
     QVERIFY(principale);
     QPointer<frmStrutturaIN> f = DalMenu<frmStrutturaIN>(*principale, "mnuInventari");
@@ -388,13 +387,9 @@ void TestStradeLink::unoStrumentoDiRicercaLegatoAUnComplessoDalMenu() {
 }
 
 void TestStradeLink::unProduttoreLegatoAlComplessoCambiaLImmagineDelNodo() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     a.cartella.CopiaDalSito({QStringLiteral("ProfiliEnti.txt")});
-    const long ist = a.Crea("01", QStringLiteral("Archivio"));
-    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
-    const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
+    const auto [ist, fondo, inventario] = Archivio(a);
     a.Lega(fondo, inventario);
     const qint64 famiglia = Soggetto(a, QStringLiteral("Guinigi"), "F");
     auto principale = a.AvviaPrincipale();
@@ -473,13 +468,9 @@ void TestStradeLink::unProduttoreLegatoAlComplessoCambiaLImmagineDelNodo() {
 }
 
 void TestStradeLink::unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnalitico() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     a.ListeInventarioAnalitico();
-    const long ist = a.Crea("01", QStringLiteral("Archivio"));
-    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
-    const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
+    const auto [ist, fondo, inventario] = Archivio(a);
     const long unita = a.Crea("07", QStringLiteral("Busta"), inventario);
     a.cartella.CopiaDalSito({QStringLiteral("ProfiliEnti.txt")});
     a.Lega(fondo, inventario);
@@ -552,13 +543,9 @@ void TestStradeLink::unProduttoreEUnComplessoLegatiAllUnitaDellInventarioAnaliti
 }
 
 void TestStradeLink::unaPergamenaLegataAUnComplessoEVistaDalComplesso() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     a.ListeInventarioAnalitico();
-    const long ist = a.Crea("01", QStringLiteral("Archivio"));
-    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
-    const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
+    const auto [ist, fondo, inventario] = Archivio(a);
     const long pergamena = a.Crea("05", QStringLiteral("Pergamena"), inventario);
     a.cnn().Esegui(QStringLiteral("UPDATE Pergamene SET Segnatura = ? WHERE ID_Elemento = ?"),
                    {QStringLiteral("Perg. 1"), L(pergamena)});
@@ -619,13 +606,9 @@ void TestStradeLink::unaPergamenaLegataAUnComplessoEVistaDalComplesso() {
 }
 
 void TestStradeLink::dallInventarioAnaliticoIlPrimoComplessoAccendeLaRadice() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteStruttura a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteStruttura, a);
     a.ListeInventarioAnalitico();
-    const long ist = a.Crea("01", QStringLiteral("Archivio"));
-    const long fondo = a.Crea("02", QStringLiteral("Fondo"), ist);
-    const long inventario = a.Crea("03", QStringLiteral("Inventario"), ist);
+    const auto [ist, fondo, inventario] = Archivio(a);
     const long unita = a.Crea("07", QStringLiteral("Busta"), inventario);
     Sessione::lIdInventario = inventario;
     frmStrutturaDI f;
@@ -658,9 +641,7 @@ void TestStradeLink::dallInventarioAnaliticoIlPrimoComplessoAccendeLaRadice() {
 }
 
 void TestStradeLink::ogniVisualizzatorePassaAlSuoDialogoIlBloccoDeiNomiScelti() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    AmbienteLink a(backend);
+    AMBIENTE_SUL_BACKEND(AmbienteLink, a);
     const long istituto = a.CreaIstituto(QStringLiteral("Istituto"), QStringLiteral("01"));
     const long fondo = a.Crea("02", QStringLiteral("Fondo"), istituto);
     const long inventario = a.Crea("03", QStringLiteral("Inventario"), istituto);
