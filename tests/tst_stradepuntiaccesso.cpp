@@ -20,6 +20,7 @@
 #include "store/Connessione.h"
 
 #include "AmbienteLink.h"
+#include "AmbienteSulBackend.h"
 #include "Modali.h"
 
 #include <QAbstractButton>
@@ -135,13 +136,33 @@ void Guarda(Ambiente& a, const QString& sViewer, QAbstractButton* pulsante, Vist
     pulsante->click();
 }
 
-// The entry deleted from its window after the question.
-void Cancella(Ambiente& a, FinestraPuntoAccesso& f, const QString& sNome) {
+// The rows of a table whose column holds the entry's key.
+qint64 RigheDellaVoce(const Ambiente& a, const char* tabella, const char* colonna, qint64 lId) {
+    return a.Conta(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE %2 = ?")
+                       .arg(QLatin1String(tabella), QLatin1String(colonna)),
+                   {L(lId)});
+}
+
+// The tie at that text untied in the entry's own viewer: the viewer came up and the table of the
+// ties keeps no row of the entry.
+void SciogliNelVisualizzatore(Ambiente& a, const QString& sViewer, QAbstractButton* pulsante,
+                              const QString& sVoce, const char* tabella, const char* colonna,
+                              qint64 lId) {
+    Vista sciolta;
+    Guarda(a, sViewer, pulsante, sciolta, sVoce);
+    QVERIFY(sciolta.bAperto);
+    QCOMPARE(RigheDellaVoce(a, tabella, colonna, lId), 0);
+}
+
+// The entry deleted from its window after the question: gone from the window and from its table.
+void Cancella(Ambiente& a, FinestraPuntoAccesso& f, const QString& sNome, const char* tabella,
+              const char* colonna, qint64 lId) {
     f.SelezionaRiga(Riga(f, sNome));
     QVERIFY(f.cmdCancella->isEnabled());
     a.seam.risposte = {Risposta::Si};
     f.cmdCancella->click();
     QCOMPARE(Riga(f, sNome), -1);
+    QCOMPARE(RigheDellaVoce(a, tabella, colonna, lId), 0);
 }
 
 const char* const PGAntALL =
@@ -182,9 +203,7 @@ private Q_SLOTS:
 
 void TestStradePuntiAccesso::
     unaPersonaFattaInPersoneSiLegaDallaPergamenaSiVedeSiSciogliESiCancella() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    Ambiente a(backend);
+    AMBIENTE_SUL_BACKEND(Ambiente, a);
     QVERIFY(a.bAperta);
     const Oggetti o = a.NuoviOggetti();
     const QString sNome = QStringLiteral("Gherardo \"il Vècchio\" d'Àngelo");
@@ -235,28 +254,19 @@ void TestStradePuntiAccesso::
     QCOMPARE(Sessione::sDenomSoggetto, sNome);
 
     // 4. Untied in the entry's own viewer; the window opened again lets it go.
-    Vista sciolta;
-    Guarda(a, QStringLiteral("frmMostraLinkAntALL"), f->cmdMostraLinks[0], sciolta, attesi[0]);
-    QVERIFY(sciolta.bAperto);
-    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi WHERE ID_Antroponimo = ?"),
-                     {L(lId)}),
-             0);
+    SciogliNelVisualizzatore(a, QStringLiteral("frmMostraLinkAntALL"), f->cmdMostraLinks[0],
+                             attesi[0], "PGAntroponimi", "ID_Antroponimo", lId);
     f = Riapri(a, f, "mnuAntroponimi", "frmAntroponimi");
     QVERIFY(f);
     f->SelezionaRiga(Riga(*f, sNome));
     QVERIFY(!f->cmdMostraLinks[0]->isEnabled());
-    Cancella(a, *f, sNome);
-    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM Antroponimi WHERE ID_Antroponimo = ?"),
-                     {L(lId)}),
-             0);
+    Cancella(a, *f, sNome, "Antroponimi", "ID_Antroponimo", lId);
     QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi"), {}), 0);
 }
 
 void TestStradePuntiAccesso::
     unLuogoLegatoAPergamenaEUnitaSiVedeNeiDueElenchiSiSciogliESiCancella() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    Ambiente a(backend);
+    AMBIENTE_SUL_BACKEND(Ambiente, a);
     QVERIFY(a.bAperta);
     const Oggetti o = a.NuoviOggetti();
     const QString sNome = QStringLiteral("Sant'Àngelo \"in Campo\"");
@@ -342,26 +352,16 @@ void TestStradePuntiAccesso::
     f->SelezionaRiga(Riga(*f, sNome));
     QVERIFY(!f->cmdMostraLinks[0]->isEnabled());
     QVERIFY(!f->cmdCancella->isEnabled());
-    Vista sciolta;
-    Guarda(a, QStringLiteral("frmMostraLinkTopALL"), f->cmdMostraLinks[1], sciolta,
-           unitaViste.testi[0]);
-    QVERIFY(sciolta.bAperto);
-    QCOMPARE(
-        a.Conta(QStringLiteral("SELECT COUNT(*) FROM DIToponimi WHERE ID_Toponimo = ?"), {L(lId)}),
-        0);
+    SciogliNelVisualizzatore(a, QStringLiteral("frmMostraLinkTopALL"), f->cmdMostraLinks[1],
+                             unitaViste.testi[0], "DIToponimi", "ID_Toponimo", lId);
 
     f = Riapri(a, f, "mnuToponimi", "frmToponimi");
     QVERIFY(f);
-    Cancella(a, *f, sNome);
-    QCOMPARE(
-        a.Conta(QStringLiteral("SELECT COUNT(*) FROM Toponimi WHERE ID_Toponimo = ?"), {L(lId)}),
-        0);
+    Cancella(a, *f, sNome, "Toponimi", "ID_Toponimo", lId);
 }
 
 void TestStradePuntiAccesso::unTitolareLegatoAlSigilloConRuoloSiVedeSiSciogliESiCancella() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    Ambiente a(backend);
+    AMBIENTE_SUL_BACKEND(Ambiente, a);
     QVERIFY(a.bAperta);
     const Oggetti o = a.NuoviOggetti();
     const QString sNome = QStringLiteral("Capitolo di San Martino \"Maggiore\" d'Ìsola");
@@ -400,24 +400,15 @@ void TestStradePuntiAccesso::unTitolareLegatoAlSigilloConRuoloSiVedeSiSciogliESi
     QCOMPARE(vista.testi, attesi);
     QCOMPARE(vista.chiavi, chiavi);
 
-    Vista sciolta;
-    Guarda(a, QStringLiteral("frmMostraLinkTitSG"), f->cmdMostraLinks[0], sciolta, attesi[0]);
-    QVERIFY(sciolta.bAperto);
-    QCOMPARE(
-        a.Conta(QStringLiteral("SELECT COUNT(*) FROM SGTitolari WHERE ID_Titolare = ?"), {L(lId)}),
-        0);
+    SciogliNelVisualizzatore(a, QStringLiteral("frmMostraLinkTitSG"), f->cmdMostraLinks[0],
+                             attesi[0], "SGTitolari", "ID_Titolare", lId);
     f = Riapri(a, f, "mnuTitolari", "frmTitolari");
     QVERIFY(f);
-    Cancella(a, *f, sNome);
-    QCOMPARE(
-        a.Conta(QStringLiteral("SELECT COUNT(*) FROM Titolari WHERE ID_Titolare = ?"), {L(lId)}),
-        0);
+    Cancella(a, *f, sNome, "Titolari", "ID_Titolare", lId);
 }
 
 void TestStradePuntiAccesso::unaPersonaFattaNelDialogoSiVedePoiInPersoneLegata() {
-    QFETCH(TipoBackend, backend);
-    RICHIEDI_BACKEND(backend);
-    Ambiente a(backend);
+    AMBIENTE_SUL_BACKEND(Ambiente, a);
     QVERIFY(a.bAperta);
     const Oggetti o = a.NuoviOggetti();
     a.Antroponimo(QStringLiteral("Ubaldo"));
