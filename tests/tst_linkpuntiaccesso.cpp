@@ -116,6 +116,17 @@ void SciogliLaPrimaAllApertura(const QString& sVisualizzatore) {
     });
 }
 
+// The first tie deleted in the viewer the record's button opens: the count of its rows falls to
+// nothing and the button goes off.
+void SciogliDalRecord(const AmbienteLink& a, QAbstractButton* pulsante,
+                      const QString& sVisualizzatore, const QString& sConta,
+                      std::initializer_list<QVariant> valori) {
+    SciogliLaPrimaAllApertura(sVisualizzatore);
+    pulsante->click();
+    QCOMPARE(a.Conta(sConta, valori), 0);
+    QVERIFY2(!PulsanteAcceso(pulsante), qPrintable(pulsante->objectName()));
+}
+
 } // namespace
 
 class TestLinkPuntiAccesso : public QObject {
@@ -420,10 +431,8 @@ void TestLinkPuntiAccesso::unaPersonaSiLegaDallaPergamenaPrendeIlRuoloESiSciogli
 
     // Untied in the viewer.
     a.seam.risposte = {Risposta::Si};
-    SciogliLaPrimaAllApertura(QStringLiteral("frmMostraLinkAnt"));
-    pulsante->click();
-    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi"), {}), 0);
-    QVERIFY(!PulsanteAcceso(pulsante));
+    SciogliDalRecord(a, pulsante, QStringLiteral("frmMostraLinkAnt"),
+                     QStringLiteral("SELECT COUNT(*) FROM PGAntroponimi"), {});
 }
 
 void TestLinkPuntiAccesso::unLuogoSiLegaDallaPergamenaESiScioglie() {
@@ -447,10 +456,8 @@ void TestLinkPuntiAccesso::unLuogoSiLegaDallaPergamenaESiScioglie() {
                      {L(o.idPergamena), L(lucca)}),
              1);
     QVERIFY(PulsanteAcceso(pulsante));
-    SciogliLaPrimaAllApertura(QStringLiteral("frmMostraLinkTopo"));
-    pulsante->click();
-    QCOMPARE(a.Conta(QStringLiteral("SELECT COUNT(*) FROM PGToponimi"), {}), 0);
-    QVERIFY(!PulsanteAcceso(pulsante));
+    SciogliDalRecord(a, pulsante, QStringLiteral("frmMostraLinkTopo"),
+                     QStringLiteral("SELECT COUNT(*) FROM PGToponimi"), {});
 }
 
 void TestLinkPuntiAccesso::personeELuoghiSiLeganoDallUnitaESiSciolgono() {
@@ -489,10 +496,8 @@ void TestLinkPuntiAccesso::personeELuoghiSiLeganoDallUnitaESiSciolgono() {
         QVERIFY2(PulsanteAcceso(pulsante), caso.pulsante);
 
         a.seam.risposte = {Risposta::Si};
-        SciogliLaPrimaAllApertura(QLatin1String(caso.visualizzatore));
-        pulsante->click();
-        QCOMPARE(a.Conta(sql, {L(o.idUnita), L(caso.id)}), 0);
-        QVERIFY2(!PulsanteAcceso(pulsante), caso.pulsante);
+        SciogliDalRecord(a, pulsante, QLatin1String(caso.visualizzatore), sql,
+                         {L(o.idUnita), L(caso.id)});
     }
 }
 
