@@ -61,6 +61,15 @@ struct Archivio {
         , inventario(a.Crea("03", QStringLiteral("Inventario"), ist)) {}
 };
 
+// The rows of Links that tie the element to the linked one.
+int RigheDiLinks(const AmbienteStruttura& a, qint64 lElemento, qint64 lLegato) {
+    return a
+        .Valore(QStringLiteral(
+                    "SELECT COUNT(*) FROM Links WHERE ID_Elemento = ? AND ID_ElementoLink = ?"),
+                {L(lElemento), L(lLegato)})
+        .toInt();
+}
+
 void ScegliNodo(FinestraStruttura& f, qint64 lId) {
     const QModelIndex nodo = f.Modello().Trova(lId);
     QVERIFY(nodo.isValid());
@@ -231,11 +240,7 @@ void TestStradeLink::ilPrimoStrumentoDiRicercaDelComplessoAccendeIlNodoSenzaRica
     QVERIFY(strada.bSceltiBloccati);
     QVERIFY(strada.bViewerDiNuovo);
     QCOMPARE(strada.chiaviDopo, QList<qint64>{inventario});
-    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Links WHERE ID_Elemento = ? AND "
-                                     "ID_ElementoLink = ?"),
-                      {L(fondo), L(inventario)})
-                 .toInt(),
-             1);
+    QCOMPARE(RigheDiLinks(a, fondo, inventario), 1);
     QCOMPARE(Sessione::iEsitoLinkInv, 1);
     QCOMPARE(Immagine(*f, fondo), QStringLiteral("silink"));
     QCOMPARE(f->Modello().Nodi(), iNodi);
@@ -341,11 +346,7 @@ void TestStradeLink::unoStrumentoDiRicercaLegatoAUnComplessoDalMenu() {
     QVERIFY(strada.bSelettore);
     QVERIFY(strada.bSceltiBloccati);
     QCOMPARE(strada.chiaviDopo, QList<qint64>{fondo});
-    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Links WHERE ID_Elemento = ? AND "
-                                     "ID_ElementoLink = ?"),
-                      {L(fondo), L(inventario)})
-                 .toInt(),
-             1);
+    QCOMPARE(RigheDiLinks(a, fondo, inventario), 1);
     QCOMPARE(Sessione::iEsitoLinkCD, 1);
     QCOMPARE(Immagine(*f, inventario), QStringLiteral("silink"));
     QCOMPARE(f->Modello().Id(f->tvwDB->currentIndex()), qint64(inventario));
@@ -572,11 +573,7 @@ void TestStradeLink::unaPergamenaLegataAUnComplessoEVistaDalComplesso() {
         QVERIFY(strada.bSelettore);
         QVERIFY(strada.bSceltiBloccati);
         QCOMPARE(strada.chiaviDopo, QList<qint64>{fondo});
-        QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Links WHERE ID_Elemento = ? AND "
-                                         "ID_ElementoLink = ?"),
-                          {L(fondo), L(pergamena)})
-                     .toInt(),
-                 1);
+        QCOMPARE(RigheDiLinks(a, fondo, pergamena), 1);
         QCOMPARE(Sessione::iEsitoLinkCD, 1);
         QCOMPARE(stato.count(), 1);
         QVERIFY(PulsanteAcceso(complessi));
@@ -630,11 +627,7 @@ void TestStradeLink::dallInventarioAnaliticoIlPrimoComplessoAccendeLaRadice() {
     QVERIFY(strada.bSceltiBloccati);
     QCOMPARE(sEtichetta, QStringLiteral("Inventario base selezionato"));
     QCOMPARE(strada.chiaviDopo, QList<qint64>{fondo});
-    QCOMPARE(a.Valore(QStringLiteral("SELECT COUNT(*) FROM Links WHERE ID_Elemento = ? AND "
-                                     "ID_ElementoLink = ?"),
-                      {L(fondo), L(inventario)})
-                 .toInt(),
-             1);
+    QCOMPARE(RigheDiLinks(a, fondo, inventario), 1);
     QCOMPARE(Sessione::iEsitoLinkCD, 1);
     QCOMPARE(Immagine(f, inventario), QStringLiteral("silink"));
     QCOMPARE(f.Modello().Id(f.tvwDB->currentIndex()), qint64(inventario));
