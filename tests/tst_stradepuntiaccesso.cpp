@@ -98,6 +98,20 @@ int Riga(const FinestraPuntoAccesso& f, const QString& sNome) {
     return -1;
 }
 
+// An entry made in its window and read back by its key from its table's column of names; its key
+// in lId.
+void FaiVoce(const Ambiente& a, FinestraPuntoAccesso& f, const QString& sNome, const char* tabella,
+             const char* colonnaNome, const char* chiave, qint64& lId) {
+    lId = NuovaVoce(f, sNome);
+    QVERIFY(lId > 0);
+    QCOMPARE(a.Valore(QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?")
+                          .arg(QLatin1String(colonnaNome), QLatin1String(tabella),
+                               QLatin1String(chiave)),
+                      {L(lId)})
+                 .toString(),
+             sNome);
+}
+
 // The window closed and opened again from the menu.
 QPointer<FinestraPuntoAccesso> Riapri(const Ambiente& a, QPointer<FinestraPuntoAccesso> f,
                                       const char* sVoce, const char* sNome) {
@@ -211,12 +225,8 @@ void TestStradePuntiAccesso::
     // 1. Made in "Persone".
     QPointer<FinestraPuntoAccesso> f = a.Finestra("mnuAntroponimi", "frmAntroponimi");
     QVERIFY(f);
-    const qint64 lId = NuovaVoce(*f, sNome);
-    QVERIFY(lId > 0);
-    QCOMPARE(
-        a.Valore(QStringLiteral("SELECT Nome FROM Antroponimi WHERE ID_Antroponimo = ?"), {L(lId)})
-            .toString(),
-        sNome);
+    qint64 lId = 0;
+    FaiVoce(a, *f, sNome, "Antroponimi", "Nome", "ID_Antroponimo", lId);
     QVERIFY(!f->cmdMostraLinks[0]->isEnabled());
     QVERIFY(f->cmdCancella->isEnabled());
 
@@ -273,12 +283,8 @@ void TestStradePuntiAccesso::
 
     QPointer<FinestraPuntoAccesso> f = a.Finestra("mnuToponimi", "frmToponimi");
     QVERIFY(f);
-    const qint64 lId = NuovaVoce(*f, sNome);
-    QVERIFY(lId > 0);
-    QCOMPARE(a.Valore(QStringLiteral("SELECT Denominazione FROM Toponimi WHERE ID_Toponimo = ?"),
-                      {L(lId)})
-                 .toString(),
-             sNome);
+    qint64 lId = 0;
+    FaiVoce(a, *f, sNome, "Toponimi", "Denominazione", "ID_Toponimo", lId);
 
     // Tied from the parchment and from the unit.
     EditorePronto<ucPergamena> pergamena(o.pergamena);
@@ -368,11 +374,8 @@ void TestStradePuntiAccesso::unTitolareLegatoAlSigilloConRuoloSiVedeSiSciogliESi
 
     QPointer<FinestraPuntoAccesso> f = a.Finestra("mnuTitolari", "frmTitolari");
     QVERIFY(f);
-    const qint64 lId = NuovaVoce(*f, sNome);
-    QVERIFY(lId > 0);
-    QCOMPARE(a.Valore(QStringLiteral("SELECT Nome FROM Titolari WHERE ID_Titolare = ?"), {L(lId)})
-                 .toString(),
-             sNome);
+    qint64 lId = 0;
+    FaiVoce(a, *f, sNome, "Titolari", "Nome", "ID_Titolare", lId);
 
     EditorePronto<ucSigillo> sigillo(o.sigillo);
     StradaPuntoAccesso strada;
