@@ -366,7 +366,7 @@ ucPergamena::ucPergamena(QWidget* parent)
 
     // Numbers and dates are checked when their box is left.
     for (int n : {26, 27})
-        ControllaAllUscita(Testo(n), &ucPergamena::ControllaNumero);
+        ControllaAllUscita(Testo(n), &EditoreRecord::NumeroErrato);
     for (int n : {1, 33})
         ControllaAllUscita(Testo(n), &EditoreRecord::DataErrata);
 
@@ -778,10 +778,4 @@ void ucPergamena::cmdMostraSigilli_Click() {
         {QStringLiteral("sDenominazione"), LeggiDenominazione()},
     };
     ApriFiglio(QStringLiteral("frmMostraLinkPGS"), &ucPergamena::CheckSigilliLink, argomenti);
-}
-
-QString ucPergamena::ControllaNumero(const QString& sTesto) {
-    if (!sTesto.isEmpty() && !IsNumeric(sTesto))
-        return QStringLiteral("Numero errato");
-    return QString();
 }

@@ -85,8 +85,6 @@ private:
                     const QVariantMap& argomenti = {});
     void cmdMostraPergamene_Click();
     void cmdMostraSigilli_Click();
-    // The check of a number box on leaving it: the message, "" when the text is accepted.
-    static QString ControllaNumero(const QString& sTesto);
 
     struct Dati;
     Dati* d;
