@@ -1,5 +1,6 @@
 #include "EditoreAccesso.h"
 
+#include "records/DisposizioneCampi.h"
 #include "session/Conversioni.h"
 #include "session/Errore.h"
 #include "session/Sessione.h"
@@ -35,7 +36,8 @@ EditoreAccesso::EditoreAccesso(Tipo tipoPunto, QWidget* parent)
 
     // One field a row, the label beside its box, in the order of the design.
     auto* griglia = new QGridLayout(this);
-    QWidget* precedente = nullptr;
+    QList<QWidget*> caselle;
+    int riga = 0;
     for (int i = 0; i < tipo.campi.size(); ++i) {
         const Campo& c = tipo.campi.at(i);
         QLabel* etichetta = NuovaEtichetta(i, QString::fromUtf8(c.sEtichetta));
@@ -45,13 +47,10 @@ EditoreAccesso::EditoreAccesso(Tipo tipoPunto, QWidget* parent)
             casella = NuovoTestoMultiRiga(i, c.iMax, sTag);
         else
             casella = NuovoTesto(i, c.iMax, sTag);
-        etichetta->setBuddy(casella);
-        griglia->addWidget(etichetta, i, 0, Qt::AlignTop);
-        griglia->addWidget(casella, i, 1);
-        if (precedente != nullptr)
-            setTabOrder(precedente, casella);
-        precedente = casella;
+        MettiCampo(griglia, riga, etichetta, casella);
+        caselle.append(casella);
     }
+    CatenaDelFuoco(caselle);
     griglia->setColumnStretch(1, 1);
     // Room left over goes below the form.
     griglia->setRowStretch(static_cast<int>(tipo.campi.size()), 1);

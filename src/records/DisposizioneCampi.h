@@ -5,9 +5,8 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QList>
 #include <QWidget>
-
-#include <initializer_list>
 
 // The caption on the left of row riga (the field its buddy, both at the top), the field on the
 // right; riga moves on to the next row.
@@ -19,7 +18,7 @@ inline void MettiCampo(QGridLayout* griglia, int& riga, QLabel* etichetta, QWidg
 }
 
 // The Tab key goes from each field to the next, in the order given.
-inline void CatenaDelFuoco(std::initializer_list<QWidget*> campi) {
+inline void CatenaDelFuoco(const QList<QWidget*>& campi) {
     QWidget* precedente = nullptr;
     for (QWidget* campo : campi) {
         if (precedente != nullptr)

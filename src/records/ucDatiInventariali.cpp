@@ -1,6 +1,7 @@
 #include "ucDatiInventariali.h"
 
 #include "images/ImmagineRecord.h"
+#include "records/DisposizioneCampi.h"
 #include "session/Conversioni.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
@@ -191,11 +192,8 @@ ucDatiInventariali::ucDatiInventariali(QWidget* parent)
     auto* griglia = new QGridLayout;
     int riga = 0;
     const auto metti = [griglia, &riga](QLabel* etichetta, QWidget* campo) {
-        etichetta->setBuddy(campo);
         etichetta->setWordWrap(true);
-        griglia->addWidget(etichetta, riga, 0, Qt::AlignTop);
-        griglia->addWidget(campo, riga, 1);
-        ++riga;
+        MettiCampo(griglia, riga, etichetta, campo);
     };
     metti(lbl0, d->cmbTipologiaDI);
     metti(lbl13, txt13);
@@ -240,40 +238,35 @@ ucDatiInventariali::ucDatiInventariali(QWidget* parent)
         breve->setMaximumHeight(breve->fontMetrics().lineSpacing() * 4);
 
     // The keyboard walks the form as it is seen.
-    QWidget* precedente = nullptr;
-    for (QWidget* campo : std::initializer_list<QWidget*>{d->cmbTipologiaDI,
-                                                          txt13,
-                                                          txt14,
-                                                          d->chkUnitaCond,
-                                                          txt1,
-                                                          txt2,
-                                                          txt7,
-                                                          txt4,
-                                                          txt5,
-                                                          txt6,
-                                                          txt3,
-                                                          txt12,
-                                                          txt8,
-                                                          txt15,
-                                                          txt19,
-                                                          txt9,
-                                                          txt11,
-                                                          txt16,
-                                                          txt17,
-                                                          txt18,
-                                                          txt10,
-                                                          d->DTPData,
-                                                          d->chkPubblicaDI,
-                                                          d->cmdMostraSoggetti,
-                                                          d->cmdMostraAntroponimi,
-                                                          d->cmdMostraToponimi,
-                                                          d->cmdCoseNotevoli,
-                                                          d->cmdMostraLink,
-                                                          d->cmdImmagine}) {
-        if (precedente != nullptr)
-            setTabOrder(precedente, campo);
-        precedente = campo;
-    }
+    CatenaDelFuoco({d->cmbTipologiaDI,
+                    txt13,
+                    txt14,
+                    d->chkUnitaCond,
+                    txt1,
+                    txt2,
+                    txt7,
+                    txt4,
+                    txt5,
+                    txt6,
+                    txt3,
+                    txt12,
+                    txt8,
+                    txt15,
+                    txt19,
+                    txt9,
+                    txt11,
+                    txt16,
+                    txt17,
+                    txt18,
+                    txt10,
+                    d->DTPData,
+                    d->chkPubblicaDI,
+                    d->cmdMostraSoggetti,
+                    d->cmdMostraAntroponimi,
+                    d->cmdMostraToponimi,
+                    d->cmdCoseNotevoli,
+                    d->cmdMostraLink,
+                    d->cmdImmagine});
 
     // A wrong date does not let the focus go.
     for (int n : {5, 6})

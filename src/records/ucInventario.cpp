@@ -3,6 +3,7 @@
 #include "SediIstituto.h"
 
 #include "images/ImmagineRecord.h"
+#include "records/DisposizioneCampi.h"
 #include "session/Conversioni.h"
 #include "session/Errore.h"
 #include "session/Piattaforma.h"
@@ -214,21 +215,9 @@ ucInventario::ucInventario(QWidget* parent)
         breve->setMaximumHeight(breve->fontMetrics().lineSpacing() * 4);
 
     // The keyboard walks the form as it is seen.
-    QWidget* precedente = nullptr;
-    for (QWidget* campo :
-         {static_cast<QWidget*>(txt0), static_cast<QWidget*>(d->cmbTipologiaIN),
-          static_cast<QWidget*>(d->cmbTipologiaIN2), static_cast<QWidget*>(d->cmbTipoInv),
-          static_cast<QWidget*>(txt15), static_cast<QWidget*>(txt10), static_cast<QWidget*>(txt4),
-          static_cast<QWidget*>(txt5), static_cast<QWidget*>(txt6), static_cast<QWidget*>(txt7),
-          static_cast<QWidget*>(txt9), static_cast<QWidget*>(d->cmbSede),
-          static_cast<QWidget*>(d->cmbMagazzino), static_cast<QWidget*>(txt11),
-          static_cast<QWidget*>(txt12), static_cast<QWidget*>(txt17),
-          static_cast<QWidget*>(d->DTPData), static_cast<QWidget*>(d->chkPubblicaInv),
-          static_cast<QWidget*>(d->cmdImmagine)}) {
-        if (precedente != nullptr)
-            setTabOrder(precedente, campo);
-        precedente = campo;
-    }
+    CatenaDelFuoco({txt0, d->cmbTipologiaIN, d->cmbTipologiaIN2, d->cmbTipoInv, txt15, txt10, txt4,
+                    txt5, txt6, txt7, txt9, d->cmbSede, d->cmbMagazzino, txt11, txt12, txt17,
+                    d->DTPData, d->chkPubblicaInv, d->cmdImmagine});
 
     // A year box left with a text that is no year says so and keeps the focus.
     for (int n : {4, 5})

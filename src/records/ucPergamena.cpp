@@ -1,6 +1,7 @@
 #include "ucPergamena.h"
 
 #include "images/ImmagineRecord.h"
+#include "records/DisposizioneCampi.h"
 #include "session/Conversioni.h"
 #include "session/Errore.h"
 #include "session/Sessione.h"
@@ -312,52 +313,47 @@ ucPergamena::ucPergamena(QWidget* parent)
     principale->addLayout(piede);
 
     // The keyboard walks the form as it is seen, tab after tab.
-    QWidget* precedente = nullptr;
-    for (QWidget* campo : std::initializer_list<QWidget*>{txt0,
-                                                          d->cmdMostraAltreSeg,
-                                                          txt1,
-                                                          txt33,
-                                                          txt36,
-                                                          txt2,
-                                                          txt3,
-                                                          txt4,
-                                                          d->cmbTraditio,
-                                                          d->cmdMostraPergamene,
-                                                          txt9,
-                                                          txt18,
-                                                          txt19,
-                                                          txt32,
-                                                          txt20,
-                                                          d->chkUnitaCond,
-                                                          txt21,
-                                                          txt23,
-                                                          txt22,
-                                                          txt24,
-                                                          txt5,
-                                                          txt25,
-                                                          txt28,
-                                                          txt34,
-                                                          txt26,
-                                                          txt27,
-                                                          d->cmdMostraSigilli,
-                                                          txt7,
-                                                          txt8,
-                                                          txt29,
-                                                          txt6,
-                                                          txt35,
-                                                          txt30,
-                                                          d->cmdMostraLinks,
-                                                          d->cmdMostraToponimi,
-                                                          d->cmdMostraAntroponimi,
-                                                          d->cmdMostraNotazioni,
-                                                          txt15,
-                                                          d->DTPData,
-                                                          d->chkPubblicaPG,
-                                                          d->cmdImmagine}) {
-        if (precedente != nullptr)
-            setTabOrder(precedente, campo);
-        precedente = campo;
-    }
+    CatenaDelFuoco({txt0,
+                    d->cmdMostraAltreSeg,
+                    txt1,
+                    txt33,
+                    txt36,
+                    txt2,
+                    txt3,
+                    txt4,
+                    d->cmbTraditio,
+                    d->cmdMostraPergamene,
+                    txt9,
+                    txt18,
+                    txt19,
+                    txt32,
+                    txt20,
+                    d->chkUnitaCond,
+                    txt21,
+                    txt23,
+                    txt22,
+                    txt24,
+                    txt5,
+                    txt25,
+                    txt28,
+                    txt34,
+                    txt26,
+                    txt27,
+                    d->cmdMostraSigilli,
+                    txt7,
+                    txt8,
+                    txt29,
+                    txt6,
+                    txt35,
+                    txt30,
+                    d->cmdMostraLinks,
+                    d->cmdMostraToponimi,
+                    d->cmdMostraAntroponimi,
+                    d->cmdMostraNotazioni,
+                    txt15,
+                    d->DTPData,
+                    d->chkPubblicaPG,
+                    d->cmdImmagine});
 
     // The note of the record and the date of the copy are kept out of sight.
     for (QWidget* nascosto : {static_cast<QWidget*>(txt20), static_cast<QWidget*>(lbl20),
