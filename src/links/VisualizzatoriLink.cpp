@@ -18,10 +18,6 @@ const QString PergamenaSelezionata = QStringLiteral("Pergamena selezionata");
 const QString InventarioBaseSelezionato = QStringLiteral("Inventario base selezionato");
 const QString ComplessoSelezionato = QStringLiteral("Complesso documentario selezionato");
 const QString SigilloSelezionato = QStringLiteral("Sigillo selezionato");
-const QString ErroreL1 = QStringLiteral("Errore L1");
-const QString ErroreL2 = QStringLiteral("Errore L2");
-const QString ErroreI1 = QStringLiteral("Errore I1");
-const QString ErroreI2 = QStringLiteral("Errore I2");
 
 QVariant Id(qint64 lId) {
     return QVariant::fromValue(lId);
@@ -55,6 +51,68 @@ QStringList SecondaColonna(const QSqlQuery& riga) {
     return {Testo(riga, 1)};
 }
 
+// A list of two columns: the texts of the second and third columns of the statement.
+QStringList SecondaETerzaColonna(const QSqlQuery& riga) {
+    return {Testo(riga, 1), Testo(riga, 2)};
+}
+
+// The titles of the failures in cmdCancella and while the list loads.
+struct Errori {
+    QString sCancella;
+    QString sCarica;
+};
+
+const Errori ErroriL{QStringLiteral("Errore L1"), QStringLiteral("Errore L2")};
+const Errori ErroriI{QStringLiteral("Errore I1"), QStringLiteral("Errore I2")};
+
+// What every viewer states: its name, title, label, the object's denomination, the column
+// titles of its one list (none where it has tabs) and the titles of its failures.
+DescrizioneLink Descrizione(const QString& sNome, const QString& sTitolo, const QString& sEtichetta,
+                            const QString& sDenominazione, const QStringList& colonne,
+                            const Errori& errori) {
+    DescrizioneLink d;
+    d.sNome = sNome;
+    d.sTitolo = sTitolo;
+    d.sEtichetta = sEtichetta;
+    d.sDenominazione = sDenominazione;
+    if (!colonne.isEmpty()) {
+        d.colonne = {colonne};
+    }
+    d.sErroreCancella = errori.sCancella;
+    d.sErroreCarica = errori.sCarica;
+    return d;
+}
+
+// Reads the links with a statement of one value, under the viewer's name.
+std::function<QList<RigaLink>()>
+Lettura(const QString& sNome, const QString& sSql, qint64 lId,
+        const std::function<QStringList(const QSqlQuery&)>& testi = SecondaColonna) {
+    return [sNome, sSql, lId, testi] {
+        return Righe(sNome, sSql, {Id(lId)}, testi);
+    };
+}
+
+// Deletes the link's row of the table by its own key.
+std::function<bool(qint64)> CancellaPerChiave(const QString& sTabella, const QString& sChiave) {
+    return [sTabella, sChiave](qint64 lId) {
+        return VisualizzatoreLink::CancellaRiga(sTabella, {sChiave}, {Id(lId)});
+    };
+}
+
+// Deletes the link's row of the table whose two columns have those values.
+std::function<bool(qint64)> CancellaCoppia(const QString& sTabella, const QString& sColonnaFissa,
+                                           qint64 lIdFisso, const QString& sColonna) {
+    return [sTabella, sColonnaFissa, lIdFisso, sColonna](qint64 lId) {
+        return VisualizzatoreLink::CancellaRiga(sTabella, {sColonnaFissa, sColonna},
+                                                {Id(lIdFisso), Id(lId)});
+    };
+}
+
+// A unit's description and number, one space between.
+QString DescrizioneENumero(const QSqlQuery& riga) {
+    return (Testo(riga, 1) + QLatin1Char(' ') + Testo(riga, 2)).trimmed();
+}
+
 // The text of a unit or a parchment under its finding aid: the finding aid, " > ", the rest.
 QString SottoInventario(const QString& sInventario, const QString& sResto) {
     return sInventario + QStringLiteral(" > ") + sResto;
@@ -82,17 +140,14 @@ int SchedaDelTipo(const QString& sTipo) {
 DescrizioneLink MostraLinkCS() {
     const bool bDato = Sessione::sTipoLink == QLatin1String("1");
     const qint64 lIdElemento = bDato ? Sessione::lIdDatoInventariale : Sessione::lIdComplesso;
-    DescrizioneLink d;
-    d.sNome = QStringLiteral("frmMostraLinkCS");
-    d.sTitolo = QStringLiteral("Collegamenti ai Soggetti produttori");
-    d.sEtichetta = bDato ? InventarioBaseSelezionato : ComplessoSelezionato;
-    d.sDenominazione = bDato ? Sessione::sDenomInventario : Sessione::sDenomComplesso;
+    DescrizioneLink d = Descrizione(
+        QStringLiteral("frmMostraLinkCS"), QStringLiteral("Collegamenti ai Soggetti produttori"),
+        bDato ? InventarioBaseSelezionato : ComplessoSelezionato,
+        bDato ? Sessione::sDenomInventario : Sessione::sDenomComplesso, {}, ErroriL);
     for (int i = 0; i < TipiProduttore::Schede; ++i) {
         d.schede << QStringLiteral("  ") + QLatin1String(TipiProduttore::Di(i).sTitolo);
         d.colonne << QStringList{QLatin1String(TipiProduttore::Di(i).sIntestazione)};
     }
-    d.sErroreCancella = ErroreL1;
-    d.sErroreCarica = ErroreL2;
     const QString sVista = bDato ? QStringLiteral("V_DatiInventarialiSoggetti")
                                  : QStringLiteral("V_ComplessiDocSoggetti");
     const QString sColonna =
@@ -148,51 +203,36 @@ DescrizioneLink MostraLinkCS() {
 DescrizioneLink MostraLinkSCD() {
     const bool bDati = Sessione::sTipoLink == QLatin1String("1");
     const qint64 lIdSoggetto = Sessione::lIdSoggetto;
-    DescrizioneLink d;
-    d.sNome = QStringLiteral("frmMostraLinkSCD");
-    d.sTitolo = bDati ? QStringLiteral("Collegamenti all'inventario base")
-                      : QStringLiteral("Collegamenti ai complessi documentari");
-    d.sEtichetta = QStringLiteral("Soggetto Produttore selezionato");
-    d.sDenominazione = Sessione::sDenomSoggetto;
-    d.colonne = {
-        {bDati ? QStringLiteral("Inventario base") : QStringLiteral("Complesso documentario")}};
-    d.sErroreCancella = ErroreI1;
-    d.sErroreCarica = ErroreI2;
+    DescrizioneLink d = Descrizione(
+        QStringLiteral("frmMostraLinkSCD"),
+        bDati ? QStringLiteral("Collegamenti all'inventario base")
+              : QStringLiteral("Collegamenti ai complessi documentari"),
+        QStringLiteral("Soggetto Produttore selezionato"), Sessione::sDenomSoggetto,
+        {bDati ? QStringLiteral("Inventario base") : QStringLiteral("Complesso documentario")},
+        ErroriI);
     if (bDati) {
-        d.carica = [lIdSoggetto] {
-            return Righe(
-                QStringLiteral("frmMostraLinkSCD"),
-                QStringLiteral("SELECT DIS.ID_DatoInventariale, COALESCE(DI.Descrizione, ''), "
-                               "COALESCE(DI.Numero, '') FROM DatiInventarialiSoggetti DIS "
-                               "JOIN DatiInventariali DI ON DIS.ID_DatoInventariale = "
-                               "DI.ID_DatoInventariale WHERE DIS.ID_Soggetto = ? "
-                               "ORDER BY DIS.ID_DatoInventariale"),
-                {Id(lIdSoggetto)}, [](const QSqlQuery& r) -> QStringList {
-                    return {(Testo(r, 1) + QLatin1Char(' ') + Testo(r, 2)).trimmed()};
-                });
-        };
-        d.cancella = [lIdSoggetto](qint64 lId) {
-            return VisualizzatoreLink::CancellaRiga(
-                QStringLiteral("DatiInventarialiSoggetti"),
-                {QStringLiteral("ID_Soggetto"), QStringLiteral("ID_DatoInventariale")},
-                {Id(lIdSoggetto), Id(lId)});
-        };
+        d.carica = Lettura(
+            d.sNome,
+            QStringLiteral("SELECT DIS.ID_DatoInventariale, COALESCE(DI.Descrizione, ''), "
+                           "COALESCE(DI.Numero, '') FROM DatiInventarialiSoggetti DIS "
+                           "JOIN DatiInventariali DI ON DIS.ID_DatoInventariale = "
+                           "DI.ID_DatoInventariale WHERE DIS.ID_Soggetto = ? "
+                           "ORDER BY DIS.ID_DatoInventariale"),
+            lIdSoggetto, [](const QSqlQuery& r) -> QStringList { return {DescrizioneENumero(r)}; });
+        d.cancella = CancellaCoppia(QStringLiteral("DatiInventarialiSoggetti"),
+                                    QStringLiteral("ID_Soggetto"), lIdSoggetto,
+                                    QStringLiteral("ID_DatoInventariale"));
     } else {
-        d.carica = [lIdSoggetto] {
-            return Righe(
-                QStringLiteral("frmMostraLinkSCD"),
-                QStringLiteral("SELECT CDS.ID_ComplessoDoc, COALESCE(CD.DenomCompleta, '') "
-                               "FROM ComplessiDocSoggetti CDS JOIN ComplessiDoc CD ON "
-                               "CDS.ID_ComplessoDoc = CD.ID_ComplessoDoc "
-                               "WHERE CDS.ID_Soggetto = ? ORDER BY CDS.ID_ComplessoDoc"),
-                {Id(lIdSoggetto)}, SecondaColonna);
-        };
-        d.cancella = [lIdSoggetto](qint64 lId) {
-            return VisualizzatoreLink::CancellaRiga(
-                QStringLiteral("ComplessiDocSoggetti"),
-                {QStringLiteral("ID_Soggetto"), QStringLiteral("ID_ComplessoDoc")},
-                {Id(lIdSoggetto), Id(lId)});
-        };
+        d.carica =
+            Lettura(d.sNome,
+                    QStringLiteral("SELECT CDS.ID_ComplessoDoc, COALESCE(CD.DenomCompleta, '') "
+                                   "FROM ComplessiDocSoggetti CDS JOIN ComplessiDoc CD ON "
+                                   "CDS.ID_ComplessoDoc = CD.ID_ComplessoDoc "
+                                   "WHERE CDS.ID_Soggetto = ? ORDER BY CDS.ID_ComplessoDoc"),
+                    lIdSoggetto);
+        d.cancella =
+            CancellaCoppia(QStringLiteral("ComplessiDocSoggetti"), QStringLiteral("ID_Soggetto"),
+                           lIdSoggetto, QStringLiteral("ID_ComplessoDoc"));
     }
     d.piEsito = &Sessione::iEsitoLinkInv;
     return d;
@@ -204,40 +244,31 @@ DescrizioneLink MostraLinkCD(const QVariantMap& argomenti) {
     // Given a denomination by the record, the viewer serves the complesso's parchments.
     const bool bPergamene = argomenti.contains(QStringLiteral("sDenominazione"));
     const qint64 lIdComplesso = Sessione::lIdComplesso;
-    DescrizioneLink d;
-    d.sNome = QStringLiteral("frmMostraLinkCD");
-    d.sTitolo = bPergamene ? QStringLiteral("Collegamenti alle Pergamene")
-                           : QStringLiteral("Collegamenti agli strumenti di ricerca");
-    d.sEtichetta = ComplessoSelezionato;
-    d.sDenominazione = bPergamene ? argomenti.value(QStringLiteral("sDenominazione")).toString()
-                                  : Sessione::sDenomComplesso;
-    d.colonne = {
-        {bPergamene ? QStringLiteral("Pergamena") : QStringLiteral("Strumento di ricerca")}};
-    d.sErroreCancella = ErroreI1;
-    d.sErroreCarica = ErroreI2;
+    DescrizioneLink d = Descrizione(
+        QStringLiteral("frmMostraLinkCD"),
+        bPergamene ? QStringLiteral("Collegamenti alle Pergamene")
+                   : QStringLiteral("Collegamenti agli strumenti di ricerca"),
+        ComplessoSelezionato,
+        bPergamene ? argomenti.value(QStringLiteral("sDenominazione")).toString()
+                   : Sessione::sDenomComplesso,
+        {bPergamene ? QStringLiteral("Pergamena") : QStringLiteral("Strumento di ricerca")},
+        ErroriI);
     // Every link of the complesso to an element of the sort shown, and a link whose other side
     // is gone (no text); the links of the other sort are the other list's.
-    d.carica = [bPergamene, lIdComplesso] {
-        const QString sSql =
-            bPergamene
-                ? QStringLiteral(
-                      "SELECT L.ID_ElementoLink, COALESCE(PG.Segnatura, '') FROM Links L "
-                      "LEFT JOIN Pergamene PG ON PG.ID_Elemento = L.ID_ElementoLink "
-                      "WHERE L.ID_Elemento = ? AND L.ID_ElementoLink NOT IN "
-                      "(SELECT ID_Elemento FROM Inventari) ORDER BY L.ID_ElementoLink")
-                : QStringLiteral("SELECT L.ID_ElementoLink, COALESCE(INV.DenomCompleta, '') "
-                                 "FROM Links L LEFT JOIN Inventari INV ON INV.ID_Elemento = "
-                                 "L.ID_ElementoLink WHERE L.ID_Elemento = ? AND L.ID_ElementoLink "
-                                 "NOT IN (SELECT ID_Elemento FROM Pergamene) "
-                                 "ORDER BY L.ID_ElementoLink");
-        return Righe(QStringLiteral("frmMostraLinkCD"), sSql, {Id(lIdComplesso)}, SecondaColonna);
-    };
-    d.cancella = [lIdComplesso](qint64 lId) {
-        return VisualizzatoreLink::CancellaRiga(
-            QStringLiteral("Links"),
-            {QStringLiteral("ID_Elemento"), QStringLiteral("ID_ElementoLink")},
-            {Id(lIdComplesso), Id(lId)});
-    };
+    const QString sSql =
+        bPergamene
+            ? QStringLiteral("SELECT L.ID_ElementoLink, COALESCE(PG.Segnatura, '') FROM Links L "
+                             "LEFT JOIN Pergamene PG ON PG.ID_Elemento = L.ID_ElementoLink "
+                             "WHERE L.ID_Elemento = ? AND L.ID_ElementoLink NOT IN "
+                             "(SELECT ID_Elemento FROM Inventari) ORDER BY L.ID_ElementoLink")
+            : QStringLiteral("SELECT L.ID_ElementoLink, COALESCE(INV.DenomCompleta, '') "
+                             "FROM Links L LEFT JOIN Inventari INV ON INV.ID_Elemento = "
+                             "L.ID_ElementoLink WHERE L.ID_Elemento = ? AND L.ID_ElementoLink "
+                             "NOT IN (SELECT ID_Elemento FROM Pergamene) "
+                             "ORDER BY L.ID_ElementoLink");
+    d.carica = Lettura(d.sNome, sSql, lIdComplesso);
+    d.cancella = CancellaCoppia(QStringLiteral("Links"), QStringLiteral("ID_Elemento"),
+                                lIdComplesso, QStringLiteral("ID_ElementoLink"));
     d.piEsito = &Sessione::iEsitoLinkInv;
     if (!bPergamene) {
         d.sProsegui = QStringLiteral("frmNuovoInventario");
@@ -250,28 +281,19 @@ DescrizioneLink MostraLinkCD(const QVariantMap& argomenti) {
 
 DescrizioneLink MostraLinkAnt() {
     const qint64 lIdPergamena = Sessione::lIdElementoLink;
-    DescrizioneLink d;
-    d.sNome = QStringLiteral("frmMostraLinkAnt");
-    d.sTitolo = QStringLiteral("Collegamenti alle Persone");
-    d.sEtichetta = PergamenaSelezionata;
-    d.sDenominazione = Sessione::sDenomElementoLink;
-    d.colonne = {{QStringLiteral("Persona"), QStringLiteral("Ruolo")}};
-    d.sErroreCancella = ErroreL1;
-    d.sErroreCarica = ErroreL2;
-    d.carica = [lIdPergamena] {
-        return Righe(QStringLiteral("frmMostraLinkAnt"),
-                     QStringLiteral("SELECT PGANT.ID_PGAntroponimo, COALESCE(ANT.Nome, ''), "
-                                    "COALESCE(PGANT.Ruolo, '') FROM PGAntroponimi PGANT JOIN "
-                                    "Antroponimi ANT ON PGANT.ID_Antroponimo = ANT.ID_Antroponimo "
-                                    "WHERE PGANT.ID_Pergamena = ? ORDER BY PGANT.ID_PGAntroponimo"),
-                     {Id(lIdPergamena)}, [](const QSqlQuery& r) -> QStringList {
-                         return {Testo(r, 1), Testo(r, 2)};
-                     });
-    };
-    d.cancella = [](qint64 lId) {
-        return VisualizzatoreLink::CancellaRiga(QStringLiteral("PGAntroponimi"),
-                                                {QStringLiteral("ID_PGAntroponimo")}, {Id(lId)});
-    };
+    DescrizioneLink d =
+        Descrizione(QStringLiteral("frmMostraLinkAnt"), QStringLiteral("Collegamenti alle Persone"),
+                    PergamenaSelezionata, Sessione::sDenomElementoLink,
+                    {QStringLiteral("Persona"), QStringLiteral("Ruolo")}, ErroriL);
+    d.carica =
+        Lettura(d.sNome,
+                QStringLiteral("SELECT PGANT.ID_PGAntroponimo, COALESCE(ANT.Nome, ''), "
+                               "COALESCE(PGANT.Ruolo, '') FROM PGAntroponimi PGANT JOIN "
+                               "Antroponimi ANT ON PGANT.ID_Antroponimo = ANT.ID_Antroponimo "
+                               "WHERE PGANT.ID_Pergamena = ? ORDER BY PGANT.ID_PGAntroponimo"),
+                lIdPergamena, SecondaETerzaColonna);
+    d.cancella =
+        CancellaPerChiave(QStringLiteral("PGAntroponimi"), QStringLiteral("ID_PGAntroponimo"));
     d.sProsegui = QStringLiteral("frmLinkAntroponimi");
     d.argomentiProsegui = {{QStringLiteral("bLockSelAntr"), true}};
     d.puoProseguire = [](const VisualizzatoreLink&) {
@@ -286,27 +308,19 @@ DescrizioneLink MostraLinkAnt() {
 
 DescrizioneLink MostraLinkDIAnt() {
     const qint64 lIdDato = Sessione::lIdElementoLink;
-    DescrizioneLink d;
-    d.sNome = QStringLiteral("frmMostraLinkDIAnt");
-    d.sTitolo = QStringLiteral("Collegamenti alle Persone");
-    d.sEtichetta = InventarioBaseSelezionato;
-    d.sDenominazione = Sessione::sDenomElementoLink;
-    d.colonne = {{QStringLiteral("Persona")}};
-    d.sErroreCancella = ErroreL1;
-    d.sErroreCarica = ErroreL2;
-    d.carica = [lIdDato] {
-        return Righe(QStringLiteral("frmMostraLinkDIAnt"),
-                     QStringLiteral("SELECT DIANT.ID_DIAntroponimo, COALESCE(ANT.Nome, '') "
-                                    "FROM DIAntroponimi DIANT JOIN Antroponimi ANT ON "
-                                    "DIANT.ID_Antroponimo = ANT.ID_Antroponimo "
-                                    "WHERE DIANT.ID_DatoInventariale = ? "
-                                    "ORDER BY DIANT.ID_DIAntroponimo"),
-                     {Id(lIdDato)}, SecondaColonna);
-    };
-    d.cancella = [](qint64 lId) {
-        return VisualizzatoreLink::CancellaRiga(QStringLiteral("DIAntroponimi"),
-                                                {QStringLiteral("ID_DIAntroponimo")}, {Id(lId)});
-    };
+    DescrizioneLink d =
+        Descrizione(QStringLiteral("frmMostraLinkDIAnt"),
+                    QStringLiteral("Collegamenti alle Persone"), InventarioBaseSelezionato,
+                    Sessione::sDenomElementoLink, {QStringLiteral("Persona")}, ErroriL);
+    d.carica = Lettura(d.sNome,
+                       QStringLiteral("SELECT DIANT.ID_DIAntroponimo, COALESCE(ANT.Nome, '') "
+                                      "FROM DIAntroponimi DIANT JOIN Antroponimi ANT ON "
+                                      "DIANT.ID_Antroponimo = ANT.ID_Antroponimo "
+                                      "WHERE DIANT.ID_DatoInventariale = ? "
+                                      "ORDER BY DIANT.ID_DIAntroponimo"),
+                       lIdDato);
+    d.cancella =
+        CancellaPerChiave(QStringLiteral("DIAntroponimi"), QStringLiteral("ID_DIAntroponimo"));
     d.sProsegui = QStringLiteral("frmLinkAntroponimi");
     d.argomentiProsegui = {{QStringLiteral("bLockSelAntr"), true}};
     d.puoProseguire = [](const VisualizzatoreLink&) {
@@ -322,22 +336,16 @@ DescrizioneLink MostraLinkTopo() {
     const QString sTabella = bDato ? QStringLiteral("DIToponimi") : QStringLiteral("PGToponimi");
     const QString sChiave =
         bDato ? QStringLiteral("ID_DatoInventariale") : QStringLiteral("ID_Pergamena");
-    DescrizioneLink d;
-    d.sNome = QStringLiteral("frmMostraLinkTopo");
-    d.sTitolo = QStringLiteral("Collegamenti ai toponimi");
-    d.sEtichetta = bDato ? InventarioBaseSelezionato : PergamenaSelezionata;
-    d.sDenominazione = Sessione::sDenomElementoLink;
-    d.colonne = {{QStringLiteral("Toponimo")}};
-    d.sErroreCancella = ErroreL1;
-    d.sErroreCarica = ErroreL2;
-    d.carica = [sTabella, sChiave, lIdElemento] {
-        return Righe(QStringLiteral("frmMostraLinkTopo"),
-                     QStringLiteral("SELECT L.ID_Toponimo, COALESCE(TOPO.Denominazione, '') "
-                                    "FROM %1 L JOIN Toponimi TOPO ON L.ID_Toponimo = "
-                                    "TOPO.ID_Toponimo WHERE L.%2 = ? ORDER BY L.ID_Toponimo")
-                         .arg(sTabella, sChiave),
-                     {Id(lIdElemento)}, SecondaColonna);
-    };
+    DescrizioneLink d =
+        Descrizione(QStringLiteral("frmMostraLinkTopo"), QStringLiteral("Collegamenti ai toponimi"),
+                    bDato ? InventarioBaseSelezionato : PergamenaSelezionata,
+                    Sessione::sDenomElementoLink, {QStringLiteral("Toponimo")}, ErroriL);
+    d.carica = Lettura(d.sNome,
+                       QStringLiteral("SELECT L.ID_Toponimo, COALESCE(TOPO.Denominazione, '') "
+                                      "FROM %1 L JOIN Toponimi TOPO ON L.ID_Toponimo = "
+                                      "TOPO.ID_Toponimo WHERE L.%2 = ? ORDER BY L.ID_Toponimo")
+                           .arg(sTabella, sChiave),
+                       lIdElemento);
     d.cancella = [sTabella, sChiave, lIdElemento](qint64 lId) {
         return VisualizzatoreLink::CancellaRiga(sTabella, {QStringLiteral("ID_Toponimo"), sChiave},
                                                 {Id(lId), Id(lIdElemento)});
@@ -349,28 +357,17 @@ DescrizioneLink MostraLinkTopo() {
 
 DescrizioneLink MostraLinkTitolari(const QVariantMap& argomenti) {
     const qint64 lIdSigillo = Sessione::lIdElementoLink;
-    DescrizioneLink d;
-    d.sNome = QStringLiteral("frmMostraLinkTitolari");
-    d.sTitolo = QStringLiteral("Collegamenti ai titolari");
-    d.sEtichetta = SigilloSelezionato;
-    d.sDenominazione = Sessione::sDenomElementoLink;
-    d.colonne = {{QStringLiteral("Titolare"), QStringLiteral("Ruolo")}};
-    d.sErroreCancella = ErroreL1;
-    d.sErroreCarica = ErroreL2;
-    d.carica = [lIdSigillo] {
-        return Righe(QStringLiteral("frmMostraLinkTitolari"),
-                     QStringLiteral("SELECT SGTIT.ID_SGTitolare, COALESCE(TIT.Nome, ''), "
-                                    "COALESCE(SGTIT.Ruolo, '') FROM SGTitolari SGTIT JOIN "
-                                    "Titolari TIT ON SGTIT.ID_Titolare = TIT.ID_Titolare "
-                                    "WHERE SGTIT.ID_Sigillo = ? ORDER BY SGTIT.ID_SGTitolare"),
-                     {Id(lIdSigillo)}, [](const QSqlQuery& r) -> QStringList {
-                         return {Testo(r, 1), Testo(r, 2)};
-                     });
-    };
-    d.cancella = [](qint64 lId) {
-        return VisualizzatoreLink::CancellaRiga(QStringLiteral("SGTitolari"),
-                                                {QStringLiteral("ID_SGTitolare")}, {Id(lId)});
-    };
+    DescrizioneLink d = Descrizione(QStringLiteral("frmMostraLinkTitolari"),
+                                    QStringLiteral("Collegamenti ai titolari"), SigilloSelezionato,
+                                    Sessione::sDenomElementoLink,
+                                    {QStringLiteral("Titolare"), QStringLiteral("Ruolo")}, ErroriL);
+    d.carica = Lettura(d.sNome,
+                       QStringLiteral("SELECT SGTIT.ID_SGTitolare, COALESCE(TIT.Nome, ''), "
+                                      "COALESCE(SGTIT.Ruolo, '') FROM SGTitolari SGTIT JOIN "
+                                      "Titolari TIT ON SGTIT.ID_Titolare = TIT.ID_Titolare "
+                                      "WHERE SGTIT.ID_Sigillo = ? ORDER BY SGTIT.ID_SGTitolare"),
+                       lIdSigillo, SecondaETerzaColonna);
+    d.cancella = CancellaPerChiave(QStringLiteral("SGTitolari"), QStringLiteral("ID_SGTitolare"));
     d.sProsegui = QStringLiteral("frmLinkTitolari");
     // Reached from the seal, the holders' dialog is told so, and hands it back unchanged.
     d.argomentiProsegui = {
@@ -386,30 +383,21 @@ DescrizioneLink MostraLinkTitolari(const QVariantMap& argomenti) {
 
 DescrizioneLink MostraLinkTitSG() {
     const qint64 lIdTitolare = Sessione::lIdSoggetto;
-    DescrizioneLink d;
-    d.sNome = QStringLiteral("frmMostraLinkTitSG");
-    d.sTitolo = QStringLiteral("Collegamenti ai sigilli");
-    d.sEtichetta = QStringLiteral("Titolare selezionato");
-    d.sDenominazione = Sessione::sDenomSoggetto;
-    d.colonne = {{QStringLiteral("Sigillo")}};
-    d.sErroreCancella = ErroreI1;
-    d.sErroreCarica = ErroreI2;
-    d.carica = [lIdTitolare] {
-        return Righe(QStringLiteral("frmMostraLinkTitSG"),
-                     QStringLiteral("SELECT SGTIT.ID_SGTitolare, COALESCE(SG.Identificativo, '') "
-                                    "AS Identificativo, COALESCE(INV.DenomCompleta, '') FROM "
-                                    "SGTitolari SGTIT JOIN Sigilli SG ON SGTIT.ID_Sigillo = "
-                                    "SG.ID_Sigillo JOIN Inventari INV ON INV.ID_Inventario = "
-                                    "SG.ID_Inventario WHERE SGTIT.ID_Titolare = ? "
-                                    "ORDER BY Identificativo, SGTIT.ID_SGTitolare"),
-                     {Id(lIdTitolare)}, [](const QSqlQuery& r) -> QStringList {
-                         return {SottoInventario(Testo(r, 2), Testo(r, 1))};
-                     });
-    };
-    d.cancella = [](qint64 lId) {
-        return VisualizzatoreLink::CancellaRiga(QStringLiteral("SGTitolari"),
-                                                {QStringLiteral("ID_SGTitolare")}, {Id(lId)});
-    };
+    DescrizioneLink d =
+        Descrizione(QStringLiteral("frmMostraLinkTitSG"), QStringLiteral("Collegamenti ai sigilli"),
+                    QStringLiteral("Titolare selezionato"), Sessione::sDenomSoggetto,
+                    {QStringLiteral("Sigillo")}, ErroriI);
+    d.carica = Lettura(d.sNome,
+                       QStringLiteral("SELECT SGTIT.ID_SGTitolare, COALESCE(SG.Identificativo, '') "
+                                      "AS Identificativo, COALESCE(INV.DenomCompleta, '') FROM "
+                                      "SGTitolari SGTIT JOIN Sigilli SG ON SGTIT.ID_Sigillo = "
+                                      "SG.ID_Sigillo JOIN Inventari INV ON INV.ID_Inventario = "
+                                      "SG.ID_Inventario WHERE SGTIT.ID_Titolare = ? "
+                                      "ORDER BY Identificativo, SGTIT.ID_SGTitolare"),
+                       lIdTitolare, [](const QSqlQuery& r) -> QStringList {
+                           return {SottoInventario(Testo(r, 2), Testo(r, 1))};
+                       });
+    d.cancella = CancellaPerChiave(QStringLiteral("SGTitolari"), QStringLiteral("ID_SGTitolare"));
     d.piEsito = &Sessione::iEsitoLinkInv;
     return d;
 }
@@ -430,39 +418,31 @@ struct PuntoAccesso {
 DescrizioneLink MostraLinkPuntoAccesso(const PuntoAccesso& p) {
     const bool bDati = Sessione::sTipoLink == QLatin1String("1");
     const qint64 lIdPunto = Sessione::lIdSoggetto;
-    const QString sNome = QLatin1String(p.sNome);
     const QString sTabella = QLatin1String(bDati ? p.sTabellaDI : p.sTabellaPG);
     const QString sChiave = QLatin1String(bDati ? p.sChiaveDI : p.sChiavePG);
     const QString sColonna = QLatin1String(p.sColonna);
-    DescrizioneLink d;
-    d.sNome = sNome;
-    d.sTitolo = bDati ? QStringLiteral("Collegamenti all'inventario base")
-                      : QStringLiteral("Collegamenti alle pergamene");
-    d.sEtichetta = QLatin1String(p.sEtichetta);
-    d.sDenominazione = Sessione::sDenomSoggetto;
-    d.colonne = {{bDati ? QStringLiteral("Inventario base") : QStringLiteral("Pergamena")}};
-    d.sErroreCancella = ErroreI1;
-    d.sErroreCarica = ErroreI2;
-    d.carica = [=] {
-        const QString sSql =
-            bDati ? QStringLiteral("SELECT L.%1, COALESCE(DI.Descrizione, ''), "
-                                   "COALESCE(DI.Numero, ''), COALESCE(INV.DenomCompleta, '') "
-                                   "FROM %2 L JOIN DatiInventariali DI ON L.ID_DatoInventariale = "
-                                   "DI.ID_DatoInventariale JOIN Inventari INV ON "
-                                   "INV.ID_Inventario = DI.ID_Inventario WHERE L.%3 = ? "
-                                   "ORDER BY L.%1")
-                  : QStringLiteral("SELECT L.%1, COALESCE(PG.Segnatura, '') AS Segnatura, '', "
-                                   "COALESCE(INV.DenomCompleta, '') FROM %2 L JOIN Pergamene PG "
-                                   "ON L.ID_Pergamena = PG.ID_Pergamena JOIN Inventari INV ON "
-                                   "INV.ID_Inventario = PG.ID_Inventario WHERE L.%3 = ? "
-                                   "ORDER BY Segnatura, L.%1");
-        return Righe(
-            sNome, sSql.arg(sChiave, sTabella, sColonna), {Id(lIdPunto)},
-            [](const QSqlQuery& r) -> QStringList {
-                return {SottoInventario(Testo(r, 3),
-                                        (Testo(r, 1) + QLatin1Char(' ') + Testo(r, 2)).trimmed())};
-            });
-    };
+    DescrizioneLink d = Descrizione(
+        QLatin1String(p.sNome),
+        bDati ? QStringLiteral("Collegamenti all'inventario base")
+              : QStringLiteral("Collegamenti alle pergamene"),
+        QLatin1String(p.sEtichetta), Sessione::sDenomSoggetto,
+        {bDati ? QStringLiteral("Inventario base") : QStringLiteral("Pergamena")}, ErroriI);
+    const QString sSql =
+        bDati ? QStringLiteral("SELECT L.%1, COALESCE(DI.Descrizione, ''), "
+                               "COALESCE(DI.Numero, ''), COALESCE(INV.DenomCompleta, '') "
+                               "FROM %2 L JOIN DatiInventariali DI ON L.ID_DatoInventariale = "
+                               "DI.ID_DatoInventariale JOIN Inventari INV ON "
+                               "INV.ID_Inventario = DI.ID_Inventario WHERE L.%3 = ? "
+                               "ORDER BY L.%1")
+              : QStringLiteral("SELECT L.%1, COALESCE(PG.Segnatura, '') AS Segnatura, '', "
+                               "COALESCE(INV.DenomCompleta, '') FROM %2 L JOIN Pergamene PG "
+                               "ON L.ID_Pergamena = PG.ID_Pergamena JOIN Inventari INV ON "
+                               "INV.ID_Inventario = PG.ID_Inventario WHERE L.%3 = ? "
+                               "ORDER BY Segnatura, L.%1");
+    d.carica = Lettura(d.sNome, sSql.arg(sChiave, sTabella, sColonna), lIdPunto,
+                       [](const QSqlQuery& r) -> QStringList {
+                           return {SottoInventario(Testo(r, 3), DescrizioneENumero(r))};
+                       });
     d.cancella = [sTabella, sChiave, sColonna, lIdPunto, p](qint64 lId) {
         if (p.bChiavePropria) {
             return VisualizzatoreLink::CancellaRiga(sTabella, {sChiave}, {Id(lId)});
@@ -481,27 +461,23 @@ DescrizioneLink MostraLinkPGS(const QVariantMap& argomenti) {
     // From a seal: its parchment; from a parchment: its detached seals. The seal stands in
     // ID_Elemento, the parchment in ID_ElementoLink.
     const bool bDaSigillo = lIdSigillo != 0;
-    DescrizioneLink d;
-    d.sNome = QStringLiteral("frmMostraLinkPGS");
-    d.sTitolo = bDaSigillo ? QStringLiteral("Collegamento al documento")
-                           : QStringLiteral("Collegamenti ai Sigilli Staccati");
-    d.sEtichetta = bDaSigillo ? SigilloSelezionato : PergamenaSelezionata;
-    d.sDenominazione = argomenti.value(QStringLiteral("sDenominazione")).toString();
-    d.colonne = {{bDaSigillo ? QStringLiteral("Pergamena") : QStringLiteral("Sigillo")}};
+    DescrizioneLink d =
+        Descrizione(QStringLiteral("frmMostraLinkPGS"),
+                    bDaSigillo ? QStringLiteral("Collegamento al documento")
+                               : QStringLiteral("Collegamenti ai Sigilli Staccati"),
+                    bDaSigillo ? SigilloSelezionato : PergamenaSelezionata,
+                    argomenti.value(QStringLiteral("sDenominazione")).toString(),
+                    {bDaSigillo ? QStringLiteral("Pergamena") : QStringLiteral("Sigillo")}, {});
     d.sDomanda = QStringLiteral("Sei sicuro di voler cancellare il collegamento selezionato?");
-    d.carica = [bDaSigillo, lIdSigillo, lIdPergamena] {
-        const QString sSql =
-            bDaSigillo ? QStringLiteral(
-                             "SELECT L.ID_ElementoLink, COALESCE(PG.Segnatura, '') FROM Links L "
+    const QString sSql =
+        bDaSigillo
+            ? QStringLiteral("SELECT L.ID_ElementoLink, COALESCE(PG.Segnatura, '') FROM Links L "
                              "JOIN Pergamene PG ON PG.ID_Elemento = L.ID_ElementoLink "
                              "WHERE L.ID_Elemento = ? ORDER BY L.ID_ElementoLink")
-                       : QStringLiteral(
-                             "SELECT L.ID_Elemento, COALESCE(SG.Identificativo, '') FROM Links L "
+            : QStringLiteral("SELECT L.ID_Elemento, COALESCE(SG.Identificativo, '') FROM Links L "
                              "JOIN Sigilli SG ON SG.ID_Elemento = L.ID_Elemento "
                              "WHERE L.ID_ElementoLink = ? ORDER BY L.ID_Elemento");
-        return Righe(QStringLiteral("frmMostraLinkPGS"), sSql,
-                     {Id(bDaSigillo ? lIdSigillo : lIdPergamena)}, SecondaColonna);
-    };
+    d.carica = Lettura(d.sNome, sSql, bDaSigillo ? lIdSigillo : lIdPergamena);
     d.cancella = [bDaSigillo, lIdSigillo, lIdPergamena](qint64 lId) {
         return VisualizzatoreLink::CancellaRiga(
             QStringLiteral("Links"),
@@ -528,16 +504,13 @@ DescrizioneLink MostraLinkPGS(const QVariantMap& argomenti) {
 DescrizioneLink MostraLinkInv() {
     const int iChiamante = Sessione::iChiamanteInv;
     const qint64 lIdInventario = Sessione::lIdInventario;
-    DescrizioneLink d;
-    d.sNome = QStringLiteral("frmMostraLinkInv");
-    d.sTitolo = QStringLiteral("Collegamenti ai complessi documentari");
-    d.sEtichetta = iChiamante == 1   ? QStringLiteral("Strumento di ricerca selezionato")
-                   : iChiamante == 2 ? PergamenaSelezionata
-                                     : InventarioBaseSelezionato;
-    d.sDenominazione = Sessione::sDenomInventario;
-    d.colonne = {{QStringLiteral("Complesso documentario")}};
-    d.sErroreCancella = QStringLiteral("Errore M1");
-    d.sErroreCarica = QStringLiteral("Errore M2");
+    DescrizioneLink d = Descrizione(
+        QStringLiteral("frmMostraLinkInv"), QStringLiteral("Collegamenti ai complessi documentari"),
+        iChiamante == 1   ? QStringLiteral("Strumento di ricerca selezionato")
+        : iChiamante == 2 ? PergamenaSelezionata
+                          : InventarioBaseSelezionato,
+        Sessione::sDenomInventario, {QStringLiteral("Complesso documentario")},
+        {QStringLiteral("Errore M1"), QStringLiteral("Errore M2")});
     if (iChiamante == 4) {
         // A unit holds its one complesso in its own row, not in Links.
         d.carica = [] {
@@ -556,22 +529,16 @@ DescrizioneLink MostraLinkInv() {
             return true;
         };
     } else {
-        d.carica = [lIdInventario] {
-            return Righe(
-                QStringLiteral("frmMostraLinkInv"),
-                QStringLiteral("SELECT L.ID_Elemento, COALESCE(CD.DenomCompleta, '') "
-                               "FROM Links L LEFT JOIN ComplessiDoc CD ON CD.ID_Elemento = "
-                               "L.ID_Elemento WHERE L.ID_ElementoLink = ? AND "
-                               "L.ID_Elemento NOT IN (SELECT ID_Elemento FROM Sigilli) "
-                               "ORDER BY L.ID_Elemento"),
-                {Id(lIdInventario)}, SecondaColonna);
-        };
-        d.cancella = [lIdInventario](qint64 lId) {
-            return VisualizzatoreLink::CancellaRiga(
-                QStringLiteral("Links"),
-                {QStringLiteral("ID_ElementoLink"), QStringLiteral("ID_Elemento")},
-                {Id(lIdInventario), Id(lId)});
-        };
+        d.carica =
+            Lettura(d.sNome,
+                    QStringLiteral("SELECT L.ID_Elemento, COALESCE(CD.DenomCompleta, '') "
+                                   "FROM Links L LEFT JOIN ComplessiDoc CD ON CD.ID_Elemento = "
+                                   "L.ID_Elemento WHERE L.ID_ElementoLink = ? AND "
+                                   "L.ID_Elemento NOT IN (SELECT ID_Elemento FROM Sigilli) "
+                                   "ORDER BY L.ID_Elemento"),
+                    lIdInventario);
+        d.cancella = CancellaCoppia(QStringLiteral("Links"), QStringLiteral("ID_ElementoLink"),
+                                    lIdInventario, QStringLiteral("ID_Elemento"));
     }
     d.piEsito = &Sessione::iEsitoLinkCD;
     d.sProsegui = QStringLiteral("frmNuovoComplesso");
