@@ -99,7 +99,7 @@ void EditoreAccesso::Salva(long ID) {
             // The name is never Null.
             valori << TestoNonNullo(TestoODefault(TestoDi(Testo(0))));
         } else {
-            valori << ColonnaTesto(NullSeVuoto(TestoDi(Testo(i))));
+            valori << TestoInColonna(i);
         }
     }
     valori << Id(ID);

@@ -101,9 +101,7 @@ QStringList ucPgNotazione::ColonneScritte() {
 }
 
 QVariantList ucPgNotazione::ValoriScritti() const {
-    return {ColonnaTesto(NullSeVuoto(TestoDi(Testo(0)))),
-            TestoNonNullo(TestoODefault(TestoDi(Testo(1)))),
-            ColonnaTesto(NullSeVuoto(TestoDi(Testo(4))))};
+    return {TestoInColonna(0), TestoNonNullo(TestoODefault(TestoDi(Testo(1)))), TestoInColonna(4)};
 }
 
 QString ucPgNotazione::LeggiPosizione() const {

@@ -656,6 +656,10 @@ QVariant EditoreRecord::ColonnaTesto(const QVariant& valore) {
     return ENull(valore) ? NullTesto() : valore;
 }
 
+QVariant EditoreRecord::TestoInColonna(int indice) const {
+    return ColonnaTesto(NullSeVuoto(TestoDi(Testo(indice))));
+}
+
 long EditoreRecord::Lungo(const QVariant& valore) {
     return ENull(valore) ? 0 : static_cast<long>(valore.toLongLong());
 }

@@ -108,6 +108,8 @@ public:
     static QVariant NullNumero();
     // A text value for a column: a typed Null where the text is Null.
     static QVariant ColonnaTesto(const QVariant& valore);
+    // The text of box indice for its column: a typed Null where the box is empty.
+    QVariant TestoInColonna(int indice) const;
     // A whole number read from a column, 0 for Null.
     static long Lungo(const QVariant& valore);
     // A whole number for a column from the text of a box: Null stays Null, a text that is not a

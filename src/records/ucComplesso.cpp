@@ -520,9 +520,6 @@ void ucComplesso::Salva(long IDElem) {
                 return;
             bTrovata = true;
             lIdIstitutoRiga = Lungo(riga.value(29));
-            const auto testo = [this](int n) {
-                return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
-            };
             const auto numero = [this](int n) {
                 return NumeroOZero(TestoDi(Testo(n)));
             };
@@ -532,9 +529,9 @@ void ucComplesso::Salva(long IDElem) {
             const QVariant dataFine = ColonnaIntera(DataDaAnno(TestoDi(Testo(5)), false));
             const QVariant ordinamento = ColonnaIntera(NullSeVuoto(TestoDi(Testo(28))));
             cnn.Esegui(SqlScrivi, {TestoODefault(TestoDi(Testo(0))),
-                                   testo(10),
-                                   testo(11),
-                                   testo(14),
+                                   TestoInColonna(10),
+                                   TestoInColonna(11),
+                                   TestoInColonna(14),
                                    numero(17),
                                    numero(18),
                                    numero(19),
@@ -544,12 +541,12 @@ void ucComplesso::Salva(long IDElem) {
                                    numero(15),
                                    dataInizio,
                                    dataFine,
-                                   testo(8),
-                                   testo(9),
-                                   testo(26),
-                                   testo(25),
+                                   TestoInColonna(8),
+                                   TestoInColonna(9),
+                                   TestoInColonna(26),
+                                   TestoInColonna(25),
                                    ordinamento,
-                                   testo(29),
+                                   TestoInColonna(29),
                                    magazzino,
                                    sede,
                                    CodiceDueCifre(d->cmbTipologiaCD),

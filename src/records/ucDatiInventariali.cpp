@@ -394,32 +394,29 @@ void ucDatiInventariali::Salva(long IDElem) {
             LeggiStato(riga, true);
             return; // no row of the unit: only the element is written
         }
-        const auto testo = [this](int n) {
-            return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
-        };
         const QString sCodice = CodiceVoceScelta(d->cmbTipologiaDI);
         const QString sTipologia =
             TestoODefault(sCodice.isEmpty() ? QString() : (QStringLiteral("00") + sCodice).right(2),
                           QStringLiteral("00"));
         cnn.Esegui(SqlScrivi, {sTipologia,
                                TestoNonNullo(Trim(TestoDi(Testo(1)))),
-                               testo(2),
-                               testo(3),
-                               testo(4),
+                               TestoInColonna(2),
+                               TestoInColonna(3),
+                               TestoInColonna(4),
                                ColonnaDataCompleta(TestoDi(Testo(5))),
                                ColonnaDataCompleta(TestoDi(Testo(6))),
-                               testo(7),
-                               testo(8),
-                               testo(12),
-                               testo(13),
+                               TestoInColonna(7),
+                               TestoInColonna(8),
+                               TestoInColonna(12),
+                               TestoInColonna(13),
                                TestoNonNullo(TestoODefault(TestoDi(Testo(14)))),
-                               testo(15),
-                               testo(TestoDiOrdinale(16)),
-                               testo(TestoDiOrdinale(17)),
-                               testo(TestoDiOrdinale(18)),
-                               testo(TestoDiOrdinale(19)),
-                               testo(TestoDiOrdinale(20)),
-                               testo(TestoDiOrdinale(21)),
+                               TestoInColonna(15),
+                               TestoInColonna(TestoDiOrdinale(16)),
+                               TestoInColonna(TestoDiOrdinale(17)),
+                               TestoInColonna(TestoDiOrdinale(18)),
+                               TestoInColonna(TestoDiOrdinale(19)),
+                               TestoInColonna(TestoDiOrdinale(20)),
+                               TestoInColonna(TestoDiOrdinale(21)),
                                Id(d->lIdElemLinkInv),
                                QVariant(qlonglong(d->chkUnitaCond->isChecked() ? 1 : 0)),
                                Id(IDElem)});

@@ -361,16 +361,14 @@ void ucInventario::Salva(long IDElem) {
             cnn.Esegui(QStringLiteral("UPDATE Elementi SET Md5Link = ? WHERE ID_Elemento = ?"),
                        {d->sMd5Link.isEmpty() ? NullTesto() : QVariant(d->sMd5Link), Id(IDElem)});
 
-            const auto testo = [this](int n) {
-                return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
-            };
             cnn.Esegui(SqlScrivi,
                        {TestoODefault(TestoDi(Testo(0))), CodiceDueCifre(d->cmbTipologiaIN), sede,
                         d->sedi->Magazzino(), ColonnaAnno(TestoDi(Testo(4))),
-                        ColonnaAnno(TestoDi(Testo(5))), testo(6), testo(7),
-                        ColonnaTesto(NullSeVuoto(CarattereVoceScelta(d->cmbTipoInv))), testo(9),
-                        testo(10), testo(11), testo(12), CodiceDueCifre(d->cmbTipologiaIN2),
-                        testo(15), Id(IDElem)});
+                        ColonnaAnno(TestoDi(Testo(5))), TestoInColonna(6), TestoInColonna(7),
+                        ColonnaTesto(NullSeVuoto(CarattereVoceScelta(d->cmbTipoInv))),
+                        TestoInColonna(9), TestoInColonna(10), TestoInColonna(11),
+                        TestoInColonna(12), CodiceDueCifre(d->cmbTipologiaIN2), TestoInColonna(15),
+                        Id(IDElem)});
 
             // The seat just written goes down to the direct children, as seat and as warehouse.
             SediIstituto::PropagaSedi(QStringLiteral("Inventari"), IDElem, sede);

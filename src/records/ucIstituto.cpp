@@ -242,13 +242,13 @@ void ucIstituto::Salva(long IDElem) {
             }
         }
         tipologia = CodiceDueCifre(cmbTipologiaIS);
-        const auto testo = [this](int n) {
-            return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
-        };
-        cnn.Esegui(SqlScrivi, {TestoODefault(TestoDi(Testo(0))), tipologia, testo(2), testo(3),
-                               testo(4), ColonnaTesto(NullSeVuoto(TestoLegato(DCProvincia))),
-                               testo(6), testo(7), testo(8), testo(9), testo(10), testo(11),
-                               testo(12), testo(13), testo(14), codice, sigla, Id(IDElem)});
+        cnn.Esegui(SqlScrivi,
+                   {TestoODefault(TestoDi(Testo(0))), tipologia, TestoInColonna(2),
+                    TestoInColonna(3), TestoInColonna(4),
+                    ColonnaTesto(NullSeVuoto(TestoLegato(DCProvincia))), TestoInColonna(6),
+                    TestoInColonna(7), TestoInColonna(8), TestoInColonna(9), TestoInColonna(10),
+                    TestoInColonna(11), TestoInColonna(12), TestoInColonna(13), TestoInColonna(14),
+                    codice, sigla, Id(IDElem)});
     });
     if (!bTrovata) {
         // No detail row: only the row of Elementi written, nothing said; the editor is left as

@@ -531,28 +531,25 @@ void ucPergamena::Salva(long IDElem) {
         riga.lIdElemento = Lungo(pergamena.value(1));
         riga.lIdPergamena = Lungo(pergamena.value(2));
 
-        const auto testo = [this](int n) {
-            return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
-        };
         cnn.Esegui(SqlScrivi, {TestoNonNullo(TestoODefault(TestoDi(Testo(0)))),
                                ColonnaDataCompleta(TestoDi(Testo(1))),
                                ColonnaDataCompleta(TestoDi(Testo(33))),
-                               testo(2),
-                               testo(3),
-                               testo(4),
-                               testo(25),
+                               TestoInColonna(2),
+                               TestoInColonna(3),
+                               TestoInColonna(4),
+                               TestoInColonna(25),
                                ColonnaSigilli(TestoDi(Testo(26))),
                                ColonnaSigilli(TestoDi(Testo(27))),
-                               testo(28),
-                               testo(7),
-                               testo(8),
-                               testo(5),
-                               testo(6),
-                               testo(32),
-                               testo(29),
-                               testo(20),
-                               testo(35),
-                               testo(36),
+                               TestoInColonna(28),
+                               TestoInColonna(7),
+                               TestoInColonna(8),
+                               TestoInColonna(5),
+                               TestoInColonna(6),
+                               TestoInColonna(32),
+                               TestoInColonna(29),
+                               TestoInColonna(20),
+                               TestoInColonna(35),
+                               TestoInColonna(36),
                                QVariant(qlonglong(d->chkUnitaCond->isChecked() ? 1 : 0)),
                                Id(IDElem)});
         LeggiStato(riga, true);
@@ -561,21 +558,23 @@ void ucPergamena::Salva(long IDElem) {
         ScriviRiga(QStringLiteral("PGSupporti"),
                    QStringLiteral("UPDATE PGSupporti SET Supporto = ?, StatoConservazione = ?, "
                                   "Dimensioni = ?, Note = ? WHERE ID_Pergamena = ?"),
-                   {testo(21), testo(22), testo(23), testo(24), chiave}, riga.lIdPergamena);
+                   {TestoInColonna(21), TestoInColonna(22), TestoInColonna(23), TestoInColonna(24),
+                    chiave},
+                   riga.lIdPergamena);
         // DataCopia stays as it stands; the link to the original is the link dialog's.
         ScriviRiga(QStringLiteral("PGTraditio"),
                    QStringLiteral("UPDATE PGTraditio SET Traditio = ?, Rogatario = ?, "
                                   "DataCopiaTesto = ? WHERE ID_Pergamena = ?"),
-                   {CodiceDueCifre(d->cmbTraditio), testo(19), testo(9), chiave},
+                   {CodiceDueCifre(d->cmbTraditio), TestoInColonna(19), TestoInColonna(9), chiave},
                    riga.lIdPergamena);
         ScriviRiga(
             QStringLiteral("PGEleGrafici"),
             QStringLiteral("UPDATE PGEleGrafici SET NoteGrafiche = ? WHERE ID_Pergamena = ?"),
-            {testo(34), chiave}, riga.lIdPergamena);
+            {TestoInColonna(34), chiave}, riga.lIdPergamena);
         ScriviRiga(
             QStringLiteral("PGNoteStoriche"),
             QStringLiteral("UPDATE PGNoteStoriche SET NoteStoriche = ? WHERE ID_Pergamena = ?"),
-            {testo(30), chiave}, riga.lIdPergamena);
+            {TestoInColonna(30), chiave}, riga.lIdPergamena);
     });
     StatoMostra();
 }

@@ -158,17 +158,14 @@ void ucRigaVersamento::Salva(long IDElem) {
     lIdRiga = IDElem;
     const Connessione& cnn = *Sessione::cnn;
     // Every value is read from its box before the write: a bad one stops everything.
-    const auto testo = [this](int n) {
-        return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
-    };
     const QList<QVariant> valori = {TestoODefault(TestoDi(Testo(0))),
                                     NumeroOZero(Trim(TestoDi(Testo(1)))),
                                     NumeroOZero(Trim(TestoDi(Testo(2)))),
-                                    testo(3),
-                                    testo(6),
+                                    TestoInColonna(3),
+                                    TestoInColonna(6),
                                     ColonnaAnno(TestoDi(Testo(4)), true),
                                     ColonnaAnno(TestoDi(Testo(5)), false),
-                                    testo(7),
+                                    TestoInColonna(7),
                                     Id(ID_ComplessoDoc),
                                     Id(IDElem)};
     QSqlQuery esiste = cnn.Esegui(SqlEsiste, {Id(IDElem)});

@@ -523,48 +523,47 @@ void ucSigillo::Salva(long IDElem) {
         lIdInventario = Lungo(riga.value(0));
         lIdSigillo = Lungo(riga.value(1));
 
-        const auto testo = [this](int n) {
-            return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
-        };
         const auto testoCombo = [](const QComboBox* cmb) {
             return ColonnaTesto(NullSeVuoto(cmb->currentText()));
         };
-        cnn.Esegui(SqlScriviSigillo, {testo(0),
+        cnn.Esegui(SqlScriviSigillo, {TestoInColonna(0),
                                       CodiceDueCifre(d->cmbTipol),
                                       ColonnaIntera(DataDaAnno(TestoDi(Testo(2)), true)),
                                       ColonnaIntera(DataDaAnno(TestoDi(Testo(3)), false)),
-                                      testo(4),
+                                      TestoInColonna(4),
                                       CodiceDueCifre(d->cmbMat),
-                                      testo(6),
+                                      TestoInColonna(6),
                                       QVariant(d->cmbApp->currentText()),
                                       CodiceDueCifre(d->cmbDoc),
-                                      testo(10),
-                                      testo(13),
-                                      testo(25),
-                                      testo(26),
-                                      testo(27),
-                                      testo(28),
-                                      testo(29),
-                                      testo(30),
-                                      testo(31),
-                                      testo(32),
-                                      testo(33),
-                                      testo(34),
-                                      testo(35),
-                                      testo(36),
-                                      testo(37),
-                                      testo(38),
-                                      testo(42),
-                                      testo(43),
-                                      testo(11),
+                                      TestoInColonna(10),
+                                      TestoInColonna(13),
+                                      TestoInColonna(25),
+                                      TestoInColonna(26),
+                                      TestoInColonna(27),
+                                      TestoInColonna(28),
+                                      TestoInColonna(29),
+                                      TestoInColonna(30),
+                                      TestoInColonna(31),
+                                      TestoInColonna(32),
+                                      TestoInColonna(33),
+                                      TestoInColonna(34),
+                                      TestoInColonna(35),
+                                      TestoInColonna(36),
+                                      TestoInColonna(37),
+                                      TestoInColonna(38),
+                                      TestoInColonna(42),
+                                      TestoInColonna(43),
+                                      TestoInColonna(11),
                                       QVariant(qlonglong(d->chkUnitaCond->isChecked() ? 1 : 0)),
                                       Id(IDElem)});
-        QSqlQuery tipo = cnn.Esegui(
-            SqlScriviTipo,
-            {QVariant(d->cmbForma[0]->currentText()), testo(16), testo(17), testo(18), testo(19),
-             testo(20), testo(21), testo(22), testoCombo(d->cmbTipoDG[0]), testo(24),
-             QVariant(d->cmbForma[1]->currentText()), testo(40), testoCombo(d->cmbTipoDG[1]),
-             CodiceDueCifre(d->cmbTipoIco[0]), CodiceDueCifre(d->cmbTipoIco[1]), Id(lIdSigillo)});
+        QSqlQuery tipo = cnn.Esegui(SqlScriviTipo,
+                                    {QVariant(d->cmbForma[0]->currentText()), TestoInColonna(16),
+                                     TestoInColonna(17), TestoInColonna(18), TestoInColonna(19),
+                                     TestoInColonna(20), TestoInColonna(21), TestoInColonna(22),
+                                     testoCombo(d->cmbTipoDG[0]), TestoInColonna(24),
+                                     QVariant(d->cmbForma[1]->currentText()), TestoInColonna(40),
+                                     testoCombo(d->cmbTipoDG[1]), CodiceDueCifre(d->cmbTipoIco[0]),
+                                     CodiceDueCifre(d->cmbTipoIco[1]), Id(lIdSigillo)});
         if (tipo.numRowsAffected() < 1)
             throw Errore(QStringLiteral("ucSigillo.Salva"),
                          QStringLiteral("La riga del tipo del sigillo non esiste."));

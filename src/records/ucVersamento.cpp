@@ -247,16 +247,13 @@ void ucVersamento::Salva(long IDElem) {
     lIdElemento = IDElem;
     const Connessione& cnn = *Sessione::cnn;
     // Every value is read from its box before anything is written.
-    const auto testo = [this](int n) {
-        return ColonnaTesto(NullSeVuoto(TestoDi(Testo(n))));
-    };
     const QVariantList valori = {ColonnaGiorno(DTPData),
-                                 testo(5),
+                                 TestoInColonna(5),
                                  NumeroAtto(TestoDi(Testo(1))),
-                                 testo(2),
+                                 TestoInColonna(2),
                                  CodiceDueCifre(cmbTipoAcquisizione),
                                  ColonnaGiorno(DTPDataAcq),
-                                 testo(6),
+                                 TestoInColonna(6),
                                  Id(IDElem)};
     QSqlQuery stato = cnn.Esegui(SqlStato, {Id(IDElem)});
     if (!stato.next()) {
